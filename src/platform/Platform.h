@@ -1,0 +1,89 @@
+#pragma once
+
+#include <optional>
+
+#include <QDateTime>
+#include <QString>
+#include <QVariant>
+
+class FormModel;
+
+// Message box flags, as the program passes them: one button set plus one icon.
+namespace MsgBox {
+inline constexpr int OKOnly = 0;
+inline constexpr int OKCancel = 1;
+inline constexpr int YesNoCancel = 3;
+inline constexpr int YesNo = 4;
+inline constexpr int Critical = 16;
+inline constexpr int Exclamation = 48;
+inline constexpr int Information = 64;
+
+inline constexpr int ButtonMask = 0x0f;
+inline constexpr int IconMask = 0xf0;
+
+// The answers, with the values the program compares against.
+inline constexpr int OK = 1;
+inline constexpr int Cancel = 2;
+inline constexpr int Yes = 6;
+inline constexpr int No = 7;
+} // namespace MsgBox
+
+// Mouse pointer values of the main window.
+namespace Pointer {
+inline constexpr int Default = 0;
+inline constexpr int Hourglass = 11;
+} // namespace Pointer
+
+// What the program sets on its shared common dialog before showing it.
+struct FileDialogOptions
+{
+    QString DialogTitle;
+    QString InitDir;
+    QString FileName;
+    QString Filter; // "caption|pattern|caption|pattern"
+    int FilterIndex = 1;
+    int Flags = 4;
+    bool operator==(const FileDialogOptions&) const = default;
+};
+
+// The one interface from the program's logic to the outside world: boxes, dialogs,
+// windows, pointer, event loop, clock, per-user settings and the system locale.
+// The Qt shell, the console shell and the tests each implement it.
+class Platform
+{
+public:
+    virtual ~Platform() = default;
+
+    // Shows a modal message box; returns the button pressed (MsgBox::OK, Yes, ...).
+    virtual int msgBox(const QString& text, int flags, const QString& title) = 0;
+
+    // The common dialog: the chosen path, or nothing when the user cancelled.
+    virtual std::optional<QString> showOpen(const FileDialogOptions& options) = 0;
+    virtual std::optional<QString> showSave(const FileDialogOptions& options) = 0;
+
+    // Windows. showModal returns when the form has hidden itself.
+    virtual void showModal(FormModel& form) = 0;
+    virtual void showModeless(FormModel& form) = 0;
+    virtual void hideForm(FormModel& form) = 0;
+    // Paints the form at once, without waiting for the event loop.
+    virtual void refreshForm(FormModel& form) = 0;
+
+    virtual void setMousePointer(int pointer) = 0;
+
+    // Lets pending window events run (the program's DoEvents).
+    virtual void doEvents() = 0;
+
+    virtual QDateTime now() = 0;
+
+    // The per-user settings store, keyed by application, section and key.
+    virtual QString getSetting(const QString& appName, const QString& section, const QString& key,
+                               const QString& defaultValue) = 0;
+    virtual void saveSetting(const QString& appName, const QString& section, const QString& key,
+                             const QString& value) = 0;
+
+    // The system's locale name, such as "zh_TW" or "en_US".
+    virtual QString systemLocaleName() = 0;
+
+    // Ends the process with the given status. Open windows are simply dropped.
+    [[noreturn]] virtual void endProcess(int status) = 0;
+};

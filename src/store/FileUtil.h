@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+
+#include <QString>
+
+// File wrappers. Relative paths are taken against the current directory.
+bool FileExists(const QString& FilePath);
+// No effect when the file is absent.
+void DeleteFile(const QString& FilePath);
+// The whole text, or empty when the file is absent. Read in the system's encoding.
+QString ReadTextFile(const QString& FilePath);
+// Replaces the file with the text; returns its length in characters.
+int WriteTextFile(const QString& Text, const QString& FilePath);
+
+// Copies Source over Destination so that Destination is never left half-written:
+// the bytes go to a temporary file in Destination's folder, are flushed to disk, and
+// the temporary file is then renamed over Destination. Returns false on any failure,
+// with Destination as it was. beforeRename is a test hook run just before the rename.
+bool FileCopy(const QString& Source, const QString& Destination,
+              const std::function<void()>& beforeRename = {});
+
+// Joins a folder and a name with the platform's separator.
+QString JoinPath(const QString& Folder, const QString& Name);
+
+// The platform's form of a path written with '\' separators ("..\Project").
+QString NativePath(const QString& BackslashPath);
+
+// The process's current directory, and ChDir.
+QString CurDir();
+void ChDir(const QString& Folder);

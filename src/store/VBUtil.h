@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QVariant>
+
+// Part of a path by mode: 0 base name, 1 folder with its closing separator, 2 file name
+// with extension, 3 extension without the dot. Both '\' and '/' count as separators.
+// The gaps of the rules are kept (see the tests). Any other mode is a deliberate stop
+// of the program (UnhandledError with the box "GetFname - VBUtil", flags 17).
+QString GetFname(const QString& Path, int Mode);
+
+// Position of the last occurrence of Find in Text, from 1; 0 if none.
+int LastInStr(const QString& Text, const QString& Find);
+
+// The value as text; empty for a null. Booleans read "True"/"False", dates yyyy-MM-dd.
+QString NullToEmpty(const QVariant& Value);
+
+// The leading numeric value of a text ("12abc" gives 12, "abc" gives 0).
+double Val(const QString& Text);
+
+// Conversions that fail like the program's own: a value out of range is an overflow,
+// text that is not a number is a type mismatch. Both throw UnhandledError.
+// Rounding is to the nearest even integer on a tie.
+qint16 CInt(const QVariant& Value);
+quint8 CByte(const QVariant& Value);
+// CInt of Val(text): the profile's way of reading a number.
+qint16 ValToInt16(const QString& Text);
+
+// Whole calendar-second boundaries between two moments (later minus earlier).
+qint64 DateDiffSeconds(const QDateTime& from, const QDateTime& to);

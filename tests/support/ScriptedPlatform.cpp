@@ -1,0 +1,202 @@
+#include "ScriptedPlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+bool answerFitsButtons(int flags, int answer)
+{
+    switch (flags & MsgBox::ButtonMask) {
+    case MsgBox::OKOnly:
+        return answer == MsgBox::OK;
+    case MsgBox::OKCancel:
+        return answer == MsgBox::OK || answer == MsgBox::Cancel;
+    case MsgBox::YesNoCancel:
+        return answer == MsgBox::Yes || answer == MsgBox::No || answer == MsgBox::Cancel;
+    case MsgBox::YesNo:
+        return answer == MsgBox::Yes || answer == MsgBox::No;
+    default:
+        return false;
+    }
+}
+
+QString kindName(ScriptedPlatform::Event::Kind kind)
+{
+    switch (kind) {
+    case ScriptedPlatform::Event::Box:
+        return QStringLiteral("box");
+    case ScriptedPlatform::Event::OpenDialog:
+        return QStringLiteral("open dialog");
+    case ScriptedPlatform::Event::SaveDialog:
+        return QStringLiteral("save dialog");
+    case ScriptedPlatform::Event::Modal:
+        return QStringLiteral("modal form");
+    default:
+        return QStringLiteral("event");
+    }
+}
+
+} // namespace
+
+ScriptedPlatform::ScriptedPlatform() : clock(QDate(2026, 11, 22), QTime(9, 30, 0)) {}
+
+ScriptedPlatform::~ScriptedPlatform()
+{
+    for (const auto& e : m_expected)
+        ADD_FAILURE() << "expected but never shown: " << describe(e).toStdString();
+}
+
+QString ScriptedPlatform::describe(const Expectation& e)
+{
+    return kindName(e.kind) + QStringLiteral(" [") + e.title + QStringLiteral("] ") + e.text;
+}
+
+void ScriptedPlatform::expectBox(int flags, const QString& text, const QString& title, int answer)
+{
+    EXPECT_TRUE(answerFitsButtons(flags, answer))
+        << "scripted answer " << answer << " is not a button of a box with flags " << flags;
+    m_expected.push_back({Event::Box, flags, text, title, answer, {}, {}, {}});
+}
+
+void ScriptedPlatform::expectOpenDialog(std::optional<QString> answer,
+                                        std::function<void(const FileDialogOptions&)> check)
+{
+    m_expected.push_back({Event::OpenDialog, 0, {}, {}, 0, std::move(answer), std::move(check), {}});
+}
+
+void ScriptedPlatform::expectSaveDialog(std::optional<QString> answer,
+                                        std::function<void(const FileDialogOptions&)> check)
+{
+    m_expected.push_back({Event::SaveDialog, 0, {}, {}, 0, std::move(answer), std::move(check), {}});
+}
+
+void ScriptedPlatform::expectModal(const QString& formName, std::function<void(FormModel&)> action)
+{
+    m_expected.push_back({Event::Modal, 0, formName, {}, 0, {}, {}, std::move(action)});
+}
+
+std::vector<QString> ScriptedPlatform::boxTexts() const
+{
+    std::vector<QString> texts;
+    for (const auto& e : events)
+        if (e.kind == Event::Box)
+            texts.push_back(e.text);
+    return texts;
+}
+
+int ScriptedPlatform::msgBox(const QString& text, int flags, const QString& title)
+{
+    events.push_back({Event::Box, text, title, flags, {}});
+    if (m_expected.empty() || m_expected.front().kind != Event::Box) {
+        ADD_FAILURE() << "unexpected box [" << title.toStdString() << "] flags " << flags << ": "
+                      << text.toStdString()
+                      << (m_expected.empty() ? std::string()
+                                             : "\n  while expecting " + describe(m_expected.front()).toStdString());
+        return (flags & MsgBox::ButtonMask) == MsgBox::OKOnly ? MsgBox::OK : MsgBox::Cancel;
+    }
+    Expectation e = m_expected.front();
+    m_expected.pop_front();
+    EXPECT_EQ(e.flags, flags) << "box: " << text.toStdString();
+    EXPECT_EQ(e.text.toStdString(), text.toStdString());
+    EXPECT_EQ(e.title.toStdString(), title.toStdString());
+    EXPECT_TRUE(answerFitsButtons(flags, e.answer))
+        << "answer " << e.answer << " is not a button of the box shown (flags " << flags << ")";
+    return e.answer;
+}
+
+std::optional<QString> ScriptedPlatform::fileDialog(Event::Kind kind, const FileDialogOptions& options)
+{
+    events.push_back({kind, {}, options.DialogTitle, 0, options});
+    if (m_expected.empty() || m_expected.front().kind != kind) {
+        ADD_FAILURE() << "unexpected " << kindName(kind).toStdString() << " ["
+                      << options.DialogTitle.toStdString() << "]";
+        return std::nullopt;
+    }
+    Expectation e = m_expected.front();
+    m_expected.pop_front();
+    if (e.check)
+        e.check(options);
+    return e.path;
+}
+
+std::optional<QString> ScriptedPlatform::showOpen(const FileDialogOptions& options)
+{
+    return fileDialog(Event::OpenDialog, options);
+}
+
+std::optional<QString> ScriptedPlatform::showSave(const FileDialogOptions& options)
+{
+    return fileDialog(Event::SaveDialog, options);
+}
+
+void ScriptedPlatform::showModal(FormModel& form)
+{
+    events.push_back({Event::Modal, form.formName(), {}, 0, {}});
+    form.Visible = true;
+    if (m_expected.empty() || m_expected.front().kind != Event::Modal ||
+        m_expected.front().text != form.formName()) {
+        ADD_FAILURE() << "unexpected modal form " << form.formName().toStdString();
+        form.Visible = false;
+        return;
+    }
+    Expectation e = m_expected.front();
+    m_expected.pop_front();
+    if (e.action)
+        e.action(form);
+    form.Visible = false;
+}
+
+void ScriptedPlatform::showModeless(FormModel& form)
+{
+    events.push_back({Event::Modeless, form.formName(), {}, 0, {}});
+    form.Visible = true;
+}
+
+void ScriptedPlatform::hideForm(FormModel& form)
+{
+    events.push_back({Event::Hide, form.formName(), {}, 0, {}});
+    form.Visible = false;
+}
+
+void ScriptedPlatform::refreshForm(FormModel&) {}
+
+void ScriptedPlatform::setMousePointer(int pointer)
+{
+    mousePointer = pointer;
+    events.push_back({Event::Pointer, {}, {}, pointer, {}});
+}
+
+void ScriptedPlatform::doEvents()
+{
+    ++doEventsCount;
+    if (onDoEvents)
+        onDoEvents();
+}
+
+QDateTime ScriptedPlatform::now()
+{
+    QDateTime t = clock;
+    clock = clock.addMSecs(autoAdvanceMs);
+    return t;
+}
+
+QString ScriptedPlatform::getSetting(const QString& appName, const QString& section, const QString& key,
+                                     const QString& defaultValue)
+{
+    Q_UNUSED(appName);
+    auto it = settings.find(section + QLatin1Char('/') + key);
+    return it == settings.end() ? defaultValue : it->second;
+}
+
+void ScriptedPlatform::saveSetting(const QString& appName, const QString& section, const QString& key,
+                                   const QString& value)
+{
+    Q_UNUSED(appName);
+    settings[section + QLatin1Char('/') + key] = value;
+}
+
+void ScriptedPlatform::endProcess(int status)
+{
+    events.push_back({Event::EndProcess, {}, {}, status, {}});
+    throw ProcessEnded{status};
+}

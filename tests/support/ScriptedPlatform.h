@@ -1,0 +1,98 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "FormModel.h"
+#include "Platform.h"
+
+// Thrown by endProcess, so that a test can watch the program end without ending itself.
+struct ProcessEnded
+{
+    int status;
+};
+
+// A fake of the platform port that answers boxes and dialogs from a script and records
+// everything it was asked to show, in order. It is strict: a box or dialog that the
+// script did not expect, an expected one that never came, or an answer that is not one
+// of the box's buttons, each fails the running test.
+class ScriptedPlatform : public Platform
+{
+public:
+    struct Event
+    {
+        enum Kind { Box, OpenDialog, SaveDialog, Modal, Modeless, Hide, Pointer, EndProcess } kind;
+        QString text;  // box text, form name
+        QString title; // box title, dialog title
+        int value = 0; // box flags, pointer, exit status
+        FileDialogOptions dialog;
+    };
+
+    ScriptedPlatform();
+    ~ScriptedPlatform() override;
+
+    // Script. Boxes and dialogs must come in the order they were expected.
+    void expectBox(int flags, const QString& text, const QString& title, int answer = MsgBox::OK);
+    // answer: the chosen path, or nothing for Cancel. check, if given, looks at the options.
+    void expectOpenDialog(std::optional<QString> answer,
+                          std::function<void(const FileDialogOptions&)> check = {});
+    void expectSaveDialog(std::optional<QString> answer,
+                          std::function<void(const FileDialogOptions&)> check = {});
+    // action runs while the form is shown modally; it plays the user (and must hide the form).
+    void expectModal(const QString& formName, std::function<void(FormModel&)> action = {});
+
+    bool allExpectationsMet() const { return m_expected.empty(); }
+    // Forgets what is still expected (for tests that end the process on purpose midway).
+    void clearExpectations() { m_expected.clear(); }
+
+    std::vector<Event> events;
+    std::vector<QString> boxTexts() const;
+
+    // Clock: starts at a fixed moment; each now() advances it by autoAdvanceMs.
+    QDateTime clock;
+    qint64 autoAdvanceMs = 0;
+
+    // Runs on each doEvents (a test can click the splash here).
+    std::function<void()> onDoEvents;
+    int doEventsCount = 0;
+
+    std::map<QString, QString> settings; // "section/key" -> value
+    QString localeName = QStringLiteral("en_US");
+    int mousePointer = 0;
+
+    int msgBox(const QString& text, int flags, const QString& title) override;
+    std::optional<QString> showOpen(const FileDialogOptions& options) override;
+    std::optional<QString> showSave(const FileDialogOptions& options) override;
+    void showModal(FormModel& form) override;
+    void showModeless(FormModel& form) override;
+    void hideForm(FormModel& form) override;
+    void refreshForm(FormModel& form) override;
+    void setMousePointer(int pointer) override;
+    void doEvents() override;
+    QDateTime now() override;
+    QString getSetting(const QString& appName, const QString& section, const QString& key,
+                       const QString& defaultValue) override;
+    void saveSetting(const QString& appName, const QString& section, const QString& key,
+                     const QString& value) override;
+    QString systemLocaleName() override { return localeName; }
+    [[noreturn]] void endProcess(int status) override;
+
+private:
+    struct Expectation
+    {
+        Event::Kind kind;
+        int flags = 0;
+        QString text;
+        QString title;
+        int answer = 0;
+        std::optional<QString> path;
+        std::function<void(const FileDialogOptions&)> check;
+        std::function<void(FormModel&)> action;
+    };
+    std::optional<QString> fileDialog(Event::Kind kind, const FileDialogOptions& options);
+    static QString describe(const Expectation& e);
+    std::deque<Expectation> m_expected;
+};

@@ -1,0 +1,48 @@
+#include "TestFolder.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+QString ShippedFilesDir()
+{
+    return QStringLiteral(VORNA_SHIPPED_DIR);
+}
+
+TestFolder::TestFolder(bool withShippedFiles) : m_previousDir(QDir::currentPath())
+{
+    QDir root(m_dir.path());
+    root.mkpath(QStringLiteral("VORNA"));
+    root.mkpath(QStringLiteral("Project"));
+    root.mkpath(QStringLiteral("System"));
+    if (withShippedFiles) {
+        for (const char* name : {"VORNA.sdb", "RM64.mdb", "VORNA.ml", "VORNA.set"}) {
+            const QString from = QDir(ShippedFilesDir()).filePath(QString::fromLatin1(name));
+            EXPECT_TRUE(QFile::copy(from, path(QString::fromLatin1(name)))) << "cannot copy " << from.toStdString();
+            QFile::setPermissions(path(QString::fromLatin1(name)),
+                                  QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        }
+    }
+    QDir::setCurrent(appPath());
+}
+
+TestFolder::~TestFolder()
+{
+    QDir::setCurrent(m_previousDir);
+}
+
+QString TestFolder::appPath() const
+{
+    return QDir(m_dir.path()).filePath(QStringLiteral("VORNA"));
+}
+
+QString TestFolder::projectDir() const
+{
+    return QDir(m_dir.path()).filePath(QStringLiteral("Project"));
+}
+
+QString TestFolder::path(const QString& relative) const
+{
+    return QDir::cleanPath(QDir(appPath()).filePath(relative));
+}
