@@ -1,0 +1,55 @@
+#include "ProfileSettings.h"
+
+#include "FileUtil.h"
+#include "SettingUtil.h"
+#include "UnhandledError.h"
+#include "VBUtil.h"
+#include "VORNAGlobal.h"
+#include "VORNAMain.h"
+
+QString ProfileFileName(VORNAGlobal& g)
+{
+    return GetFname(g.App.EXEName, 0) + QStringLiteral(".set");
+}
+
+void ReadCommSettings(VORNAGlobal& g, const QString& FilePath)
+{
+    const QString name = FilePath.isEmpty() ? ProfileFileName(g) : FilePath;
+    if (!FileExists(name)) {
+        g.platform.msgBox(QStringLiteral("VORNA system failed!\nFile [") + name + QStringLiteral("] not exist."),
+                          MsgBox::Critical, QStringLiteral("VORNA system failed"));
+        ExitApplication(g, false);
+    }
+    const QString text = ReadTextFile(name);
+    g.Timeout = ValToInt16(GetProfileString(QStringLiteral("Comm"), QStringLiteral("Timeout"), QStringLiteral("2"), text));
+    g.Retry = ValToInt16(GetProfileString(QStringLiteral("Comm"), QStringLiteral("Retry"), QStringLiteral("3"), text));
+}
+
+QString SettingsText(VORNAGlobal& g)
+{
+    const QString CRLF = QStringLiteral("\r\n");
+    const MLUtil& ml = g.ml;
+    QString text;
+    text += QStringLiteral("[Comm]") + CRLF;
+    text += QStringLiteral("TimeOut=") + QString::number(g.Timeout) + CRLF;
+    text += QStringLiteral("Retry=") + QString::number(g.Retry) + CRLF;
+    text += CRLF;
+    text += QStringLiteral("[ML]") + CRLF;
+    text += QStringLiteral("AppliedLangName=") + ml.AppliedLangName + CRLF;
+    text += QStringLiteral("AlternateLangName=") + ml.AlternateLangName + CRLF;
+    text += QStringLiteral("OriginalLangName =") + ml.OriginalLangName + CRLF;
+    text += (ml.IsFormDisable == 1 ? QStringLiteral("IsFormDisable= 1") : QStringLiteral("IsFormDisable= 0")) + CRLF;
+    text += (ml.IsTextDisable == 1 ? QStringLiteral("IsTextDisable= 1") : QStringLiteral("IsTextDisable= 0")) + CRLF;
+    return text;
+}
+
+void WriteSettings(VORNAGlobal& g, const QString& FilePath)
+{
+    const QString name = FilePath.isEmpty() ? ProfileFileName(g) : FilePath;
+    const QString text = SettingsText(g);
+    if (FileExists(name))
+        DeleteFile(name);
+    // A profile that cannot be written (a read-only folder) has no trap of its own.
+    if (WriteTextFile(text, name) < 0 || !FileExists(name))
+        throw UnhandledError(QStringLiteral("Permission denied: ") + name);
+}

@@ -1,0 +1,326 @@
+#include "ProjectFiles.h"
+
+#include <QFile>
+
+#include "FileUtil.h"
+#include "ProjectView.h"
+#include "SystemDB.h"
+#include "UnhandledError.h"
+#include "VBUtil.h"
+#include "VORNAGlobal.h"
+
+namespace {
+
+const QString Module = QStringLiteral("VORNAMain");
+const QString Status = QStringLiteral("Status");
+
+QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
+{
+    return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
+}
+
+QDate Today(VORNAGlobal& g)
+{
+    return g.platform.now().date();
+}
+
+void SetPointer(VORNAGlobal& g, int pointer)
+{
+    if (g.view)
+        g.view->setMousePointer(pointer);
+}
+
+void SetStatus(VORNAGlobal& g, const QString& text)
+{
+    if (g.view)
+        g.view->setStatusText(Status, text);
+}
+
+// Sets up the shared common dialog as every file command does. The start folder is
+// relative to the program's folder, which is the current directory here.
+FileDialogOptions DialogOptions(VORNAGlobal& g, const QString& title, const QString& fileName, const QString& filter)
+{
+    if (g.dlgCommonDialog.InitDir.isEmpty())
+        g.dlgCommonDialog.InitDir = NativePath(QStringLiteral("..\\Project"));
+    FileDialogOptions options;
+    options.DialogTitle = title;
+    options.InitDir = g.dlgCommonDialog.InitDir;
+    options.FileName = fileName;
+    options.Filter = filter;
+    options.FilterIndex = 1;
+    options.Flags = 4;
+    return options;
+}
+
+// Shows the dialog and restores the current directory, as the program's relative
+// folders depend on it. Nothing means the user cancelled.
+std::optional<QString> ShowFileDialog(VORNAGlobal& g, const FileDialogOptions& options, bool save)
+{
+    std::optional<QString> chosen = save ? g.platform.showSave(options) : g.platform.showOpen(options);
+    ChDir(g.AppPath);
+    if (chosen)
+        g.dlgCommonDialog.FileName = *chosen;
+    return chosen;
+}
+
+// The question before a chosen file is replaced; true for Yes.
+bool AskReplace(VORNAGlobal& g, const QString& path, int id)
+{
+    const int answer = g.platform.msgBox(T(g, "檔案[", 1, id) + path + T(g, "]已經存在，您要取代現存的檔案嗎？", 2, id),
+                                         MsgBox::YesNo | MsgBox::Exclamation, T(g, "此檔案已經存在", 3, id));
+    return answer == MsgBox::Yes;
+}
+
+// One of the four trapped copies failed: "<action>\n專案檔案[<path><cause>", titled.
+void ShowCopyFailure(VORNAGlobal& g, int id, const char* action, const QString& path, const char* cause,
+                     const char* title)
+{
+    g.platform.msgBox(T(g, action, 1, id) + QStringLiteral("\n") + T(g, "專案檔案[", 2, id) + path + T(g, cause, 3, id),
+                      MsgBox::Critical, T(g, title, 4, id));
+}
+
+QString OpeningText(VORNAGlobal& g, const QString& path, int id)
+{
+    return T(g, "專案[", 2, id) + GetFname(path, 0) + T(g, "]開啟中...", 3, id);
+}
+
+void SetModifiedDate(VORNAGlobal& g)
+{
+    g.rsBasic.setField(QStringLiteral("ModifiedDate"), Today(g));
+    g.rsBasic.Update();
+}
+
+} // namespace
+
+QString ProposedProjectName(VORNAGlobal&)
+{
+    for (int n = 1; n <= 99; ++n) {
+        const QString name = QStringLiteral("Project") + QString::number(n);
+        if (!FileExists(NativePath(QStringLiteral("..\\Project\\")) + name + QStringLiteral(".cmb")))
+            return name;
+    }
+    return QString();
+}
+
+void OpenProjectTables(VORNAGlobal& g, const QString& FilePath)
+{
+    g.ProjectConn = OpenMDBConn(g.platform, FilePath, {}, {});
+    g.rsBasic = OpenRecordset(g.ProjectConn, QStringLiteral("Basic"), false);
+    g.rsUserGroups = OpenRecordset(g.ProjectConn, QStringLiteral("UserGroups"), false);
+    g.rsUsers = OpenRecordset(g.ProjectConn, QStringLiteral("Users"), false);
+    g.rsZones = OpenRecordset(g.ProjectConn, QStringLiteral("Zones"), false);
+}
+
+void CloseProjectTables(VORNAGlobal& g)
+{
+    // No test of state: closing tables that are not open is an error of the program.
+    for (Recordset* rs : {&g.rsBasic, &g.rsUserGroups, &g.rsUsers, &g.rsZones}) {
+        rs->Close();
+        *rs = Recordset();
+    }
+    if (g.ProjectConn.isNothing())
+        throw UnhandledError(QStringLiteral("Object variable not set"));
+    g.ProjectConn.Close();
+    g.ProjectConn = Connection();
+}
+
+void NewProject(VORNAGlobal& g)
+{
+    if (!g.ProjectName.isEmpty() && CloseProject(g) == ProjectResult::Cancelled)
+        return;
+
+    const QString proposed = ProposedProjectName(g);
+    QString path;
+    for (;;) {
+        const auto chosen = ShowFileDialog(
+            g,
+            DialogOptions(g, T(g, "開新專案", 1, 84), proposed,
+                          T(g, "Quillbeacon設定檔案,(*.cmb)|*.cmb|所有檔案,(*.*)|*.*", 1, 89)),
+            false);
+        if (!chosen)
+            return;
+        path = *chosen;
+        if (!FileExists(path))
+            break;
+        if (AskReplace(g, path, 103)) {
+            QFile::remove(path);
+            break;
+        }
+    }
+
+    if (!FileCopy(JoinPath(g.AppPath, QStringLiteral("RM64.mdb")), path)) {
+        ShowCopyFailure(g, 121, "開新專案失敗。", path, "]檔案無法複製。", "開新專案失敗");
+        return;
+    }
+    OpenProject(g, path);
+    // Goes into the working copy only; the project is not marked modified by it.
+    g.rsBasic.setField(QStringLiteral("CreatedDate"), Today(g));
+    g.rsBasic.Update();
+}
+
+bool OpenProject(VORNAGlobal& g, QString FilePath)
+{
+    if (FilePath.isEmpty()) {
+        const auto chosen =
+            ShowFileDialog(g,
+                           DialogOptions(g, T(g, "開啟專案", 1, 135), GetFname(g.dlgCommonDialog.FileName, 0),
+                                         T(g, "Quillbeacon設定檔案,(*.cmb)|*.cmb", 1, 142)),
+                           false);
+        if (!chosen)
+            return false;
+        FilePath = *chosen;
+    }
+
+    // The extension test is case-sensitive: "x.CMB" is refused.
+    if (FilePath.right(4) != QStringLiteral(".cmb")) {
+        g.platform.msgBox(T(g, "本專案無法開啟！", 1, 165) + QStringLiteral("\n") + T(g, "因為專案檔名[", 2, 165) +
+                              GetFname(FilePath, 2) + T(g, "]不屬於[.cmb]，導致本專案無法開啟。", 3, 165),
+                          MsgBox::Critical, T(g, "本專案無法執行", 4, 165));
+        return false;
+    }
+    if (!FileExists(FilePath)) {
+        g.platform.msgBox(T(g, "本專案檔案路徑[", 1, 160) + FilePath + T(g, "]不存在。", 2, 160), MsgBox::Critical,
+                          T(g, "專案開啟失敗", 3, 160));
+        return false;
+    }
+    if (!g.ProjectName.isEmpty() && CloseProject(g) != ProjectResult::Done)
+        return false;
+
+    SetPointer(g, Pointer::Hourglass);
+    SetStatus(g, OpeningText(g, FilePath, 176));
+
+    // A working copy left from an earlier run is overwritten without a word.
+    const QString workPath = GetFname(FilePath, 1) + GetFname(FilePath, 0) + QStringLiteral(".mir");
+    if (!FileCopy(FilePath, workPath)) {
+        SetPointer(g, Pointer::Default);
+        SetStatus(g, QString());
+        ShowCopyFailure(g, 210, "開啟專案失敗。", FilePath, "]檔案無法開啟。", "開啟專案失敗");
+        return false;
+    }
+    OpenProjectTables(g, workPath);
+    g.ProjectFilePath = FilePath;
+    g.ProjectName = GetFname(g.ProjectFilePath, 0);
+    g.ProjectWorkPath = workPath;
+
+    // The last matching model wins; an unknown model keeps the previous project's limits.
+    const QString model = NullToEmpty(g.rsBasic.Fields(QStringLiteral("DeviceModelName")));
+    g.rsModelList.MoveFirst();
+    while (!g.rsModelList.IsEOF()) {
+        if (NullToEmpty(g.rsModelList.Fields(QStringLiteral("ModelName"))) == model) {
+            g.MaxTelNo = CInt(g.rsModelList.Fields(QStringLiteral("MaxTelNo")));
+            g.MaxMemoryByte = CInt(g.rsModelList.Fields(QStringLiteral("MaxMemoryByte")));
+        }
+        g.rsModelList.MoveNext();
+    }
+
+    AddMRUFilePath(g, g.ProjectFilePath);
+    g.IsProjectModified = false;
+    if (g.view)
+        g.view->RefreshFormObj();
+    SetPointer(g, Pointer::Default);
+    SetStatus(g, QString());
+    return true;
+}
+
+int CloseProject(VORNAGlobal& g)
+{
+    if (SaveProject(g, false, true, true) == ProjectResult::Cancelled)
+        return ProjectResult::Cancelled;
+
+    SetPointer(g, Pointer::Hourglass);
+    SetStatus(g, T(g, "專案[", 2, 222) + g.ProjectName + T(g, "]關閉中...", 3, 222));
+    CloseProjectTables(g);
+    DeleteFile(g.ProjectWorkPath);
+    SetPointer(g, Pointer::Default);
+    SetStatus(g, QString());
+
+    g.ProjectName.clear();
+    g.ProjectFilePath.clear();
+    g.ProjectWorkPath.clear();
+    g.IsProjectModified = false;
+    if (g.view)
+        g.view->RefreshFormObj();
+    return ProjectResult::Done;
+}
+
+int SaveProject(VORNAGlobal& g, bool Force, bool Prompt, bool AllowCancel)
+{
+    if (g.ProjectName.isEmpty())
+        return ProjectResult::Done;
+
+    if (!Force) {
+        if (!g.IsProjectModified)
+            return ProjectResult::Done;
+        if (Prompt) {
+            const int id = AllowCancel ? 279 : 292;
+            const QString text = T(g, "您要將變更儲存到專案[", 1, id) + g.ProjectName + QStringLiteral("]?");
+            const QString title = T(g, "是否儲存專案", 3, id);
+            if (AllowCancel) {
+                const int answer = g.platform.msgBox(text, MsgBox::YesNoCancel, title);
+                if (answer == MsgBox::Cancel)
+                    return ProjectResult::Cancelled;
+                if (answer == MsgBox::No)
+                    return ProjectResult::AnsweredNo;
+                SetModifiedDate(g);
+            } else if (g.platform.msgBox(text, MsgBox::YesNo, title) == MsgBox::No) {
+                return ProjectResult::AnsweredNo;
+            }
+        }
+    }
+
+    CloseProjectTables(g);
+    if (!FileCopy(g.ProjectWorkPath, g.ProjectFilePath)) {
+        // The tables stay closed while the project stays named: any further use of a
+        // project table ends the program.
+        ShowCopyFailure(g, 316, "儲存專案失敗。", g.ProjectFilePath, "]檔案無法儲存。", "儲存專案失敗");
+        return ProjectResult::Done;
+    }
+    OpenProjectTables(g, g.ProjectWorkPath);
+    g.IsProjectModified = false;
+    // After the copy on purpose: this date reaches the project file with the next commit.
+    SetModifiedDate(g);
+    return ProjectResult::Done;
+}
+
+void SaveProjectAs(VORNAGlobal& g)
+{
+    const auto chosen = ShowFileDialog(
+        g,
+        DialogOptions(g, T(g, "另存專案", 1, 403), ProposedProjectName(g),
+                      T(g, "Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*", 1, 408)),
+        true);
+    if (!chosen)
+        return;
+    const QString path = *chosen;
+    if (FileExists(path)) {
+        if (!AskReplace(g, path, 422))
+            return;
+        DeleteFile(path);
+    }
+
+    SetPointer(g, Pointer::Hourglass);
+    SetStatus(g, OpeningText(g, path, 432));
+    CloseProjectTables(g);
+    if (!FileCopy(g.ProjectWorkPath, path)) {
+        SetPointer(g, Pointer::Default);
+        SetStatus(g, QString());
+        ShowCopyFailure(g, 446, "另存專案失敗。", path, "]檔案無法另存。", "另存專案失敗");
+        return;
+    }
+    // Emptied first so that the open below neither closes nor prompts.
+    g.ProjectName.clear();
+    DeleteFile(g.ProjectWorkPath);
+    SetPointer(g, Pointer::Default);
+    SetStatus(g, QString());
+    OpenProject(g, path);
+}
+
+void CommitWorkingCopy(VORNAGlobal& g)
+{
+    CloseProjectTables(g);
+    // No trap and no question here: a failed copy is not handled.
+    if (!FileCopy(g.ProjectWorkPath, g.ProjectFilePath))
+        throw UnhandledError(QStringLiteral("Permission denied: ") + g.ProjectFilePath);
+    OpenProjectTables(g, g.ProjectWorkPath);
+    SetModifiedDate(g);
+}

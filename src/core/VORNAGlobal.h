@@ -22,9 +22,9 @@ struct AppInfo
     QString Title = QStringLiteral("VORNA");
     QString EXEName = QStringLiteral("VORNA");
     QString Path; // the program's folder
-    int Major = 1;
-    int Minor = 0;
-    int Revision = 0;
+    int Major = VORNA_VERSION_MAJOR;
+    int Minor = VORNA_VERSION_MINOR;
+    int Revision = VORNA_VERSION_PATCH;
 };
 
 // The program's shared state: one instance, owned by the entry point and passed by

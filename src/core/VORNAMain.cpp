@@ -1,0 +1,60 @@
+#include "VORNAMain.h"
+
+#include "ProfileSettings.h"
+#include "ProjectFiles.h"
+#include "ProjectView.h"
+#include "SystemDB.h"
+#include "VBUtil.h"
+#include "VORNAGlobal.h"
+
+void InitApplication(VORNAGlobal& g, const QString& appPath)
+{
+    // The language layer comes first, since every later message passes through it. Its
+    // missing-profile path leaves through the same exit as the rest of the program.
+    g.ml.exitApplication = [&g](bool saveWindowState) { ExitApplication(g, saveWindowState); };
+    g.ml.InitML(g.App.EXEName, g.App.Title);
+
+    g.App.Path = appPath;
+    g.AppPath = appPath;
+    g.MRUCount = 0;
+    g.CommPort = 1;
+    g.StationID = 247;
+    ReadCommSettings(g, QString());
+    OpenSystemDB(g);
+    LoadMRUList(g);
+}
+
+void ExitApplication(VORNAGlobal& g, bool SaveWindowState)
+{
+    // The result is ignored: a Cancel in the save prompt here still exits, leaving the
+    // edits in the working copy. Closing the window asks CloseProject itself first.
+    if (!g.ProjectName.isEmpty())
+        CloseProject(g);
+    CloseSystemDB(g);
+    g.ml.CloseML();
+
+    if (SaveWindowState && g.view) {
+        const ProjectView::WindowPlacement place = g.view->windowPlacement();
+        auto save = [&g](const char* key, const QString& value) {
+            g.platform.saveSetting(g.App.Title, QStringLiteral("Settings"), QString::fromLatin1(key), value);
+        };
+        auto single = [](double v) { return QString::number(static_cast<float>(v), 'g', 7); };
+        // A minimised window would store its icon's place; keep the last real one.
+        if (place.WindowState != 1) {
+            save("MainLeft", single(place.Left));
+            save("MainTop", single(place.Top));
+            save("MainWidth", single(place.Width));
+            save("MainHeight", single(place.Height));
+        }
+        save("ViewMode", QString::number(place.View));
+    }
+    g.platform.endProcess(SaveWindowState ? 0 : 1);
+    Q_UNREACHABLE();
+}
+
+void WaitForSplash(VORNAGlobal& g, const std::function<bool()>& splashClicked)
+{
+    const QDateTime start = g.platform.now();
+    while (DateDiffSeconds(start, g.platform.now()) <= 2 && !splashClicked())
+        g.platform.doEvents();
+}

@@ -8,6 +8,7 @@
 class Platform;
 struct ConnectionData;
 struct CursorData;
+class Recordset;
 
 // An open database file. A default-constructed Connection is "no object": State() is 0
 // and every recordset opened on it is closed.

@@ -36,6 +36,8 @@ public:
 
     // Script. Boxes and dialogs must come in the order they were expected.
     void expectBox(int flags, const QString& text, const QString& title, int answer = MsgBox::OK);
+    // For a box whose text is not the program's own (a driver's error description).
+    void expectBoxWithAnyText(int flags, const QString& title, int answer = MsgBox::OK);
     // answer: the chosen path, or nothing for Cancel. check, if given, looks at the options.
     void expectOpenDialog(std::optional<QString> answer,
                           std::function<void(const FileDialogOptions&)> check = {});
@@ -88,6 +90,7 @@ private:
         QString text;
         QString title;
         int answer = 0;
+        bool anyText = false;
         std::optional<QString> path;
         std::function<void(const FileDialogOptions&)> check;
         std::function<void(FormModel&)> action;

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include "ADOUtil.h"
+#include "ProjectFiles.h"
+#include "RecordingView.h"
+#include "ScriptedPlatform.h"
+#include "TestFolder.h"
+#include "VBUtil.h"
+#include "VORNAGlobal.h"
+#include "VORNAMain.h"
+
+// An installation in a temporary folder, the scripted platform, the shared state and a
+// recording window. The locale is Traditional Chinese, so that the profile's AUTO rule
+// picks the original language and every text is the default at its call site.
+class CoreTest : public ::testing::Test
+{
+protected:
+    CoreTest()
+    {
+        platform.localeName = QStringLiteral("zh_TW");
+        g.view = &view;
+    }
+
+    void start() { InitApplication(g, folder.appPath()); }
+
+    QString projectPath(const QString& fileName) const { return QDir(folder.projectDir()).filePath(fileName); }
+
+    // File New answered with the given file, in the sibling Project folder.
+    QString newProject(const QString& fileName = QStringLiteral("Project1.cmb"))
+    {
+        const QString path = projectPath(fileName);
+        platform.expectOpenDialog(path);
+        NewProject(g);
+        return path;
+    }
+
+    // An edit as the editors make it: a row stored, and the project marked modified.
+    void addGroup(const QString& name)
+    {
+        g.rsUserGroups.AddNew();
+        g.rsUserGroups.setField(QStringLiteral("GroupName"), name);
+        g.rsUserGroups.setField(QStringLiteral("GroupDsc"), QString());
+        g.rsUserGroups.Update();
+        g.IsProjectModified = true;
+    }
+
+    // One field of every row of a table in a closed database file.
+    QStringList column(const QString& dbPath, const QString& table, const QString& field)
+    {
+        QStringList values;
+        Connection conn = OpenMDBConn(platform, dbPath, {}, {});
+        Recordset rs = OpenRecordset(conn, table, false);
+        EXPECT_EQ(rs.State(), 1) << "cannot open " << table.toStdString() << " in " << dbPath.toStdString();
+        if (rs.State() == 1) {
+            while (!rs.IsEOF()) {
+                values << NullToEmpty(rs.Fields(field));
+                rs.MoveNext();
+            }
+            rs.Close();
+        }
+        conn.Close();
+        return values;
+    }
+
+    QString boxQuestionReplace(const QString& path) const
+    {
+        return QStringLiteral("檔案[") + path + QStringLiteral("]已經存在，您要取代現存的檔案嗎？");
+    }
+
+    TestFolder folder;
+    ScriptedPlatform platform;
+    RecordingView view;
+    VORNAGlobal g{platform};
+};
+
+inline QString SavePrompt(const QString& name)
+{
+    return QStringLiteral("您要將變更儲存到專案[") + name + QStringLiteral("]?");
+}

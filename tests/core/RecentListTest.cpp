@@ -1,0 +1,68 @@
+#include "CoreFixture.h"
+#include "SystemDB.h"
+
+struct RecentCase
+{
+    const char* name;
+    QStringList before;
+    QString opened;
+    QStringList after;
+    int menuRebuilds; // the menu is rebuilt only when a new path comes in
+};
+
+class RecentListTest : public CoreTest, public ::testing::WithParamInterface<RecentCase>
+{
+};
+
+TEST_P(RecentListTest, KeepsTheNewestFirstAndWritesTheTableAtOnce)
+{
+    const RecentCase c = GetParam();
+    start();
+    for (const QString& p : c.before) {
+        ++g.MRUCount;
+        g.MRUFilePath(g.MRUCount) = p;
+    }
+    SaveMRUList(g);
+    view.recentMenuCount = 0;
+
+    AddMRUFilePath(g, c.opened);
+
+    QStringList now;
+    for (int i = 1; i <= g.MRUCount; ++i)
+        now << g.MRUFilePath(i);
+    EXPECT_EQ(now, c.after);
+    EXPECT_EQ(column(folder.path(QStringLiteral("VORNA.sdb")), QStringLiteral("MRUList"), QStringLiteral("FilePath")),
+              c.after);
+    EXPECT_EQ(view.recentMenuCount, c.menuRebuilds);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Orders, RecentListTest,
+    ::testing::Values(RecentCase{"FirstIntoAnEmptyList", {}, "/p/a.cmb", {"/p/a.cmb"}, 1},
+                      RecentCase{"PlaceOneChangesNothing", {"/p/a.cmb", "/p/b.cmb"}, "/p/a.cmb", {"/p/a.cmb", "/p/b.cmb"}, 0},
+                      RecentCase{"PlaceThreeMovesToTheTop",
+                                 {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"},
+                                 "/p/3.cmb",
+                                 {"/p/3.cmb", "/p/1.cmb", "/p/2.cmb", "/p/4.cmb"},
+                                 0},
+                      RecentCase{"AFifthPushesOutTheOldest",
+                                 {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"},
+                                 "/p/5.cmb",
+                                 {"/p/5.cmb", "/p/1.cmb", "/p/2.cmb", "/p/3.cmb"},
+                                 1},
+                      RecentCase{"CaseMakesAnotherEntry", {"/p/a.cmb"}, "/p/A.cmb", {"/p/A.cmb", "/p/a.cmb"}, 1}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(CoreTest, TheRecentListIsReadBackAtTheNextStart)
+{
+    start();
+    AddMRUFilePath(g, QStringLiteral("/p/old.cmb"));
+    AddMRUFilePath(g, QStringLiteral("/p/new.cmb"));
+    EXPECT_THROW(ExitApplication(g, false), ProcessEnded);
+
+    VORNAGlobal second(platform);
+    InitApplication(second, folder.appPath());
+    EXPECT_EQ(second.MRUCount, 2);
+    EXPECT_EQ(second.MRUFilePath(1), QStringLiteral("/p/new.cmb"));
+    EXPECT_EQ(second.MRUFilePath(2), QStringLiteral("/p/old.cmb"));
+}

@@ -1,0 +1,156 @@
+#include "CoreFixture.h"
+#include "FileUtil.h"
+#include "SystemDB.h"
+#include "frmAbout.h"
+#include "frmSplash.h"
+
+TEST_F(CoreTest, StartSetsTheSharedStateAndReadsTheRecentList)
+{
+    start();
+    EXPECT_EQ(g.AppPath, folder.appPath());
+    EXPECT_EQ(g.CommPort, 1);
+    EXPECT_EQ(g.StationID, 247);
+    EXPECT_EQ(g.Timeout, 2);
+    EXPECT_EQ(g.Retry, 3);
+    EXPECT_EQ(g.MRUCount, 0);
+    EXPECT_EQ(g.SystemConn.State(), 1);
+    EXPECT_EQ(g.rsModelList.State(), 1);
+    EXPECT_GT(g.rsCommBaudList.RecordCount(), 0);
+    EXPECT_TRUE(g.ProjectName.isEmpty());
+}
+
+struct StartFailureCase
+{
+    const char* name;
+    const char* removed;
+    const char* text;
+    const char* title;
+};
+
+class StartFailureTest : public CoreTest, public ::testing::WithParamInterface<StartFailureCase>
+{
+};
+
+TEST_P(StartFailureTest, EndsTheStartWithItsEnglishBox)
+{
+    const StartFailureCase c = GetParam();
+    QFile::remove(folder.path(QString::fromLatin1(c.removed)));
+    platform.expectBox(MsgBox::Critical, QString::fromUtf8(c.text), QString::fromUtf8(c.title));
+    try {
+        start();
+        FAIL() << "the start went on";
+    } catch (const ProcessEnded& e) {
+        EXPECT_NE(e.status, 0);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    MissingFiles, StartFailureTest,
+    ::testing::Values(StartFailureCase{"Profile", "VORNA.set", "ML system failed!\nFile [VORNA.set] not exist.",
+                                       "ML system failed"},
+                      StartFailureCase{"LanguageFile", "VORNA.ml", "ML System Error! \nFile [VORNA.ml] not found.",
+                                       "ML System Error"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(CoreTest, AStartFromAnotherFolderCannotFindTheProfile)
+{
+    ChDir(folder.projectDir());
+    platform.expectBox(MsgBox::Critical, QStringLiteral("ML system failed!\nFile [VORNA.set] not exist."),
+                       QStringLiteral("ML system failed"));
+    EXPECT_THROW(start(), ProcessEnded);
+}
+
+TEST_F(CoreTest, AMissingSystemDatabaseFailsAtTheRecentListWithoutABoxOfItsOwn)
+{
+    QFile::remove(folder.path(QStringLiteral("VORNA.sdb")));
+    EXPECT_THROW(start(), UnhandledError);
+}
+
+TEST_F(CoreTest, AFifthRecentRowIsASubscriptError)
+{
+    {
+        Connection conn = OpenMDBConn(platform, folder.path(QStringLiteral("VORNA.sdb")), {}, {});
+        Recordset rs = OpenRecordset(conn, QStringLiteral("MRUList"), false);
+        for (int i = 1; i <= 5; ++i) {
+            rs.AddNew();
+            rs.setField(QStringLiteral("FilePath"), QStringLiteral("/p/%1.cmb").arg(i));
+        }
+        rs.Update();
+        rs.Close();
+        conn.Close();
+    }
+    try {
+        start();
+        FAIL() << "five recent rows were accepted";
+    } catch (const UnhandledError& e) {
+        EXPECT_EQ(e.text(), QStringLiteral("Subscript out of range"));
+    }
+}
+
+struct SplashWaitCase
+{
+    const char* name;
+    int startMs;       // where in its second the wait begins
+    int clickAfter;    // doEvents passes before a click; -1 for none
+    qint64 minWaitMs;
+    qint64 maxWaitMs;
+};
+
+class SplashWaitTest : public CoreTest, public ::testing::WithParamInterface<SplashWaitCase>
+{
+};
+
+TEST_P(SplashWaitTest, WaitsForWholeSecondsOrAClick)
+{
+    const SplashWaitCase c = GetParam();
+    frmSplash splash(g);
+    splash.Form_Load();
+    platform.clock = QDateTime(QDate(2026, 11, 22), QTime(9, 30, 0, c.startMs));
+    platform.autoAdvanceMs = 10;
+    if (c.clickAfter >= 0)
+        platform.onDoEvents = [&] {
+            if (platform.doEventsCount == c.clickAfter)
+                splash.Control_Click();
+        };
+    const QDateTime begin = platform.clock;
+    WaitForSplash(g, [&] { return splash.clicked(); });
+    const qint64 waited = begin.msecsTo(platform.clock);
+    EXPECT_GE(waited, c.minWaitMs);
+    EXPECT_LE(waited, c.maxWaitMs);
+}
+
+INSTANTIATE_TEST_SUITE_P(Waits, SplashWaitTest,
+                         ::testing::Values(SplashWaitCase{"StartOfASecond", 0, -1, 3000, 3020},
+                                           SplashWaitCase{"EndOfASecond", 990, -1, 2000, 2030},
+                                           SplashWaitCase{"ClickedAtOnce", 0, 1, 0, 40}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(CoreTest, SplashAndAboutTakeTheirCaptionsFromTheFormTable)
+{
+    start();
+    frmSplash splash(g);
+    splash.Form_Load();
+    EXPECT_EQ(splash.Label1, QStringLiteral("適用機型: "));
+    EXPECT_EQ(splash.lblProductName, QStringLiteral("簡訊報警機   設定工具"));
+    EXPECT_EQ(splash.lblVersion, QStringLiteral("Version %1.%2.%3").arg(g.App.Major).arg(g.App.Minor).arg(g.App.Revision));
+    EXPECT_EQ(splash.Label3, QStringLiteral("Contignration Utility"));
+
+    frmAbout about(g);
+    about.Form_Load();
+    EXPECT_EQ(about.Caption, QStringLiteral("關於 GSM Pellamatic"));
+    EXPECT_EQ(about.lblVersion, QStringLiteral("版本:%1.%2.%3").arg(g.App.Major).arg(g.App.Minor).arg(g.App.Revision));
+}
+
+TEST_F(CoreTest, OnlyShiftAltLeftPressOnTheAboutIconOpensTheServiceWindow)
+{
+    frmAbout about(g);
+    int opened = 0;
+    about.openServiceWindow = [&] { ++opened; };
+    about.picIcon_MouseDown(1, 1);
+    about.picIcon_MouseDown(1, 4);
+    about.picIcon_MouseDown(2, 5);
+    about.picIcon_MouseDown(1, 7);
+    EXPECT_EQ(opened, 0);
+    about.picIcon_MouseDown(1, 5);
+    EXPECT_EQ(opened, 1);
+}
