@@ -1,0 +1,48 @@
+#!/usr/bin/env bash
+# Sets up a Debian 12 machine for VORNA, builds it, and then either starts the program
+# ("run") or runs every test ("test"). Safe to run again: it installs only what is missing
+# and rebuilds only what changed.
+set -euo pipefail
+
+mode=${1:-run}
+case "$mode" in
+    run | test) ;;
+    *)
+        echo "usage: $0 run|test" >&2
+        exit 2
+        ;;
+esac
+
+here=$(cd "$(dirname "$0")" && pwd)
+build="$here/build"
+
+packages=(
+    g++ cmake make ccache pkg-config
+    qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-serialport-dev
+    libgtest-dev libgmock-dev
+    # A CJK font, so that the Chinese captions do not render as boxes.
+    fonts-wqy-microhei
+)
+
+missing=()
+for p in "${packages[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+    sudo=""
+    [ "$(id -u)" -eq 0 ] || sudo="sudo"
+    echo "Installing: ${missing[*]}"
+    $sudo apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
+
+cmake -S "$here" -B "$build" -DCMAKE_BUILD_TYPE=Release -DVORNA_BUILD_TESTS="$([ "$mode" = test ] && echo ON || echo OFF)"
+cmake --build "$build" -j"$(nproc)"
+
+if [ "$mode" = test ]; then
+    QT_QPA_PLATFORM=offscreen ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
+else
+    # The program finds its profile and language file through the current directory.
+    cd "$build/VORNA"
+    exec ./VORNA
+fi
