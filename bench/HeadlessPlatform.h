@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+
+#include "FormModel.h"
+#include "Platform.h"
+
+// A platform without a display for the benchmarks: any box or dialog means the measured
+// path went wrong, so it is printed and the benchmark stops.
+class HeadlessPlatform : public Platform
+{
+public:
+    int msgBox(const QString& text, int flags, const QString& title) override
+    {
+        std::fprintf(stderr, "unexpected box [%s] %d: %s\n", qPrintable(title), flags, qPrintable(text));
+        std::exit(1);
+    }
+    std::optional<QString> showOpen(const FileDialogOptions&) override { return std::nullopt; }
+    std::optional<QString> showSave(const FileDialogOptions&) override { return std::nullopt; }
+    void showModal(FormModel& form) override { form.Visible = false; }
+    void showModeless(FormModel& form) override { form.Visible = true; }
+    void hideForm(FormModel& form) override { form.Visible = false; }
+    void refreshForm(FormModel&) override {}
+    void setMousePointer(int) override {}
+    void doEvents() override {}
+    QDateTime now() override { return QDateTime::currentDateTime(); }
+    QString getSetting(const QString&, const QString& section, const QString& key, const QString& def) override
+    {
+        auto it = m_settings.find(section + key);
+        return it == m_settings.end() ? def : it->second;
+    }
+    void saveSetting(const QString&, const QString& section, const QString& key, const QString& value) override
+    {
+        m_settings[section + key] = value;
+    }
+    QString systemLocaleName() override { return QStringLiteral("zh_TW"); }
+    [[noreturn]] void endProcess(int status) override { std::exit(status); }
+
+private:
+    std::map<QString, QString> m_settings;
+};
