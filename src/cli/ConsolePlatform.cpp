@@ -1,0 +1,215 @@
+#include "ConsolePlatform.h"
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include <unistd.h>
+
+#include <QLocale>
+#include <QSettings>
+
+#include "FormModel.h"
+
+namespace {
+
+struct Button
+{
+    QString word;
+    int answer;
+};
+
+// The buttons of the button sets the program uses, in the order a box shows them.
+std::vector<Button> ButtonsOf(int flags)
+{
+    switch (flags & MsgBox::ButtonMask) {
+    case MsgBox::OKCancel:
+        return {{QStringLiteral("OK"), MsgBox::OK}, {QStringLiteral("Cancel"), MsgBox::Cancel}};
+    case MsgBox::YesNoCancel:
+        return {{QStringLiteral("Yes"), MsgBox::Yes}, {QStringLiteral("No"), MsgBox::No},
+            {QStringLiteral("Cancel"), MsgBox::Cancel}};
+    case MsgBox::YesNo:
+        return {{QStringLiteral("Yes"), MsgBox::Yes}, {QStringLiteral("No"), MsgBox::No}};
+    default:
+        return {{QStringLiteral("OK"), MsgBox::OK}};
+    }
+}
+
+QString IconWord(int flags)
+{
+    switch (flags & MsgBox::IconMask) {
+    case MsgBox::Critical:
+        return QStringLiteral("error: ");
+    case MsgBox::Exclamation:
+        return QStringLiteral("warning: ");
+    case MsgBox::Information:
+        return QStringLiteral("info: ");
+    default:
+        return QString();
+    }
+}
+
+const Button* FindButton(const std::vector<Button>& buttons, int answer)
+{
+    for (const Button& button : buttons)
+        if (button.answer == answer)
+            return &button;
+    return nullptr;
+}
+
+// The preset's button: Yes, else OK, else the first; or No, else Cancel, else the last.
+const Button& PresetButton(const std::vector<Button>& buttons, bool yes)
+{
+    const std::array<int, 2> preferred = yes ? std::array<int, 2> {MsgBox::Yes, MsgBox::OK}
+                                             : std::array<int, 2> {MsgBox::No, MsgBox::Cancel};
+    for (int answer : preferred)
+        if (const Button* button = FindButton(buttons, answer))
+            return *button;
+    return yes ? buttons.front() : buttons.back();
+}
+
+// With nobody to answer, a question counts as Cancel where the box has it, else as No.
+const Button& UnansweredButton(const std::vector<Button>& buttons)
+{
+    for (int answer : {MsgBox::Cancel, MsgBox::No})
+        if (const Button* button = FindButton(buttons, answer))
+            return *button;
+    return buttons.back();
+}
+
+// A typed answer: the button's word or its first letter, in any case.
+const Button* ParseAnswer(const std::vector<Button>& buttons, const QString& typed)
+{
+    const QString word = typed.trimmed();
+    if (word.isEmpty())
+        return nullptr;
+    for (const Button& button : buttons)
+        if (button.word.compare(word, Qt::CaseInsensitive) == 0
+            || (word.size() == 1 && button.word.at(0).toLower() == word.at(0).toLower()))
+            return &button;
+    return nullptr;
+}
+
+} // namespace
+
+void PrintError(const QString& line)
+{
+    std::fputs((line + QLatin1Char('\n')).toUtf8().constData(), stderr);
+    std::fflush(stderr);
+}
+
+void PrintOutput(const QString& line)
+{
+    std::fputs((line + QLatin1Char('\n')).toUtf8().constData(), stdout);
+}
+
+int ConsolePlatform::msgBox(const QString& text, int flags, const QString& title)
+{
+    PrintError(IconWord(flags) + QLatin1Char('[') + title + QStringLiteral("] ") + text);
+
+    const std::vector<Button> buttons = ButtonsOf(flags);
+    if (buttons.size() == 1)
+        return buttons.front().answer;
+
+    QStringList words;
+    for (const Button& button : buttons)
+        words << button.word;
+    const QString question = words.join(QLatin1Char('/')) + QStringLiteral("? ");
+
+    if (m_preset != Preset::Ask) {
+        const Button& button = PresetButton(buttons, m_preset == Preset::Yes);
+        PrintError(question + button.word);
+        return button.answer;
+    }
+    // A terminal echoes what is typed; from a pipe the answer is echoed here, so that the
+    // output reads as the session went.
+    const bool echo = !isatty(fileno(stdin));
+    for (;;) {
+        std::fputs(question.toUtf8().constData(), stderr);
+        std::string line;
+        if (!m_stdinClosed)
+            m_stdinClosed = !std::getline(std::cin, line);
+        if (m_stdinClosed) {
+            const Button& button = UnansweredButton(buttons);
+            PrintError(button.word + QStringLiteral(" (no input)"));
+            return button.answer;
+        }
+        const QString typed = QString::fromStdString(line);
+        if (echo)
+            PrintError(typed);
+        if (const Button* button = ParseAnswer(buttons, typed))
+            return button->answer;
+    }
+}
+
+std::optional<QString> ConsolePlatform::takeDialogPath()
+{
+    std::optional<QString> path = nextDialogPath;
+    nextDialogPath.reset();
+    return path;
+}
+
+std::optional<QString> ConsolePlatform::showOpen(const FileDialogOptions&)
+{
+    return takeDialogPath();
+}
+
+std::optional<QString> ConsolePlatform::showSave(const FileDialogOptions&)
+{
+    return takeDialogPath();
+}
+
+void ConsolePlatform::showModal(FormModel& form)
+{
+    form.Visible = true;
+}
+
+void ConsolePlatform::showModeless(FormModel& form)
+{
+    form.Visible = true;
+}
+
+void ConsolePlatform::hideForm(FormModel& form)
+{
+    form.Visible = false;
+}
+
+void ConsolePlatform::refreshForm(FormModel&) { }
+
+void ConsolePlatform::setMousePointer(int) { }
+
+void ConsolePlatform::doEvents() { }
+
+QDateTime ConsolePlatform::now()
+{
+    return QDateTime::currentDateTime();
+}
+
+QString ConsolePlatform::getSetting(
+    const QString& appName, const QString& section, const QString& key, const QString& defaultValue)
+{
+    QSettings settings(QStringLiteral("VORNA"), appName);
+    return settings.value(section + QLatin1Char('/') + key, defaultValue).toString();
+}
+
+void ConsolePlatform::saveSetting(
+    const QString& appName, const QString& section, const QString& key, const QString& value)
+{
+    QSettings settings(QStringLiteral("VORNA"), appName);
+    settings.setValue(section + QLatin1Char('/') + key, value);
+}
+
+QString ConsolePlatform::systemLocaleName()
+{
+    return QLocale::system().name();
+}
+
+void ConsolePlatform::endProcess(int status)
+{
+    std::fflush(stdout);
+    std::fflush(stderr);
+    std::exit(status);
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <optional>
+
+#include "Platform.h"
+
+// The platform port for a terminal: boxes are printed to stderr, questions are answered
+// from the command line (--yes, --no) or read from stdin, and the file dialogs return the
+// path that the command was given.
+class ConsolePlatform : public Platform
+{
+public:
+    // How questions are answered: asked on stdin, or answered Yes (or OK), or No.
+    enum class Preset { Ask, Yes, No };
+
+    explicit ConsolePlatform(Preset preset = Preset::Ask)
+        : m_preset(preset)
+    { }
+
+    // What the next file dialog returns. It is taken by that dialog, so a dialog shown
+    // again (after a No to the replace question) comes back cancelled.
+    std::optional<QString> nextDialogPath;
+
+    int msgBox(const QString& text, int flags, const QString& title) override;
+    std::optional<QString> showOpen(const FileDialogOptions& options) override;
+    std::optional<QString> showSave(const FileDialogOptions& options) override;
+    void showModal(FormModel& form) override;
+    void showModeless(FormModel& form) override;
+    void hideForm(FormModel& form) override;
+    void refreshForm(FormModel& form) override;
+    void setMousePointer(int pointer) override;
+    void doEvents() override;
+    QDateTime now() override;
+    QString getSetting(const QString& appName, const QString& section, const QString& key,
+        const QString& defaultValue) override;
+    void saveSetting(
+        const QString& appName, const QString& section, const QString& key, const QString& value) override;
+    QString systemLocaleName() override;
+    [[noreturn]] void endProcess(int status) override;
+
+private:
+    std::optional<QString> takeDialogPath();
+
+    Preset m_preset;
+    bool m_stdinClosed = false;
+};
+
+// Write a line as UTF-8, with its line end, at once.
+void PrintError(const QString& line);
+void PrintOutput(const QString& line);

@@ -1,0 +1,10 @@
+#include "ConsoleView.h"
+
+#include "ConsolePlatform.h"
+
+void ConsoleView::setStatusText(const QString& panelKey, const QString& text)
+{
+    // An empty text only clears the panel: nothing to tell on a terminal.
+    if (m_verbose && !text.isEmpty())
+        PrintError(panelKey + QStringLiteral(": ") + text);
+}

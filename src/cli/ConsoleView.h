@@ -1,0 +1,22 @@
+#pragma once
+
+#include "ProjectView.h"
+
+// What the project operations ask of the main window, for a terminal: there is no tree
+// or list to keep up, so only the status texts remain, printed when asked for.
+class ConsoleView : public ProjectView
+{
+public:
+    explicit ConsoleView(bool verbose)
+        : m_verbose(verbose)
+    { }
+
+    void RefreshFormObj() override { }
+    void mkRecentFilePathMenu() override { }
+    void setStatusText(const QString& panelKey, const QString& text) override;
+    void setMousePointer(int) override { }
+    WindowPlacement windowPlacement() const override { return {}; }
+
+private:
+    bool m_verbose;
+};
