@@ -1,0 +1,273 @@
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include "TestFolder.h"
+
+namespace {
+
+// In every text below, "{ROOT}" stands for the installation's root, which is also the
+// children's working directory: the paths on their command lines are relative to it.
+const QString Root = QStringLiteral("{ROOT}");
+
+// One run of the program and what it must give.
+struct CliRun
+{
+    CliRun(QStringList args, int status = 0, QStringList outHas = {}, QStringList errHas = {},
+        std::optional<QString> outIs = {}, const char* input = nullptr)
+        : args(std::move(args))
+        , status(status)
+        , outHas(std::move(outHas))
+        , errHas(std::move(errHas))
+        , outIs(std::move(outIs))
+        , input(input)
+    { }
+    QStringList args; // after "--dir VORNA"
+    int status;
+    QStringList outHas;
+    QStringList errHas;
+    std::optional<QString> outIs;
+    const char* input; // stdin; nothing means it is closed at once
+};
+
+struct Scenario
+{
+    const char* name;
+    const char* locale; // LANG and LC_ALL of every run
+    std::function<void(const TestFolder&)> prepare;
+    std::vector<CliRun> runs;
+    QStringList present; // files under the root after the last run
+    QStringList absent;
+};
+
+struct Result
+{
+    int status = -1;
+    QString out;
+    QString err;
+};
+
+const char* const TraditionalChinese = "zh_TW.UTF-8";
+const char* const English = "en_US.UTF-8";
+
+Result RunCli(const QString& root, const char* locale, const QStringList& args, const char* input)
+{
+    QProcess process;
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(QStringLiteral("LANG"), QString::fromLatin1(locale));
+    env.insert(QStringLiteral("LC_ALL"), QString::fromLatin1(locale));
+    // The settings store stays inside the test's folder.
+    env.insert(QStringLiteral("XDG_CONFIG_HOME"), root + QStringLiteral("/config"));
+    process.setProcessEnvironment(env);
+    process.setWorkingDirectory(root);
+    process.start(QStringLiteral(VORNA_CLI_PATH),
+        QStringList {QStringLiteral("--dir"), QStringLiteral("VORNA")} + args);
+    if (!process.waitForStarted())
+        return {};
+    if (input)
+        process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(30000)) {
+        process.kill();
+        process.waitForFinished();
+        return {};
+    }
+    Result result;
+    result.status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    result.out = QString::fromUtf8(process.readAllStandardOutput());
+    result.err = QString::fromUtf8(process.readAllStandardError());
+    return result;
+}
+
+void WriteFile(const TestFolder& folder, const QString& relative, const QByteArray& bytes)
+{
+    QFile file(QDir(folder.root()).filePath(relative));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+CliRun Usage(QStringList args)
+{
+    return {std::move(args), 2, {}, {QStringLiteral("usage: vorna-cli")}};
+}
+
+std::vector<Scenario> Scenarios()
+{
+    const QString a = QStringLiteral("Project/A.cmb");
+    const QString b = QStringLiteral("Project/B.cmb");
+    const QString aAbs = Root + QStringLiteral("/Project/A.cmb");
+    const QString bAbs = Root + QStringLiteral("/Project/B.cmb");
+    auto cmd = [](std::initializer_list<const char*> words) {
+        QStringList list;
+        for (const char* word : words)
+            list << QString::fromUtf8(word);
+        return list;
+    };
+    const CliRun newA {cmd({"new", "Project/A.cmb"})};
+    const CliRun newB {cmd({"new", "Project/B.cmb"})};
+
+    return {
+        {"new_then_info_shows_the_template", TraditionalChinese, {},
+            {newA,
+                {cmd({"--verbose", "info", "Project/A.cmb"}), 0,
+                    {QStringLiteral("Project: A\n"), QStringLiteral("File: ") + aAbs + QStringLiteral("\n"),
+                        QStringLiteral("Model: RM64MT\n"), QStringLiteral("MaxTelNo: 128\n"),
+                        QStringLiteral("MaxMemoryByte: 16384\n"), QStringLiteral("Groups: 1\n"),
+                        QStringLiteral("Contacts: 0\n"), QStringLiteral("Zones: 64\n"),
+                        // New writes its date into the working copy only, and nothing commits it.
+                        QStringLiteral("Created: \nModified: \n")},
+                    {QStringLiteral("Status: 專案[A]開啟中..."),
+                        QStringLiteral("Status: 專案[A]關閉中...")}}},
+            {a}, {QStringLiteral("Project/A.mir")}},
+
+        {"missing_file_in_traditional_chinese", TraditionalChinese, {},
+            {{cmd({"info", "Project/None.cmb"}), 1, {},
+                {QStringLiteral("error: [專案開啟失敗] 本專案檔案路徑[") + Root
+                    + QStringLiteral("/Project/None.cmb]不存在。")}}},
+            {}, {}},
+
+        {"missing_file_in_english", English, {},
+            {{cmd({"info", "Project/None.cmb"}), 1, {},
+                {QStringLiteral("error: [Project Open Failed] The project file path [") + Root
+                    + QStringLiteral("/Project/None.cmb] does not exist.")}}},
+            {}, {}},
+
+        {"extension_test_is_case_sensitive", TraditionalChinese,
+            [](const TestFolder& folder) {
+                ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")),
+                    QDir(folder.root()).filePath(QStringLiteral("Project/A.CMB"))));
+            },
+            {{cmd({"info", "Project/A.CMB"}), 1, {},
+                {QStringLiteral("[本專案無法執行] 本專案無法開啟！\n因為專案檔名[A.CMB]不屬於[.cmb]")}}},
+            {}, {QStringLiteral("Project/A.mir")}},
+
+        {"cmb_that_is_no_database_is_unhandled", English,
+            [](const TestFolder& folder) {
+                WriteFile(folder, QStringLiteral("Project/Bad.cmb"), "not a database\n");
+            },
+            {{cmd({"info", "Project/Bad.cmb"}), 3, {}, {QStringLiteral("\nvorna-cli: ")}}}, {}, {}},
+
+        {"new_without_cmb_extension_is_unhandled", English, {},
+            {{cmd({"new", "Project/D.txt"}), 3, {},
+                {QStringLiteral("This project cannot be opened!"), QStringLiteral("\nvorna-cli: ")}}},
+            {QStringLiteral("Project/D.txt")}, {}},
+
+        {"usage_errors", English, {},
+            {Usage({}), Usage(cmd({"frobnicate"})), Usage(cmd({"info"})),
+                Usage(cmd({"info", "x.cmb", "y.cmb"})), Usage(cmd({"save-as", "Project/A.cmb"})),
+                Usage(cmd({"recent", "x"})), Usage(cmd({"--yes", "--no", "recent"})),
+                Usage(cmd({"--frob", "recent"})), Usage(cmd({"info", ""})), Usage(cmd({"recent", "--dir"}))},
+            {}, {}},
+
+        {"help", English, {}, {{cmd({"--help"}), 0, {QStringLiteral("usage: vorna-cli")}}}, {}, {}},
+
+        {"new_over_existing_answered_no_is_cancelled", TraditionalChinese, {},
+            {newA,
+                {cmd({"--no", "new", "Project/A.cmb"}), 1, {},
+                    {QStringLiteral("warning: [此檔案已經存在] 檔案[") + aAbs + QStringLiteral("]已經存在"),
+                        QStringLiteral("Yes/No? No\n")}},
+                // With no input the question counts as No, and the dialog shown again is cancelled.
+                {cmd({"new", "Project/A.cmb"}), 1, {}, {QStringLiteral("Yes/No? No (no input)\n")}}},
+            {a}, {QStringLiteral("Project/A.mir")}},
+
+        {"new_over_existing_answered_yes", English, {},
+            {newA, {cmd({"--yes", "new", "Project/A.cmb"}), 0, {}, {QStringLiteral("Yes/No? Yes\n")}},
+                // An answer that is no button is asked again.
+                {cmd({"new", "Project/A.cmb"}), 0, {}, {QStringLiteral("Yes/No? maybe\nYes/No? y\n")}, {},
+                    "maybe\ny\n"}},
+            {a}, {QStringLiteral("Project/A.mir")}},
+
+        {"recent_list_carries_over_newest_first", English, {},
+            {newA, newB,
+                {cmd({"recent"}), 0, {}, {}, bAbs + QStringLiteral("\n") + aAbs + QStringLiteral("\n")},
+                {cmd({"info", "Project/A.cmb"})},
+                {cmd({"recent"}), 0, {}, {}, aAbs + QStringLiteral("\n") + bAbs + QStringLiteral("\n")}},
+            {}, {}},
+
+        {"save_as_makes_and_opens_the_new_file", English, {},
+            {newA, {cmd({"save-as", "Project/A.cmb", "Project/B.cmb"})},
+                {cmd({"info", "Project/B.cmb"}), 0,
+                    {QStringLiteral("Project: B\n"), QStringLiteral("Zones: 64\n")}},
+                {cmd({"recent"}), 0, {}, {}, bAbs + QStringLiteral("\n") + aAbs + QStringLiteral("\n")}},
+            {a, b}, {QStringLiteral("Project/A.mir"), QStringLiteral("Project/B.mir")}},
+
+        {"save_as_over_existing_answered_no_is_cancelled", English, {},
+            {newA, newB,
+                {cmd({"--no", "save-as", "Project/A.cmb", "Project/B.cmb"}), 1, {},
+                    {QStringLiteral("[File already exists] File [") + bAbs
+                        + QStringLiteral("] already exists.")}}},
+            {a, b}, {QStringLiteral("Project/A.mir"), QStringLiteral("Project/B.mir")}},
+
+        {"save_as_without_cmb_extension_leaves_no_project", English, {},
+            {newA,
+                {cmd({"save-as", "Project/A.cmb", "Project/C.txt"}), 1, {},
+                    {QStringLiteral("[Project Cannot Be Used] This project cannot be opened!")}}},
+            {a, QStringLiteral("Project/C.txt")}, {QStringLiteral("Project/A.mir")}},
+
+        {"missing_profile_ends_the_start", English,
+            [](const TestFolder& folder) {
+                ASSERT_TRUE(QFile::remove(folder.path(QStringLiteral("VORNA.set"))));
+            },
+            {{cmd({"recent"}), 1, {},
+                {QStringLiteral("error: [ML system failed] ML system failed!\nFile [")}}},
+            {}, {}},
+    };
+}
+
+// Names the scenario in test listings instead of dumping its bytes.
+void PrintTo(const Scenario& scenario, std::ostream* os)
+{
+    *os << scenario.name;
+}
+
+class VornaCliTest : public ::testing::TestWithParam<Scenario>
+{ };
+
+TEST_P(VornaCliTest, RunsAsScripted)
+{
+    const Scenario& scenario = GetParam();
+    TestFolder folder;
+    const QString root = QDir(folder.root()).canonicalPath();
+    auto expand = [&root](QString text) { return text.replace(Root, root); };
+    if (scenario.prepare)
+        scenario.prepare(folder);
+    ASSERT_FALSE(::testing::Test::HasFatalFailure());
+
+    for (std::size_t i = 0; i < scenario.runs.size(); ++i) {
+        const CliRun& run = scenario.runs[i];
+        QStringList args;
+        for (const QString& arg : run.args)
+            args << expand(arg);
+        SCOPED_TRACE(
+            "run " + std::to_string(i + 1) + ": vorna-cli " + args.join(QLatin1Char(' ')).toStdString());
+        const Result result = RunCli(root, scenario.locale, args, run.input);
+        const std::string output
+            = "stdout:\n" + result.out.toStdString() + "stderr:\n" + result.err.toStdString();
+        EXPECT_EQ(result.status, run.status) << output;
+        for (const QString& text : run.outHas)
+            EXPECT_TRUE(result.out.contains(expand(text))) << "missing " << expand(text).toStdString() << "\n"
+                                                           << output;
+        for (const QString& text : run.errHas)
+            EXPECT_TRUE(result.err.contains(expand(text))) << "missing " << expand(text).toStdString() << "\n"
+                                                           << output;
+        if (run.outIs) {
+            EXPECT_EQ(result.out.toStdString(), expand(*run.outIs).toStdString());
+        }
+    }
+    for (const QString& file : scenario.present)
+        EXPECT_TRUE(QFile::exists(QDir(root).filePath(file))) << file.toStdString();
+    for (const QString& file : scenario.absent)
+        EXPECT_FALSE(QFile::exists(QDir(root).filePath(file))) << file.toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(cli, VornaCliTest, ::testing::ValuesIn(Scenarios()),
+    [](const ::testing::TestParamInfo<Scenario>& info) { return std::string(info.param.name); });
+
+} // namespace
