@@ -175,7 +175,9 @@ TEST_P(RefusedOpenTest, IsRefusedWithItsBox)
     const QString path = projectPath(QString::fromUtf8(c.fileName));
     if (c.create)
         QFile(path).open(QIODevice::WriteOnly);
-    platform.expectBox(MsgBox::Critical, QString::fromUtf8(c.text).arg(path, QString::fromUtf8(c.fileName)),
+    QString text = QString::fromUtf8(c.text);
+    text.replace(QStringLiteral("%1"), path).replace(QStringLiteral("%2"), QString::fromUtf8(c.fileName));
+    platform.expectBox(MsgBox::Critical, text,
                        QString::fromUtf8(c.title));
     EXPECT_FALSE(OpenProject(g, path));
     EXPECT_TRUE(g.ProjectName.isEmpty());
@@ -287,6 +289,22 @@ TEST_F(CoreTest, SaveIntoAReadOnlyFolderShowsItsBoxAndLeavesTheProjectFileAlone)
     // The tables stay closed with the project still named: the next use is fatal.
     EXPECT_FALSE(g.ProjectName.isEmpty());
     EXPECT_THROW(g.rsUserGroups.MoveFirst(), UnhandledError);
+}
+
+TEST_F(CoreTest, ASaveThatCannotReplaceTheProjectFileLeavesTheProjectBroken)
+{
+    start();
+    const QString path = newProject();
+    addGroup(QStringLiteral("Guards"));
+    // Something that is not a file now stands where the project file was.
+    QFile::remove(path);
+    QDir().mkpath(path + QStringLiteral("/in the way"));
+    platform.expectBox(MsgBox::Critical, QStringLiteral("儲存專案失敗。\n專案檔案[") + path + QStringLiteral("]檔案無法儲存。"),
+                       QStringLiteral("儲存專案失敗"));
+    EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
+    EXPECT_TRUE(QFileInfo(path).isDir());
+    EXPECT_EQ(QDir(folder.projectDir()).entryList(QDir::Files), QStringList{QStringLiteral("Project1.mir")});
+    EXPECT_THROW(g.rsBasic.Fields(QStringLiteral("ModifiedDate")), UnhandledError);
 }
 
 TEST_F(CoreTest, ACommitKilledMidwayLeavesTheProjectFileWhole)

@@ -22,7 +22,8 @@ TEST_P(RecentListTest, KeepsTheNewestFirstAndWritesTheTableAtOnce)
         ++g.MRUCount;
         g.MRUFilePath(g.MRUCount) = p;
     }
-    SaveMRUList(g);
+    if (g.MRUCount > 0)
+        SaveMRUList(g);
     view.recentMenuCount = 0;
 
     AddMRUFilePath(g, c.opened);

@@ -104,8 +104,9 @@ int ScriptedPlatform::msgBox(const QString& text, int flags, const QString& titl
     Expectation e = m_expected.front();
     m_expected.pop_front();
     EXPECT_EQ(e.flags, flags) << "box: " << text.toStdString();
-    if (!e.anyText)
+    if (!e.anyText) {
         EXPECT_EQ(e.text.toStdString(), text.toStdString());
+    }
     EXPECT_EQ(e.title.toStdString(), title.toStdString());
     EXPECT_TRUE(answerFitsButtons(flags, e.answer))
         << "answer " << e.answer << " is not a button of the box shown (flags " << flags << ")";
