@@ -1,0 +1,155 @@
+#include "FileUtil.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
+
+#include "UnhandledError.h"
+
+namespace {
+
+bool WriteAll(int fd, const char* data, qint64 size)
+{
+    while (size > 0) {
+        const ssize_t n = ::write(fd, data, size_t(size));
+        if (n < 0) {
+            if (errno == EINTR)
+                continue;
+            return false;
+        }
+        data += n;
+        size -= n;
+    }
+    return true;
+}
+
+// Makes a rename inside the folder durable. Some file systems refuse fsync on a folder;
+// the rename has happened by then, so that is not a failure of the copy.
+void SyncFolder(const QString& Folder)
+{
+    const int fd = ::open(QFile::encodeName(Folder).constData(), O_RDONLY | O_DIRECTORY);
+    if (fd < 0)
+        return;
+    ::fsync(fd);
+    ::close(fd);
+}
+
+} // namespace
+
+QString NativePath(const QString& BackslashPath)
+{
+    QString p = BackslashPath;
+    p.replace(u'\\', u'/');
+    return QDir::toNativeSeparators(p);
+}
+
+QString AbsolutePath(const QString& FilePath)
+{
+    return QDir::toNativeSeparators(QDir::cleanPath(QDir::current().absoluteFilePath(NativePath(FilePath))));
+}
+
+bool FileExists(const QString& FilePath)
+{
+    if (FilePath.isEmpty())
+        return false;
+    const QFileInfo info(AbsolutePath(FilePath));
+    return info.exists() && !info.isDir();
+}
+
+void DeleteFile(const QString& FilePath)
+{
+    if (!FileExists(FilePath))
+        return;
+    if (!QFile::remove(AbsolutePath(FilePath)))
+        throw UnhandledError(QStringLiteral("Permission denied"));
+}
+
+QString ReadTextFile(const QString& FilePath)
+{
+    if (!FileExists(FilePath))
+        return QString();
+    QFile file(AbsolutePath(FilePath));
+    if (!file.open(QIODevice::ReadOnly))
+        throw UnhandledError(QStringLiteral("Permission denied"));
+    return QString::fromLocal8Bit(file.readAll());
+}
+
+int WriteTextFile(const QString& Text, const QString& FilePath)
+{
+    const QString path = AbsolutePath(FilePath);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        if (!QFileInfo(path).absoluteDir().exists())
+            throw UnhandledError(QStringLiteral("Path not found"));
+        throw UnhandledError(QStringLiteral("Permission denied"));
+    }
+    const QByteArray bytes = Text.toLocal8Bit();
+    if (file.write(bytes) != bytes.size())
+        throw UnhandledError(QStringLiteral("Disk full"));
+    return int(Text.length());
+}
+
+bool FileCopy(const QString& Source, const QString& Destination, const std::function<void()>& beforeRename)
+{
+    const QString source = AbsolutePath(Source);
+    const QString destination = AbsolutePath(Destination);
+    QFile in(source);
+    if (!QFileInfo(source).isFile() || !in.open(QIODevice::ReadOnly))
+        return false;
+
+    const QFileInfo destInfo(destination);
+    const QString folder = destInfo.absolutePath();
+    QTemporaryFile temp(folder + QStringLiteral("/.") + destInfo.fileName() + QStringLiteral(".XXXXXX"));
+    temp.setAutoRemove(true);
+    if (!temp.open())
+        return false;
+    // The copy takes the permissions the destination had, or the source's for a new file.
+    temp.setPermissions(destInfo.exists() ? destInfo.permissions() : QFileInfo(source).permissions());
+
+    const int fd = temp.handle();
+    while (!in.atEnd()) {
+        const QByteArray chunk = in.read(1 << 20);
+        if (chunk.isEmpty() && in.error() != QFileDevice::NoError)
+            return false;
+        if (!WriteAll(fd, chunk.constData(), chunk.size()))
+            return false;
+    }
+    if (::fsync(fd) != 0)
+        return false;
+
+    if (beforeRename)
+        beforeRename();
+
+    if (::rename(QFile::encodeName(temp.fileName()).constData(), QFile::encodeName(destination).constData())
+        != 0)
+        return false;
+    temp.setAutoRemove(false);
+    SyncFolder(folder);
+    return true;
+}
+
+QString JoinPath(const QString& Folder, const QString& Name)
+{
+    if (Folder.isEmpty())
+        return Name;
+    if (Folder.endsWith(u'/') || Folder.endsWith(u'\\') || Folder.endsWith(QDir::separator()))
+        return Folder + Name;
+    return Folder + QDir::separator() + Name;
+}
+
+QString CurDir()
+{
+    return QDir::toNativeSeparators(QDir::currentPath());
+}
+
+void ChDir(const QString& Folder)
+{
+    if (!QDir::setCurrent(NativePath(Folder)))
+        throw UnhandledError(QStringLiteral("Path not found"));
+}

@@ -4,7 +4,8 @@
 
 #include <QString>
 
-// File wrappers. Relative paths are taken against the current directory.
+// File wrappers. Relative paths are taken against the current directory, and '\' counts
+// as a separator as well as the platform's own.
 bool FileExists(const QString& FilePath);
 // No effect when the file is absent.
 void DeleteFile(const QString& FilePath);
@@ -17,8 +18,8 @@ int WriteTextFile(const QString& Text, const QString& FilePath);
 // the bytes go to a temporary file in Destination's folder, are flushed to disk, and
 // the temporary file is then renamed over Destination. Returns false on any failure,
 // with Destination as it was. beforeRename is a test hook run just before the rename.
-bool FileCopy(const QString& Source, const QString& Destination,
-              const std::function<void()>& beforeRename = {});
+bool FileCopy(
+    const QString& Source, const QString& Destination, const std::function<void()>& beforeRename = {});
 
 // Joins a folder and a name with the platform's separator.
 QString JoinPath(const QString& Folder, const QString& Name);
@@ -26,6 +27,9 @@ QString JoinPath(const QString& Folder, const QString& Name);
 // The platform's form of a path written with '\' separators ("..\Project").
 QString NativePath(const QString& BackslashPath);
 
-// The process's current directory, and ChDir.
+// The absolute form of a path, relative to the current directory, in the platform's form.
+QString AbsolutePath(const QString& FilePath);
+
+// The process's current directory, and ChDir (a missing folder is an unhandled error).
 QString CurDir();
 void ChDir(const QString& Folder);
