@@ -1,0 +1,598 @@
+#include <array>
+#include <functional>
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+
+#include "ADOUtil.h"
+#include "ScriptedPlatform.h"
+#include "UnhandledError.h"
+#include "VBUtil.h"
+
+namespace {
+
+// A test name from a case's description.
+std::string CaseName(const char* name)
+{
+    std::string n = name;
+    for (char& ch : n)
+        if (!std::isalnum(static_cast<unsigned char>(ch)))
+            ch = '_';
+    return n;
+}
+
+const QStringList Schema = {
+    "CREATE TABLE UserGroups (GroupName TEXT, GroupDsc TEXT)",
+    "INSERT INTO UserGroups VALUES ('G1', 'first'), ('G2', NULL), ('G3', 'third')",
+    "CREATE TABLE Users (UserName TEXT, PhoneNumber TEXT, IsDisable BOOLEAN DEFAULT 0, GroupName TEXT)",
+    "CREATE TABLE Zones (ZoneNo INTEGER PRIMARY KEY, ZoneName TEXT, IsDisable BOOLEAN)",
+    "INSERT INTO Zones VALUES (3, 'Z3', 0), (1, 'Z1', 1), (2, 'Z2', 0)",
+    "CREATE TABLE Basic (DeviceModelName TEXT, CreatedDate DATE, Ratio DOUBLE, Count INTEGER)",
+    "INSERT INTO Basic VALUES ('RM64', '2020-01-02', 1.5, 4)",
+};
+
+// Runs statements on a database file through a QtSql connection of the test's own.
+void RunSql(const QString& path, const QStringList& statements)
+{
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "fixture");
+        db.setDatabaseName(path);
+        ASSERT_TRUE(db.open());
+        QSqlQuery q(db);
+        q.exec("PRAGMA synchronous=OFF"); // the fixture's own writes need no fsync either
+        for (const QString& s : statements)
+            ASSERT_TRUE(q.exec(s)) << s.toStdString();
+    }
+    QSqlDatabase::removeDatabase("fixture");
+}
+
+QVariant StoredValue(const QString& path, const QString& sql)
+{
+    QVariant v;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "fixture");
+        db.setDatabaseName(path);
+        db.open();
+        QSqlQuery q(db);
+        if (q.exec(sql) && q.next())
+            v = q.value(0);
+    }
+    QSqlDatabase::removeDatabase("fixture");
+    return v;
+}
+
+// The rows seen from the first to the end, on a clone so that rs does not move.
+QStringList Walk(const Recordset& rs, const QString& field)
+{
+    QStringList seen;
+    Recordset c = rs.Clone();
+    if (c.IsEOF() && c.IsBOF())
+        return seen;
+    for (c.MoveFirst(); !c.IsEOF(); c.MoveNext())
+        seen << NullToEmpty(c.Fields(field));
+    return seen;
+}
+
+// Where the cursor stands, as a word: the field's text, "<EOF>", "<BOF>" or "<deleted>".
+QString Where(const Recordset& rs, const QString& field)
+{
+    if (rs.IsEOF())
+        return "<EOF>";
+    if (rs.IsBOF())
+        return "<BOF>";
+    try {
+        return NullToEmpty(rs.Fields(field));
+    } catch (const UnhandledError&) {
+        return "<deleted>";
+    }
+}
+
+class StoreTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(dir.isValid());
+        path = dir.filePath("test.mir");
+        RunSql(path, Schema);
+        reopen();
+    }
+    void TearDown() override
+    {
+        if (conn.State() == 1)
+            conn.Close();
+        EXPECT_TRUE(platform.allExpectationsMet());
+    }
+    void reopen()
+    {
+        if (conn.State() == 1)
+            conn.Close();
+        conn = OpenMDBConn(platform, path, "", "");
+        ASSERT_EQ(conn.State(), 1);
+    }
+    Recordset open(const QString& source)
+    {
+        Recordset rs = OpenRecordset(conn, source, false);
+        EXPECT_EQ(rs.State(), 1) << source.toStdString();
+        return rs;
+    }
+
+    QTemporaryDir dir;
+    QString path;
+    ScriptedPlatform platform;
+    Connection conn;
+};
+
+struct CursorCase
+{
+    const char* name;
+    std::function<void(Recordset& rs)> act;
+    QStringList rows; // GroupName of every row afterwards, in order
+    QString current;  // where rs stands afterwards
+};
+
+const std::array CursorCases = {
+    CursorCase {"AddNew and Update append and stand on the new row",
+        [](Recordset& rs) {
+            rs.AddNew();
+            rs.setField("GroupName", "G4");
+            rs.Update();
+        },
+        {"G1", "G2", "G3", "G4"}, "G4"},
+    CursorCase {"AddNew commits the row under edit",
+        [](Recordset& rs) {
+            rs.AddNew();
+            rs.setField("GroupName", "G4");
+            rs.AddNew();
+            rs.setField("GroupName", "G5");
+            rs.Update();
+        },
+        {"G1", "G2", "G3", "G4", "G5"}, "G5"},
+    CursorCase {"moving off an edited row commits it",
+        [](Recordset& rs) {
+            rs.setField("groupname", "X1");
+            rs.MoveNext();
+        },
+        {"X1", "G2", "G3"}, "G2"},
+    CursorCase {"moving off a new row commits it",
+        [](Recordset& rs) {
+            rs.AddNew();
+            rs.setField("GroupName", "G4");
+            rs.MoveFirst();
+        },
+        {"G1", "G2", "G3", "G4"}, "G1"},
+    CursorCase {"a new row not yet committed is not in the table",
+        [](Recordset& rs) {
+            rs.AddNew();
+            rs.setField("GroupName", "G4");
+        },
+        {"G1", "G2", "G3"}, "G4"},
+    CursorCase {"Delete leaves the cursor on the deleted row",
+        [](Recordset& rs) {
+            rs.MoveNext();
+            rs.Delete();
+        },
+        {"G1", "G3"}, "<deleted>"},
+    CursorCase {"MoveNext after Delete goes to the following row",
+        [](Recordset& rs) {
+            rs.MoveNext();
+            rs.Delete();
+            rs.MoveNext();
+        },
+        {"G1", "G3"}, "G3"},
+    CursorCase {"MovePrevious after Delete goes to the row before",
+        [](Recordset& rs) {
+            rs.MoveNext();
+            rs.Delete();
+            rs.MovePrevious();
+        },
+        {"G1", "G3"}, "G1"},
+    CursorCase {"deleting the last row and moving on reaches end of file",
+        [](Recordset& rs) {
+            rs.MoveLast();
+            rs.Delete();
+            rs.MoveNext();
+        },
+        {"G1", "G2"}, "<EOF>"},
+    CursorCase {"a row keeps its position while others are added and deleted",
+        [](Recordset& rs) {
+            rs.MoveNext();
+            Recordset other = rs.Clone();
+            other.Delete(); // G1, the clone's first row
+            other.AddNew();
+            other.setField("GroupName", "G4");
+            other.Update();
+            rs.MoveNext();
+        },
+        {"G2", "G3", "G4"}, "G3"},
+    CursorCase {"deleting every row and moving gives an empty table",
+        [](Recordset& rs) {
+            while (!rs.IsEOF()) {
+                rs.Delete();
+                rs.MoveNext();
+            }
+        },
+        {}, "<EOF>"},
+};
+
+class CursorSemantics : public StoreTest, public ::testing::WithParamInterface<CursorCase>
+{ };
+
+TEST_P(CursorSemantics, RowsAndPositionAreLiveInTheFile)
+{
+    const CursorCase& c = GetParam();
+    Recordset rs = open("UserGroups");
+    c.act(rs);
+    EXPECT_EQ(Walk(rs, "GroupName"), c.rows);
+    EXPECT_EQ(Where(rs, "GroupName"), c.current);
+    EXPECT_EQ(GetRecordCount(rs), c.rows.size());
+
+    // Every committed change is in the file already, as a second connection sees it;
+    // a new row not yet committed is not.
+    Connection second = OpenMDBConn(platform, path, "", "");
+    EXPECT_EQ(Walk(OpenRecordset(second, "UserGroups", false), "GroupName"), c.rows);
+    second.Close();
+}
+
+INSTANTIATE_TEST_SUITE_P(Store, CursorSemantics, ::testing::ValuesIn(CursorCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+TEST_F(StoreTest, EmptyTableIsAtBothEndsAndRefusesMoves)
+{
+    Recordset rs = open("Users");
+    EXPECT_TRUE(rs.IsEOF());
+    EXPECT_TRUE(rs.IsBOF());
+    EXPECT_EQ(GetRecordCount(rs), 0);
+    EXPECT_FALSE(FindRecord(rs, "UserName", "", false));
+    EXPECT_THROW(rs.MoveFirst(), UnhandledError);
+    EXPECT_THROW(rs.MoveLast(), UnhandledError);
+    EXPECT_THROW(rs.MoveNext(), UnhandledError);
+    EXPECT_THROW(rs.MovePrevious(), UnhandledError);
+    EXPECT_THROW(rs.Fields("UserName"), UnhandledError);
+    EXPECT_THROW(rs.setField("UserName", "x"), UnhandledError);
+}
+
+TEST_F(StoreTest, MovesStopAtTheEnds)
+{
+    Recordset rs = open("UserGroups");
+    EXPECT_FALSE(rs.IsBOF());
+    EXPECT_EQ(Where(rs, "GroupName"), "G1");
+    rs.MovePrevious();
+    EXPECT_TRUE(rs.IsBOF());
+    EXPECT_FALSE(rs.IsEOF());
+    EXPECT_THROW(rs.MovePrevious(), UnhandledError);
+    EXPECT_THROW(rs.Fields("GroupName"), UnhandledError);
+    rs.MoveNext();
+    EXPECT_EQ(Where(rs, "GroupName"), "G1");
+    rs.MoveLast();
+    EXPECT_EQ(Where(rs, "GroupName"), "G3");
+    rs.MoveNext();
+    EXPECT_TRUE(rs.IsEOF());
+    EXPECT_THROW(rs.MoveNext(), UnhandledError);
+    EXPECT_THROW(rs.Fields(0), UnhandledError);
+    rs.MovePrevious();
+    EXPECT_EQ(Where(rs, "GroupName"), "G3");
+}
+
+TEST_F(StoreTest, CloneMovesOnItsOwnAndSharesTheRows)
+{
+    Recordset rs = open("UserGroups");
+    rs.MoveLast();
+    Recordset clone = rs.Clone();
+    EXPECT_EQ(Where(clone, "GroupName"), "G1"); // a clone starts on the first row
+    clone.MoveNext();
+    EXPECT_EQ(Where(rs, "GroupName"), "G3");
+
+    rs.setField("GroupDsc", "changed");
+    rs.Update();
+    clone.MoveLast();
+    EXPECT_EQ(clone.Fields("GroupDsc").toString(), "changed");
+
+    clone.AddNew();
+    clone.setField("GroupName", "G4");
+    clone.Update();
+    EXPECT_EQ(rs.RecordCount(), 4);
+    rs.MoveNext();
+    EXPECT_EQ(Where(rs, "GroupName"), "G4");
+
+    // A second recordset opened on the same table shares the rows as well.
+    Recordset again = open("usergroups");
+    EXPECT_EQ(Walk(again, "GroupName"), QStringList({"G1", "G2", "G3", "G4"}));
+    again.Delete();
+    clone.MoveFirst();
+    EXPECT_EQ(Where(clone, "GroupName"), "G2");
+}
+
+TEST_F(StoreTest, IntegerKeyTableComesInKeyOrder)
+{
+    Recordset zones = open("Zones");
+    EXPECT_EQ(Walk(zones, "ZoneNo"), QStringList({"1", "2", "3"}));
+    EXPECT_EQ(zones.Fields("ZoneNo").metaType().id(), QMetaType::LongLong);
+
+    // A new key goes to the end while the table is open, to its place once reopened.
+    zones.AddNew();
+    zones.setField("ZoneNo", 0);
+    zones.setField("ZoneName", "Z0");
+    zones.Update();
+    EXPECT_EQ(Walk(zones, "ZoneNo"), QStringList({"1", "2", "3", "0"}));
+    reopen();
+    EXPECT_EQ(Walk(open("Zones"), "ZoneNo"), QStringList({"0", "1", "2", "3"}));
+}
+
+TEST_F(StoreTest, ValuesKeepTheirTypesThroughTheFile)
+{
+    Recordset basic = open("Basic");
+    EXPECT_EQ(basic.Fields("CreatedDate"), QVariant(QDate(2020, 1, 2)));
+    EXPECT_EQ(basic.Fields("Ratio"), QVariant(1.5));
+    EXPECT_EQ(basic.Fields("Count"), QVariant(qlonglong(4)));
+    basic.setField("CreatedDate", QDate(2026, 11, 22));
+    basic.setField("Ratio", "2.25");
+    basic.setField("Count", 7.5);
+    basic.setField("DeviceModelName", QVariant());
+    basic.Update();
+
+    Recordset users = open("Users");
+    users.AddNew();
+    users.setField("UserName", "Ann");
+    users.setField("PhoneNumber", "");
+    users.Update();
+    users.AddNew();
+    users.setField("UserName", "Bob");
+    users.setField("IsDisable", true);
+    users.Update();
+
+    reopen();
+    basic = open("Basic");
+    EXPECT_EQ(basic.Fields("CreatedDate"), QVariant(QDate(2026, 11, 22)));
+    EXPECT_EQ(basic.Fields("Ratio"), QVariant(2.25));
+    EXPECT_EQ(basic.Fields("Count"), QVariant(qlonglong(8))); // half to even
+    EXPECT_TRUE(basic.Fields("DeviceModelName").isNull());
+    EXPECT_EQ(NullToEmpty(basic.Fields("DeviceModelName")), "");
+
+    users = open("Users");
+    EXPECT_EQ(users.Fields("IsDisable"), QVariant(false)); // the store's default
+    EXPECT_FALSE(users.Fields("PhoneNumber").isNull());    // empty text is not null
+    EXPECT_EQ(users.Fields("PhoneNumber").toString(), "");
+    EXPECT_TRUE(users.Fields("GroupName").isNull());
+    users.MoveNext();
+    EXPECT_EQ(users.Fields("IsDisable"), QVariant(true));
+    EXPECT_EQ(users.FieldName(2), "IsDisable");
+    EXPECT_EQ(users.Fields(0).toString(), "Bob");
+    conn.Close();
+
+    EXPECT_EQ(StoredValue(path, "SELECT CreatedDate FROM Basic").toString(), "2026-11-22");
+    EXPECT_EQ(StoredValue(path, "SELECT IsDisable FROM Users WHERE UserName = 'Bob'").toLongLong(), 1);
+}
+
+TEST_F(StoreTest, PendingEditIsCommittedByClose)
+{
+    Recordset rs = open("UserGroups");
+    rs.setField("GroupDsc", "by close");
+    rs.Close();
+    Recordset other = open("UserGroups");
+    other.AddNew();
+    other.setField("GroupName", "by conn close");
+    conn.Close();
+    EXPECT_EQ(other.State(), 0);
+
+    reopen();
+    rs = open("UserGroups");
+    EXPECT_EQ(rs.Fields("GroupDsc").toString(), "by close");
+    EXPECT_TRUE(FindRecord(rs, "GroupName", "by conn close", false));
+}
+
+struct ClosedOp
+{
+    const char* name;
+    std::function<void(Recordset&)> op;
+};
+
+const std::array ClosedOps = {
+    ClosedOp {"EOF", [](Recordset& rs) { rs.IsEOF(); }},
+    ClosedOp {"BOF", [](Recordset& rs) { rs.IsBOF(); }},
+    ClosedOp {"MoveFirst", [](Recordset& rs) { rs.MoveFirst(); }},
+    ClosedOp {"MoveNext", [](Recordset& rs) { rs.MoveNext(); }},
+    ClosedOp {"AddNew", [](Recordset& rs) { rs.AddNew(); }},
+    ClosedOp {"Update", [](Recordset& rs) { rs.Update(); }},
+    ClosedOp {"Delete", [](Recordset& rs) { rs.Delete(); }},
+    ClosedOp {"Clone", [](Recordset& rs) { rs.Clone(); }},
+    ClosedOp {"RecordCount", [](Recordset& rs) { rs.RecordCount(); }},
+    ClosedOp {"Fields", [](Recordset& rs) { rs.Fields("GroupName"); }},
+    ClosedOp {"setField", [](Recordset& rs) { rs.setField("GroupName", "x"); }},
+    ClosedOp {"Close", [](Recordset& rs) { rs.Close(); }},
+    ClosedOp {"GetRecordCount", [](Recordset& rs) { GetRecordCount(rs); }},
+};
+
+TEST_F(StoreTest, EveryOperationOnAClosedRecordsetFails)
+{
+    Recordset unopened;
+    Recordset closedByConnection = open("UserGroups");
+    Recordset closedByItself = open("UserGroups");
+    closedByItself.Close();
+    conn.Close();
+    for (Recordset* rs : {&unopened, &closedByConnection, &closedByItself}) {
+        EXPECT_EQ(rs->State(), 0);
+        for (const ClosedOp& c : ClosedOps) {
+            try {
+                c.op(*rs);
+                ADD_FAILURE() << c.name << " did not fail";
+            } catch (const UnhandledError& e) {
+                EXPECT_EQ(e.text(), "Operation is not allowed when the object is closed.") << c.name;
+            }
+        }
+    }
+}
+
+TEST_F(StoreTest, FieldErrors)
+{
+    Recordset rs = open("UserGroups");
+    EXPECT_THROW(rs.Fields("NoSuchField"), UnhandledError);
+    EXPECT_THROW(rs.Fields(2), UnhandledError);
+    EXPECT_THROW(rs.setField("NoSuchField", "x"), UnhandledError);
+    Recordset basic = open("Basic");
+    EXPECT_THROW(basic.setField("Count", "many"), UnhandledError);
+    EXPECT_THROW(basic.setField("CreatedDate", "soon"), UnhandledError);
+}
+
+struct OpenCase
+{
+    const char* name;
+    QString source;
+    QStringList rows; // GroupName of the rows; empty list with open false: no recordset
+    bool open;
+};
+
+const std::array OpenCases = {
+    OpenCase {"table by name", "UserGroups", {"G1", "G2", "G3"}, true},
+    OpenCase {"table name in any case", "USERGROUPS", {"G1", "G2", "G3"}, true},
+    OpenCase {"lower-case statement", "select [GroupName] from [UserGroups] order by GroupName desc",
+        {"G3", "G2", "G1"}, true},
+    OpenCase {"statement with no rows", "SELECT GroupName FROM UserGroups WHERE 0", {}, true},
+    OpenCase {"empty source", "", {}, false},
+    OpenCase {"missing table", "NoSuchTable", {}, false},
+    OpenCase {"broken statement", "SELECT FROM WHERE", {}, false},
+    OpenCase {"bracketed name is bracketed again", "[UserGroups]", {}, false},
+};
+
+class OpenSource : public StoreTest, public ::testing::WithParamInterface<OpenCase>
+{ };
+
+TEST_P(OpenSource, GivesRowsOrAClosedRecordset)
+{
+    const OpenCase& c = GetParam();
+    Recordset rs = OpenRecordset(conn, c.source, false);
+    ASSERT_EQ(rs.State(), c.open ? 1 : 0);
+    if (c.open) {
+        EXPECT_EQ(Walk(rs, "GroupName"), c.rows);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Store, OpenSource, ::testing::ValuesIn(OpenCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+TEST_F(StoreTest, StatementRowsAreReadOnly)
+{
+    Recordset rs = open("SELECT * FROM UserGroups");
+    EXPECT_THROW(rs.AddNew(), UnhandledError);
+    EXPECT_THROW(rs.setField("GroupName", "x"), UnhandledError);
+    EXPECT_THROW(rs.Delete(), UnhandledError);
+}
+
+TEST_F(StoreTest, NoConnectionGivesNoRecordset)
+{
+    Connection nothing;
+    EXPECT_EQ(OpenRecordset(nothing, "UserGroups", false).State(), 0);
+    conn.Close();
+    EXPECT_EQ(OpenRecordset(conn, "UserGroups", false).State(), 0);
+}
+
+struct FindCase
+{
+    const char* name;
+    QString field;
+    QString value;
+    bool found;
+    QString current;
+};
+
+const std::array FindCases = {
+    FindCase {"exact text", "GroupName", "G2", true, "G2"},
+    FindCase {"case matters", "GroupName", "g2", false, "<EOF>"},
+    FindCase {"blanks matter", "GroupName", "G2 ", false, "<EOF>"},
+    FindCase {"null matches the empty text", "GroupDsc", "", true, "G2"},
+    FindCase {"missing value ends at end of file", "GroupName", "G9", false, "<EOF>"},
+};
+
+class FindRecordCases : public StoreTest, public ::testing::WithParamInterface<FindCase>
+{ };
+
+TEST_P(FindRecordCases, ScansFromTheFirstRow)
+{
+    const FindCase& c = GetParam();
+    Recordset rs = open("UserGroups");
+    rs.MoveLast();
+    EXPECT_EQ(FindRecord(rs, c.field, c.value, false), c.found);
+    EXPECT_EQ(Where(rs, "GroupName"), c.current);
+}
+
+INSTANTIATE_TEST_SUITE_P(Store, FindRecordCases, ::testing::ValuesIn(FindCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+TEST_F(StoreTest, FindRecordMatchesNumbersByTheirText)
+{
+    Recordset zones = open("Zones");
+    EXPECT_TRUE(FindRecord(zones, "ZoneNo", "2", false));
+    EXPECT_EQ(zones.Fields("ZoneName").toString(), "Z2");
+    EXPECT_FALSE(FindRecord(zones, "ZoneNo", "02", false));
+    EXPECT_TRUE(FindRecord(zones, "IsDisable", "True", false));
+    EXPECT_EQ(zones.Fields("ZoneName").toString(), "Z1");
+}
+
+TEST_F(StoreTest, ClosedDatabaseIsOneCopyableFile)
+{
+    conn.Close();
+    RunSql(path, {"PRAGMA journal_mode=WAL"}); // even a file left in WAL mode comes back to one file
+    reopen();
+    Recordset rs = open("UserGroups");
+    rs.setField("GroupDsc", "edited");
+    rs.Update();
+    rs.MoveNext();
+    rs.Delete();
+    conn.Close();
+
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"test.mir"}));
+    const QString copy = dir.filePath("copy.cmb");
+    ASSERT_TRUE(QFile::copy(path, copy));
+    Connection copied = OpenMDBConn(platform, copy, "", "");
+    ASSERT_EQ(copied.State(), 1);
+    rs = OpenRecordset(copied, "UserGroups", false);
+    EXPECT_EQ(Walk(rs, "GroupName"), QStringList({"G1", "G3"}));
+    EXPECT_EQ(rs.Fields("GroupDsc").toString(), "edited");
+    copied.Close();
+}
+
+TEST(OpenMDBConnTest, MissingFileGivesNoObjectAndNoBox)
+{
+    QTemporaryDir dir;
+    ScriptedPlatform platform;
+    Connection conn = OpenMDBConn(platform, dir.filePath("absent.mir"), "", "");
+    EXPECT_TRUE(conn.isNothing());
+    EXPECT_EQ(conn.State(), 0);
+    EXPECT_TRUE(platform.events.empty());
+}
+
+TEST(OpenMDBConnTest, FileThatIsNoDatabaseShowsTwoBoxes)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath("text.mir");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray(4096, 'x'));
+    file.close();
+
+    ScriptedPlatform platform;
+    platform.expectBox(16,
+        "OpenMDBConn Failed!\nConnect String:Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path + ";",
+        "OpenMDBConn Failed");
+    platform.expectBox(0, "file is not a database", "VORNA");
+    Connection conn = OpenMDBConn(platform, path, "", "");
+    EXPECT_TRUE(conn.isNothing());
+    EXPECT_TRUE(platform.allExpectationsMet());
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"text.mir"}));
+}
+
+TEST(ConnectStringTest, AddsUserAndPasswordOnlyWhenGiven)
+{
+    EXPECT_EQ(ConnectString("a.mdb", "", ""), "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=a.mdb;");
+    EXPECT_EQ(ConnectString("a.mdb", "me", "pw"),
+        "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=a.mdb;User ID=me;Jet OLEDB:Database Password=\"pw\";");
+    EXPECT_EQ(ConnectString("a.mdb", "", "pw"),
+        "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=a.mdb;Jet OLEDB:Database Password=\"pw\";");
+}
+
+} // namespace
