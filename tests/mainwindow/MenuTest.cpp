@@ -1,0 +1,249 @@
+#include <array>
+
+#include <QFile>
+#include <QFileInfo>
+
+#include "MainWindowFixture.h"
+#include "frmAbout.h"
+
+namespace {
+
+// The window's object paths of the form-text table, in order.
+const std::array<const char*, 65> kFormPaths = {"", "lbllvNodeContentCaption", "lbltvProjectContentCaption",
+    "sbStatusBar.Panels(1)", "sbStatusBar.Panels(2)", "sbStatusBar.Panels(3)", "mnuFile", "mnuFileNew",
+    "mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFileBar0", "mnuFileBasic", "mnuFileBar1",
+    "mnuFileMRU(1)", "mnuFileMRU(2)", "mnuFileMRU(3)", "mnuFileMRU(4)", "mnuFileBar2", "mnuFileExit",
+    "mnuProj", "mnuProjAddGroupList", "mnuProjAddTelList", "mnuProjBar0", "mnuProjEditGroupList",
+    "mnuProjEditTelList", "mnuProjEditZoneList", "mnuProjBar1", "mnuProjDeleteGroupList",
+    "mnuProjDeleteTelList", "mnuView", "mnuViewToolbar", "mnuViewStatusBar", "mnuViewBar0",
+    "mnuListViewMode(0)", "mnuListViewMode(1)", "mnuListViewMode(2)", "mnuListViewMode(3)", "mnuViewBar1",
+    "mnuViewArrangeIcons", "mnuViewBar2", "mnuViewRefresh", "mnuTools", "mnuToolsOptions",
+    "mnuViewWebBrowser", "mnuDevice", "mnuDeviceConnect", "mnuDeviceBar0", "mnuDeviceDownLoad",
+    "mnuDeviceSetting", "mnuDeviceBar1", "mnuHelp", "mnuHelpContents", "mnuHelpSearchForHelpOn",
+    "mnuHelpBar0", "mnuHelpAbout", "mnuProjConent", "mnuProjConentAddGroupList", "mnuProjConentAddTelList",
+    "mnuProjConentEditGroupList", "mnuProjConentEditTelList", "mnuProjConentEditZoneList",
+    "mnuProjConentDeleteGroupList", "mnuProjConentDeleteTelList", "mnuProjConentBar1"};
+
+FormEntry formTableWithout(const QString& missing)
+{
+    FormEntry entry {QStringLiteral("frmMain"), {}};
+    for (const char* p : kFormPaths) {
+        const QString path = QString::fromLatin1(p);
+        if (path == missing)
+            continue;
+        const QString property = path.startsWith(QLatin1String("sbStatusBar")) ? QStringLiteral("Text")
+                                                                               : QStringLiteral("Caption");
+        entry.Items.push_back({path, property, QStringLiteral("orig"), QStringLiteral("T:") + path});
+    }
+    return entry;
+}
+
+} // namespace
+
+TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
+{
+    g.ml.FormTable = {formTableWithout(QStringLiteral("mnuFileOpen"))};
+    main.ApplyFormText();
+
+    EXPECT_EQ(main.Caption, QStringLiteral("T:"));
+    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral("T:lbllvNodeContentCaption"));
+    EXPECT_EQ(main.lbltvProjectContentCaption.Caption, QStringLiteral("T:lbltvProjectContentCaption"));
+    for (int i = 1; i <= 3; ++i)
+        EXPECT_EQ(main.sbStatusBar.Panels[i - 1].Text, QStringLiteral("T:sbStatusBar.Panels(%1)").arg(i));
+    EXPECT_EQ(main.menu(QStringLiteral("mnuFileOpen")).Caption, QString())
+        << "no row: the control goes blank";
+
+    int translated = 0;
+    for (const frmMain::MenuEntry& e : main.Menus) {
+        if (e.Name == QLatin1String("mnuFileOpen"))
+            continue;
+        if (e.Caption == QStringLiteral("T:") + e.Name)
+            ++translated;
+    }
+    EXPECT_EQ(translated, 65 - 6 - 1);
+    // The popup's later entries have no rows and keep their design captions.
+    EXPECT_EQ(main.menu(QStringLiteral("mnuProjConentMoveUser")).Caption, QStringLiteral("轉移到其它群組"));
+    EXPECT_EQ(main.menu(QStringLiteral("mnuProjConentBar2")).Caption, QStringLiteral("-"));
+}
+
+TEST_F(MainWindowTest, TheMenuBarShowsOneViewAndOneHelpEntry)
+{
+    auto shown = [&](const char* top) {
+        QStringList names;
+        for (const frmMain::MenuEntry& e : main.Menus)
+            if (e.Parent == QLatin1String(top) && e.Visible)
+                names << e.Name;
+        return names;
+    };
+    EXPECT_EQ(shown("mnuView"), QStringList {QStringLiteral("mnuViewRefresh")});
+    EXPECT_EQ(shown("mnuHelp"), QStringList {QStringLiteral("mnuHelpAbout")});
+    EXPECT_FALSE(main.menu(QStringLiteral("mnuProjConent")).Visible);
+    EXPECT_TRUE(main.menu(QStringLiteral("mnuViewToolbar")).Checked);
+}
+
+namespace {
+
+struct FileMenuCase
+{
+    const char* name;
+    bool projectOpen;
+    bool modified;
+    bool save;
+    bool saveAs;
+};
+
+void PrintTo(const FileMenuCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+constexpr std::array kFileMenuCases = {
+    FileMenuCase {"NoProject", false, false, false, false},
+    FileMenuCase {"NoProjectButModifiedFlag", false, true, false, false},
+    FileMenuCase {"CleanProject", true, false, false, true},
+    FileMenuCase {"ModifiedProject", true, true, true, true},
+};
+
+class FileMenuTest : public MainWindowTest, public ::testing::WithParamInterface<FileMenuCase>
+{ };
+
+} // namespace
+
+TEST_P(FileMenuTest, EnablesTheEntriesFromTheProjectState)
+{
+    const FileMenuCase c = GetParam();
+    g.ProjectName = c.projectOpen ? QStringLiteral("Site") : QString();
+    g.IsProjectModified = c.modified;
+    // Start from the opposite state, so that every entry must be set.
+    for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
+        main.menu(QString::fromLatin1(name)).Enabled = !c.saveAs;
+    for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
+        main.menu(QString::fromLatin1(name)).Enabled = true;
+
+    main.openMenu(QStringLiteral("mnuFile"));
+
+    EXPECT_EQ(main.menu(QStringLiteral("mnuFileSave")).Enabled, c.save);
+    EXPECT_EQ(main.menu(QStringLiteral("mnuFileSaveAs")).Enabled, c.saveAs);
+    EXPECT_EQ(main.menu(QStringLiteral("mnuFileBasic")).Enabled, c.saveAs);
+    for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
+        EXPECT_TRUE(main.menu(QString::fromLatin1(name)).Enabled) << name;
+}
+
+INSTANTIATE_TEST_SUITE_P(States, FileMenuTest, ::testing::ValuesIn(kFileMenuCases),
+    [](const auto& info) { return std::string(info.param.name); });
+
+class RecentMenuTest : public MainWindowTest, public ::testing::WithParamInterface<int>
+{ };
+
+TEST_P(RecentMenuTest, ShowsTheEntriesInUseAndHidesTheRest)
+{
+    const int count = GetParam();
+    for (int i = 1; i <= 4; ++i)
+        g.MRUFilePath(i) = QStringLiteral("/site/P%1.cmb").arg(i);
+    g.MRUCount = static_cast<qint16>(count);
+
+    main.mnuFile_Click();
+
+    for (int i = 1; i <= 4; ++i) {
+        const frmMain::MenuEntry& e = main.menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
+        const bool used = i <= count;
+        EXPECT_EQ(e.Caption, used ? g.MRUFilePath(i) : QString()) << i;
+        EXPECT_EQ(e.Enabled, used) << i;
+        EXPECT_EQ(e.Visible, used) << i;
+    }
+    EXPECT_TRUE(main.menu(QStringLiteral("mnuFileBar1")).Visible);
+    EXPECT_TRUE(main.menu(QStringLiteral("mnuFileBar2")).Visible);
+}
+
+INSTANTIATE_TEST_SUITE_P(Counts, RecentMenuTest, ::testing::Range(0, 5));
+
+TEST_F(MainWindowTest, ARecentEntryReadingTheEmptyMarkIsInert)
+{
+    main.menu(QStringLiteral("mnuFileMRU(2)")).Caption = QStringLiteral("(空)");
+    main.clickMenu(QStringLiteral("mnuFileMRU(2)"));
+    EXPECT_TRUE(platform.events.empty());
+}
+
+TEST_F(MainWindowTest, ARecentEntryOpensTheProjectOfItsCaption)
+{
+    const QString path = QStringLiteral("/nowhere/Gone.cmb");
+    main.menu(QStringLiteral("mnuFileMRU(3)")).Caption = path;
+    platform.expectBox(MsgBox::Critical,
+        QStringLiteral("本專案檔案路徑[") + path + QStringLiteral("]不存在。"),
+        QStringLiteral("專案開啟失敗"));
+    main.clickMenu(QStringLiteral("mnuFileMRU(3)"));
+}
+
+TEST_F(MainWindowTest, HelpAboutShowsTheAboutBoxModally)
+{
+    frmAbout about(g);
+    main.about = &about;
+    platform.expectModal(QStringLiteral("frmAbout"));
+    main.clickMenu(QStringLiteral("mnuHelpAbout"));
+}
+
+TEST_F(MainWindowTest, TheRefreshKeyRebuildsOnlyWithAProject)
+{
+    main.tvProjectContent.Nodes
+        = {frmMain::Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
+    main.shortcut(QStringLiteral("F5"));
+    EXPECT_EQ(main.tvProjectContent.Nodes.size(), 1u);
+
+    g.ProjectName = QStringLiteral("Site");
+    main.shortcut(QStringLiteral("F5"));
+    EXPECT_TRUE(main.tvProjectContent.Nodes.empty());
+}
+
+TEST_F(ProjectWindowTest, TheNewProjectKeyShowsTheNewProjectDialog)
+{
+    platform.expectOpenDialog(std::nullopt,
+        [](const FileDialogOptions& o) { EXPECT_EQ(o.DialogTitle, QStringLiteral("開新專案")); });
+    main.shortcut(QStringLiteral("Ctrl+N"));
+}
+
+namespace {
+
+struct SaveKeyCase
+{
+    const char* name;
+    bool modified;
+    bool commits;
+};
+
+void PrintTo(const SaveKeyCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+class SaveKeyTest : public ProjectWindowTest, public ::testing::WithParamInterface<SaveKeyCase>
+{ };
+
+} // namespace
+
+// Ctrl+S goes through the File menu's set-up, which disables Save on a clean project:
+// the key then has no effect, although the command itself would commit anyway.
+TEST_P(SaveKeyTest, CommitsOnlyWhenTheSetUpEnablesSave)
+{
+    const SaveKeyCase c = GetParam();
+    const QString path = newProject();
+    if (c.modified)
+        addGroup(QStringLiteral("Guards"));
+    const QByteArray before = [&] {
+        QFile f(path);
+        f.open(QIODevice::ReadOnly);
+        return f.readAll();
+    }();
+
+    main.shortcut(QStringLiteral("Ctrl+S"));
+
+    QFile after(path);
+    after.open(QIODevice::ReadOnly);
+    EXPECT_EQ(after.readAll() != before, c.commits);
+    EXPECT_FALSE(g.IsProjectModified);
+    EXPECT_EQ(main.menu(QStringLiteral("mnuFileSave")).Enabled, c.modified);
+    CloseProject(g);
+}
+
+INSTANTIATE_TEST_SUITE_P(States, SaveKeyTest,
+    ::testing::Values(SaveKeyCase {"Clean", false, false}, SaveKeyCase {"Modified", true, true}),
+    [](const auto& info) { return std::string(info.param.name); });
