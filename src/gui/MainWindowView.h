@@ -1,0 +1,68 @@
+#pragma once
+
+#include <map>
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include "FormView.h"
+
+class QLabel;
+class QMenu;
+class QStatusBar;
+class QTreeView;
+class frmMain;
+class NodeListModel;
+class ProjectTreeModel;
+
+// The main window: a thin view over frmMain. The panes are laid out by hand from the
+// model's geometry in twips (15 twips to the pixel); menus, tree, list and status bar
+// are painted from the model, and every event goes to the model's handler.
+class MainWindowView : public QMainWindow, public FormView
+{
+public:
+    explicit MainWindowView(frmMain& model, QWidget* parent = nullptr);
+    ~MainWindowView() override;
+
+    QWidget* widget() override { return this; }
+    void refresh() override;
+
+    ProjectTreeModel* treeModel() const { return m_treeModel; }
+    NodeListModel* listModel() const { return m_listModel; }
+
+    static int px(double twips) { return qRound(twips / 15.0); }
+    static double twips(int px) { return px * 15.0; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void buildMenus();
+    void refreshMenus();
+    void refreshTree();
+    void refreshList();
+    void syncPlacement();
+    void clientResized();
+    void layoutPanes();
+
+    frmMain& m_model;
+    QWidget* m_client = nullptr;
+    QWidget* m_picTitles = nullptr;
+    QLabel* m_lbltvProjectContentCaption = nullptr;
+    QLabel* m_lbllvNodeContentCaption = nullptr;
+    QTreeView* m_tvProjectContent = nullptr;
+    QTreeView* m_lvNodeContent = nullptr;
+    QWidget* m_imgSplitter = nullptr;
+    QWidget* m_picSplitter = nullptr;
+    QStatusBar* m_sbStatusBar = nullptr;
+    std::map<QString, QLabel*> m_panels;
+    QLabel* m_connectImage = nullptr;
+    QString m_connectImageKey;
+    ProjectTreeModel* m_treeModel = nullptr;
+    NodeListModel* m_listModel = nullptr;
+    std::map<QString, QAction*> m_actions; // by entry name; a top entry's is its menu's action
+    QTimer m_tmrSleep;
+    bool m_refreshing = false;
+};

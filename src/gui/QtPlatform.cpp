@@ -1,0 +1,272 @@
+#include "QtPlatform.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QSettings>
+#include <QThread>
+#include <QWidget>
+
+#include "FileUtil.h"
+#include "FormModel.h"
+#include "FormView.h"
+#include "UnhandledError.h"
+
+namespace {
+
+struct ButtonSet
+{
+    QList<QMessageBox::StandardButton> buttons;
+    bool hasCancel;
+};
+
+ButtonSet buttonsFor(int flags)
+{
+    switch (flags & MsgBox::ButtonMask) {
+    case MsgBox::OKCancel:
+        return {{QMessageBox::Ok, QMessageBox::Cancel}, true};
+    case 2:
+        return {{QMessageBox::Abort, QMessageBox::Retry, QMessageBox::Ignore}, false};
+    case MsgBox::YesNoCancel:
+        return {{QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}, true};
+    case MsgBox::YesNo:
+        return {{QMessageBox::Yes, QMessageBox::No}, false};
+    case 5:
+        return {{QMessageBox::Retry, QMessageBox::Cancel}, true};
+    default:
+        return {{QMessageBox::Ok}, false};
+    }
+}
+
+QMessageBox::Icon iconFor(int flags)
+{
+    switch (flags & MsgBox::IconMask) {
+    case MsgBox::Critical:
+        return QMessageBox::Critical;
+    case 32:
+        return QMessageBox::Question;
+    case MsgBox::Exclamation:
+        return QMessageBox::Warning;
+    case MsgBox::Information:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+int answerOf(QMessageBox::StandardButton button)
+{
+    switch (button) {
+    case QMessageBox::Ok:
+        return MsgBox::OK;
+    case QMessageBox::Cancel:
+        return MsgBox::Cancel;
+    case QMessageBox::Abort:
+        return 3;
+    case QMessageBox::Retry:
+        return 4;
+    case QMessageBox::Ignore:
+        return 5;
+    case QMessageBox::Yes:
+        return MsgBox::Yes;
+    case QMessageBox::No:
+        return MsgBox::No;
+    default:
+        return MsgBox::Cancel;
+    }
+}
+
+QWidget* dialogParent()
+{
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    return QApplication::activeWindow();
+}
+
+} // namespace
+
+QtPlatform::QtPlatform(const QString& settingsFile)
+    : m_settingsFile(settingsFile)
+{ }
+
+void QtPlatform::registerView(const QString& formName, FormView& view)
+{
+    m_views[formName] = &view;
+}
+
+void QtPlatform::unregisterView(const QString& formName)
+{
+    m_views.erase(formName);
+}
+
+FormView* QtPlatform::viewOf(const FormModel& form) const
+{
+    auto it = m_views.find(form.formName());
+    return it == m_views.end() ? nullptr : it->second;
+}
+
+QString QtPlatform::QtFilter(const QString& filter)
+{
+    const QStringList parts = filter.split(u'|');
+    QStringList filters;
+    // A caption without its pattern at the end is dropped, as the common dialog ignores it.
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString pattern = parts[i + 1].trimmed();
+        pattern.replace(u';', u' ');
+        filters << parts[i] + QStringLiteral(" (") + pattern + u')';
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
+int QtPlatform::msgBox(const QString& text, int flags, const QString& title)
+{
+    const ButtonSet set = buttonsFor(flags);
+    QMessageBox box(iconFor(flags), title, text, QMessageBox::NoButton, dialogParent());
+    for (QMessageBox::StandardButton b : set.buttons)
+        box.addButton(b);
+    box.setDefaultButton(set.buttons.first());
+    if (set.hasCancel)
+        box.setEscapeButton(QMessageBox::Cancel);
+    else if (set.buttons.size() == 1)
+        box.setEscapeButton(set.buttons.first());
+    box.exec();
+    QAbstractButton* clicked = box.clickedButton();
+    if (!clicked)
+        return set.hasCancel ? MsgBox::Cancel : answerOf(set.buttons.first());
+    return answerOf(box.standardButton(clicked));
+}
+
+std::optional<QString> QtPlatform::fileDialog(const FileDialogOptions& options, bool save)
+{
+    const QString folder = QDir::current().absoluteFilePath(NativePath(options.InitDir));
+    const QString filter = QtFilter(options.Filter);
+    const QStringList filters = filter.split(QStringLiteral(";;"), Qt::SkipEmptyParts);
+
+    QFileDialog dialog(dialogParent(), options.DialogTitle, folder, filter);
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    // The program asks about an existing target itself, with its own words.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, true);
+    if (!filters.isEmpty()) {
+        const int index
+            = options.FilterIndex >= 1 && options.FilterIndex <= filters.size() ? options.FilterIndex : 1;
+        dialog.selectNameFilter(filters.at(index - 1));
+    }
+    if (!options.FileName.isEmpty())
+        dialog.selectFile(options.FileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return QDir::toNativeSeparators(QFileInfo(dialog.selectedFiles().first()).absoluteFilePath());
+}
+
+std::optional<QString> QtPlatform::showOpen(const FileDialogOptions& options)
+{
+    return fileDialog(options, false);
+}
+
+std::optional<QString> QtPlatform::showSave(const FileDialogOptions& options)
+{
+    return fileDialog(options, true);
+}
+
+void QtPlatform::showModal(FormModel& form)
+{
+    FormView* view = viewOf(form);
+    auto* dialog = view ? qobject_cast<QDialog*>(view->widget()) : nullptr;
+    if (!dialog)
+        throw UnhandledError(QStringLiteral("Form not available: ") + form.formName());
+    view->load();
+    form.Visible = true;
+    view->refresh();
+    dialog->exec();
+    form.Visible = false;
+}
+
+void QtPlatform::showModeless(FormModel& form)
+{
+    FormView* view = viewOf(form);
+    if (!view)
+        throw UnhandledError(QStringLiteral("Form not available: ") + form.formName());
+    form.Visible = true;
+    view->refresh();
+    view->widget()->show();
+}
+
+void QtPlatform::hideForm(FormModel& form)
+{
+    form.Visible = false;
+    if (FormView* view = viewOf(form))
+        view->widget()->hide();
+}
+
+void QtPlatform::refreshForm(FormModel& form)
+{
+    if (FormView* view = viewOf(form)) {
+        view->refresh();
+        // A window shown a moment ago has to be mapped before it can paint.
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        view->widget()->repaint();
+    }
+}
+
+void QtPlatform::setMousePointer(int pointer)
+{
+    const bool wait = pointer == Pointer::Hourglass;
+    if (wait && !m_waitCursor)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else if (!wait && m_waitCursor)
+        QApplication::restoreOverrideCursor();
+    m_waitCursor = wait;
+}
+
+void QtPlatform::doEvents()
+{
+    QCoreApplication::processEvents();
+    // Busy loops around DoEvents (the splash wait, the command pause) would otherwise
+    // keep a core at full load.
+    QThread::msleep(1);
+}
+
+QDateTime QtPlatform::now()
+{
+    return QDateTime::currentDateTime();
+}
+
+QString QtPlatform::getSetting(
+    const QString& appName, const QString& section, const QString& key, const QString& defaultValue)
+{
+    QSettings settings = m_settingsFile.isEmpty() ? QSettings(QStringLiteral("VORNA"), appName)
+                                                  : QSettings(m_settingsFile, QSettings::IniFormat);
+    settings.beginGroup(section);
+    return settings.value(key, defaultValue).toString();
+}
+
+void QtPlatform::saveSetting(
+    const QString& appName, const QString& section, const QString& key, const QString& value)
+{
+    QSettings settings = m_settingsFile.isEmpty() ? QSettings(QStringLiteral("VORNA"), appName)
+                                                  : QSettings(m_settingsFile, QSettings::IniFormat);
+    settings.beginGroup(section);
+    settings.setValue(key, value);
+}
+
+QString QtPlatform::systemLocaleName()
+{
+    return QLocale::system().name();
+}
+
+void QtPlatform::endProcess(int status)
+{
+    std::cout.flush();
+    std::cerr.flush();
+    std::fflush(nullptr);
+    std::exit(status);
+}

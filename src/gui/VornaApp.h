@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+
+#include <QString>
+
+#include "VORNAGlobal.h"
+#include "frmAbout.h"
+#include "frmMain.h"
+#include "frmSplash.h"
+
+class QApplication;
+class QtPlatform;
+class AboutView;
+class MainWindowView;
+class SplashView;
+
+struct StartOptions
+{
+    // The program's folder; empty for the folder of the running program.
+    QString appPath;
+    // False skips the splash wait (tests and benchmarks).
+    bool waitForSplash = true;
+};
+
+// The program: its shared state, one instance of each form model and their views, and
+// Main's start order.
+class VornaApp
+{
+public:
+    explicit VornaApp(QtPlatform& platform);
+    ~VornaApp();
+    VornaApp(const VornaApp&) = delete;
+    VornaApp& operator=(const VornaApp&) = delete;
+
+    // Start in Main's order; returns with the main window shown and the event loop not yet run.
+    void Main(const StartOptions& options);
+
+    VORNAGlobal g;
+    frmSplash splash;
+    frmMain mainForm;
+    frmAbout about;
+
+    std::unique_ptr<SplashView> splashView;
+    std::unique_ptr<MainWindowView> mainView;
+    std::unique_ptr<AboutView> aboutView;
+
+private:
+    QtPlatform& m_platform;
+};
+
+// Main, then the event loop; returns the loop's exit code. A failure in the start steps
+// is reported as any unhandled error is, and ends the process.
+int RunVORNA(QApplication& app, QtPlatform& platform, const StartOptions& options);

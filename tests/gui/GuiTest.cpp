@@ -1,0 +1,215 @@
+#include <array>
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+#include "MainWindowView.h"
+#include "NodeListModel.h"
+#include "ProjectTreeModel.h"
+#include "QtPlatform.h"
+#include "SplashView.h"
+#include "TestFolder.h"
+#include "VornaApp.h"
+#include "frmMain.h"
+
+namespace {
+
+QApplication& app()
+{
+    static int argc = 1;
+    static char name[] = "gui_tests";
+    static char* argv[] = {name, nullptr};
+    // Never destroyed: the SQL driver's own clean-up at exit must not run after it.
+    static QApplication* instance = new QApplication(argc, argv);
+    return *instance;
+}
+
+QStringList actionTexts(const QMenu* menu)
+{
+    QStringList texts;
+    for (const QAction* a : menu->actions())
+        if (a->isVisible())
+            texts << (a->isSeparator() ? QStringLiteral("-") : a->text());
+    return texts;
+}
+
+} // namespace
+
+TEST(GuiStart, TheProgramStartsWithItsMainWindowShowingNoProject)
+{
+    app();
+    TestFolder folder;
+    // The original language whatever the machine's locale, so that the design texts show.
+    QFile profile(folder.path(QStringLiteral("VORNA.set")));
+    ASSERT_TRUE(profile.open(QIODevice::ReadOnly));
+    QByteArray text = profile.readAll();
+    profile.close();
+    text.replace("AppliedLangName=AUTO", "AppliedLangName=ChineseBig5");
+    ASSERT_TRUE(profile.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    profile.write(text);
+    profile.close();
+
+    QtPlatform platform(QDir(folder.root()).filePath(QStringLiteral("settings.ini")));
+    VornaApp vorna(platform);
+    vorna.Main({folder.appPath(), false});
+    QCoreApplication::processEvents();
+
+    MainWindowView* window = vorna.mainView.get();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(vorna.splashView->isVisible());
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("VORNA 規劃程式"));
+    EXPECT_EQ(window->size(), QSize(720, 460)) << "10800 x 6900 twips from an empty settings store";
+
+    const auto* status = window->findChild<QStatusBar*>(QStringLiteral("sbStatusBar"));
+    ASSERT_NE(status, nullptr);
+    EXPECT_TRUE(status->isVisible());
+    const std::array<std::pair<const char*, QString>, 3> panels = {{
+        {"Status", QStringLiteral("歡迎使用 簡訊報警機")},
+        {"ProjName", QString()},
+        {"ConnectStatus", QStringLiteral("Offline")},
+    }};
+    for (const auto& [key, text] : panels) {
+        const auto* label = status->findChild<QLabel*>(QString::fromLatin1(key));
+        ASSERT_NE(label, nullptr) << key;
+        EXPECT_EQ(label->text(), text) << key;
+    }
+
+    const auto* file = window->menuBar()->findChild<QMenu*>(QStringLiteral("mnuFile"));
+    ASSERT_NE(file, nullptr);
+    const QStringList designed = {QStringLiteral("開新專案(&N)...\tCtrl+N"),
+        QStringLiteral("開啟專案(&O)\tCtrl+O"), QStringLiteral("儲存專案(&S)\tCtrl+S"),
+        QStringLiteral("另存專案(&A)"), QStringLiteral("-"), QStringLiteral("摘要資訊(&I)"),
+        QStringLiteral("-"), QStringLiteral("MRU1"), QStringLiteral("MRU2"), QStringLiteral("MRU3"),
+        QStringLiteral("MRU4"), QStringLiteral("-"), QStringLiteral("結束(&X)")};
+    EXPECT_EQ(actionTexts(file), designed);
+
+    // Opening the menu runs its set-up: no project, no recent files.
+    QMetaObject::invokeMethod(const_cast<QMenu*>(file), "aboutToShow");
+    const QStringList withoutRecent = {designed[0], designed[1], designed[2], designed[3], designed[4],
+        designed[5], designed[6], designed[11], designed[12]};
+    EXPECT_EQ(actionTexts(file), withoutRecent);
+    for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
+        EXPECT_FALSE(window->findChild<QAction*>(QString::fromLatin1(name))->isEnabled()) << name;
+    EXPECT_TRUE(window->findChild<QAction*>(QStringLiteral("mnuFileNew"))->isEnabled());
+
+    QAbstractItemModelTester treeTester(
+        window->treeModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QAbstractItemModelTester listTester(
+        window->listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    vorna.mainForm.RefreshFormObj();
+
+    for (const char* name : {"tvProjectContent", "lvNodeContent", "imgSplitter", "picTitles",
+             "lbllvNodeContentCaption", "lbltvProjectContentCaption"})
+        EXPECT_NE(window->findChild<QWidget*>(QString::fromLatin1(name)), nullptr) << name;
+}
+
+TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
+{
+    app();
+    QtPlatform platform;
+    VORNAGlobal g(platform);
+    frmMain main(g);
+    ProjectTreeModel tree(main.tvProjectContent);
+    NodeListModel list(main.lvNodeContent);
+    QAbstractItemModelTester treeTester(&tree, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    QAbstractItemModelTester listTester(&list, QAbstractItemModelTester::FailureReportingMode::Fatal);
+
+    using Node = frmMain::Node;
+    main.tvProjectContent.Nodes = {
+        Node {-1, {}, QStringLiteral("專案(Site)"), QStringLiteral("Proj"), QStringLiteral("ProjName")},
+        Node {0, QStringLiteral("Users"), QStringLiteral("連絡人"), QStringLiteral("UserName"),
+            QStringLiteral("Users")},
+        Node {1, {}, QStringLiteral("Ann"), QStringLiteral("UserName"), QStringLiteral("Users,Ann"),
+            frmMain::SystemGrayText},
+        Node {0, QStringLiteral("UserGroups"), QStringLiteral("群組"), QStringLiteral("UserGroups"),
+            QStringLiteral("UserGroups")},
+        Node {1, {}, QStringLiteral("Bob"), QStringLiteral("UserName"), QStringLiteral("Users,Bob"), 0},
+    };
+    main.lvNodeContent.ColumnHeaders = {{QStringLiteral("項目"), 1500}, {QStringLiteral("項目說明"), 1500}};
+    main.lvNodeContent.ListItems
+        = {{QStringLiteral("連絡人"), {QStringLiteral("連絡人清單")}}, {QStringLiteral("群組"), {}}};
+    EXPECT_TRUE(tree.sync());
+    EXPECT_TRUE(list.sync());
+
+    EXPECT_EQ(tree.rowCount(), 1);
+    const QModelIndex users = tree.index(0, 0, tree.index(0, 0));
+    EXPECT_EQ(users.data().toString(), QStringLiteral("連絡人"));
+    EXPECT_EQ(tree.rowCount(users), 2);
+    EXPECT_EQ(tree.index(1, 0, users).data().toString(), QStringLiteral("Bob"));
+    EXPECT_EQ(tree.nodeOf(tree.index(1, 0, users)), 4);
+    EXPECT_EQ(tree.parent(tree.indexOfNode(4)), users);
+    EXPECT_FALSE(tree.indexOfNode(0).data(Qt::DecorationRole).value<QIcon>().isNull());
+    EXPECT_TRUE(tree.indexOfNode(2).data(Qt::ForegroundRole).isValid());
+    EXPECT_FALSE(tree.indexOfNode(1).data(Qt::ForegroundRole).isValid());
+
+    EXPECT_EQ(list.headerData(1, Qt::Horizontal).toString(), QStringLiteral("項目說明"));
+    EXPECT_EQ(list.index(0, 1).data().toString(), QStringLiteral("連絡人清單"));
+    EXPECT_EQ(list.index(1, 1).data().toString(), QString()) << "a missing sub-item reads empty";
+
+    // An expanded flag is the view's business and does not reset the model.
+    main.tvProjectContent.Nodes[1].Expanded = true;
+    EXPECT_FALSE(tree.sync());
+
+    main.tvProjectContent.Nodes.resize(2);
+    main.lvNodeContent.ListItems.clear();
+    EXPECT_TRUE(tree.sync());
+    EXPECT_TRUE(list.sync());
+    EXPECT_EQ(tree.rowCount(tree.indexOfNode(1)), 0);
+    EXPECT_EQ(list.rowCount(), 0);
+
+    main.mktvProjContent();
+    main.mklvNodeContent();
+    EXPECT_TRUE(tree.sync());
+    EXPECT_TRUE(list.sync());
+    EXPECT_EQ(tree.rowCount(), 0);
+    EXPECT_EQ(list.columnCount(), 0);
+}
+
+namespace {
+
+struct FilterCase
+{
+    const char* name;
+    const char* filter;
+    const char* expected;
+};
+
+void PrintTo(const FilterCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+const std::array kFilterCases = {
+    FilterCase {"TwoPairs", "Quillbeacon設定檔案,(*.cmb)|*.cmb|所有檔案,(*.*)|*.*",
+        "Quillbeacon設定檔案,(*.cmb) (*.cmb);;所有檔案,(*.*) (*.*)"},
+    FilterCase {"OnePair", "Quillbeacon設定檔案,(*.cmb)|*.cmb", "Quillbeacon設定檔案,(*.cmb) (*.cmb)"},
+    FilterCase {"CaptionUnlikeItsPattern", "Quillbeacon設定檔案,(*.cbm)|*.cmb",
+        "Quillbeacon設定檔案,(*.cbm) (*.cmb)"},
+    FilterCase {"SeveralPatterns", "Databases|*.cmb;*.mir", "Databases (*.cmb *.mir)"},
+    FilterCase {"TrailingCaptionIsDropped", "A|*.a|B", "A (*.a)"},
+    FilterCase {"Empty", "", ""},
+};
+
+class FilterTest : public ::testing::TestWithParam<FilterCase>
+{ };
+
+} // namespace
+
+TEST_P(FilterTest, BecomesQtsNameFilters)
+{
+    const FilterCase c = GetParam();
+    EXPECT_EQ(QtPlatform::QtFilter(QString::fromUtf8(c.filter)).toStdString(), std::string(c.expected));
+}
+
+INSTANTIATE_TEST_SUITE_P(Filters, FilterTest, ::testing::ValuesIn(kFilterCases),
+    [](const auto& info) { return std::string(info.param.name); });
