@@ -198,6 +198,8 @@ void MainWindowView::buildMenus()
         if (e.Parent.isEmpty()) {
             QMenu* menu = menuBar()->addMenu(e.Caption);
             menu->setObjectName(name);
+            // The two bars around the recent entries both show when the entries are hidden.
+            menu->setSeparatorsCollapsible(false);
             menu->menuAction()->setObjectName(name);
             connect(menu, &QMenu::aboutToShow, this, [this, name] {
                 m_model.openMenu(name);
@@ -257,7 +259,10 @@ void MainWindowView::refreshMenus()
         const QSignalBlocker block(a);
         const bool separator = e.Caption == QLatin1String("-") && !e.Parent.isEmpty();
         a->setSeparator(separator);
-        a->setText(e.Shortcut.isEmpty() ? e.Caption : e.Caption + u'\t' + e.Shortcut);
+        if (separator)
+            a->setText(QString());
+        else
+            a->setText(e.Shortcut.isEmpty() ? e.Caption : e.Caption + u'\t' + e.Shortcut);
         a->setEnabled(e.Enabled);
         a->setVisible(e.Visible);
         a->setCheckable(e.Checked);

@@ -20,7 +20,8 @@ class VornaApplication : public QApplication
 public:
     VornaApplication(int& argc, char** argv);
 
-    void setPlatform(Platform& platform) { m_platform = &platform; }
+    // Where the report goes; until set (or after a reset to null) errors pass through.
+    void setPlatform(Platform* platform) { m_platform = platform; }
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:

@@ -6,6 +6,6 @@ int main(int argc, char** argv)
 {
     VornaApplication app(argc, argv);
     QtPlatform platform;
-    app.setPlatform(platform);
+    app.setPlatform(&platform);
     return RunVORNA(app, platform, StartOptions {});
 }

@@ -1,4 +1,6 @@
 #include <array>
+#include <functional>
+#include <stdexcept>
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -16,29 +18,45 @@
 #include "NodeListModel.h"
 #include "ProjectTreeModel.h"
 #include "QtPlatform.h"
+#include "ScriptedPlatform.h"
 #include "SplashView.h"
 #include "TestFolder.h"
+#include "UnhandledError.h"
 #include "VornaApp.h"
+#include "VornaApplication.h"
 #include "frmMain.h"
 
 namespace {
 
-QApplication& app()
+VornaApplication& app()
 {
     static int argc = 1;
     static char name[] = "gui_tests";
     static char* argv[] = {name, nullptr};
     // Never destroyed: the SQL driver's own clean-up at exit must not run after it.
-    static QApplication* instance = new QApplication(argc, argv);
+    static VornaApplication* instance = new VornaApplication(argc, argv);
     return *instance;
 }
+
+// An object whose event handler fails as the program's handlers do.
+class FailingObject : public QObject
+{
+public:
+    std::function<void()> fail;
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::User)
+            fail();
+        return QObject::event(event);
+    }
+};
 
 QStringList actionTexts(const QMenu* menu)
 {
     QStringList texts;
     for (const QAction* a : menu->actions())
         if (a->isVisible())
-            texts << (a->isSeparator() ? QStringLiteral("-") : a->text());
+            texts << (a->isSeparator() ? QStringLiteral("-") + a->text() : a->text());
     return texts;
 }
 
@@ -212,4 +230,56 @@ TEST_P(FilterTest, BecomesQtsNameFilters)
 }
 
 INSTANTIATE_TEST_SUITE_P(Filters, FilterTest, ::testing::ValuesIn(kFilterCases),
+    [](const auto& info) { return std::string(info.param.name); });
+
+namespace {
+
+struct FailureCase
+{
+    const char* name;
+    std::function<void()> fail;
+    int flags;
+    const char* text;
+    const char* title;
+};
+
+void PrintTo(const FailureCase& c, std::ostream* os)
+{
+    *os << c.name;
+}
+
+class FailureReportTest : public ::testing::TestWithParam<FailureCase>
+{ };
+
+} // namespace
+
+TEST_P(FailureReportTest, AFailingEventShowsOneBoxAndEndsWithStatus3)
+{
+    const FailureCase& c = GetParam();
+    ScriptedPlatform platform;
+    app().setPlatform(&platform);
+    FailingObject target;
+    target.fail = c.fail;
+    platform.expectBox(c.flags, QString::fromUtf8(c.text), QString::fromUtf8(c.title));
+
+    QEvent event(QEvent::User);
+    try {
+        QCoreApplication::sendEvent(&target, &event);
+        ADD_FAILURE() << "the process did not end";
+    } catch (const ProcessEnded& e) {
+        EXPECT_EQ(e.status, UnhandledErrorExitStatus);
+    }
+    app().setPlatform(nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Failures, FailureReportTest,
+    ::testing::Values(
+        FailureCase {"ProgramStop",
+            [] { throw UnhandledError(QStringLiteral("GetFname - VBUtil"), QStringLiteral("VBUtil"), 17); },
+            17, "GetFname - VBUtil", "VBUtil"},
+        FailureCase {"UnhandledErrorWithDefaults",
+            [] { throw UnhandledError(QStringLiteral("Subscript out of range")); }, 16,
+            "Subscript out of range", "VORNA"},
+        FailureCase {"RuntimeFailure", [] { throw std::length_error("vector too long"); }, 16,
+            "VORNA stopped: vector too long", "VORNA"}),
     [](const auto& info) { return std::string(info.param.name); });
