@@ -22,16 +22,18 @@ public:
     void showModal(FormModel& form) override { form.Visible = false; }
     void showModeless(FormModel& form) override { form.Visible = true; }
     void hideForm(FormModel& form) override { form.Visible = false; }
-    void refreshForm(FormModel&) override {}
-    void setMousePointer(int) override {}
-    void doEvents() override {}
+    void refreshForm(FormModel&) override { }
+    void setMousePointer(int) override { }
+    void doEvents() override { }
     QDateTime now() override { return QDateTime::currentDateTime(); }
-    QString getSetting(const QString&, const QString& section, const QString& key, const QString& def) override
+    QString getSetting(
+        const QString&, const QString& section, const QString& key, const QString& def) override
     {
         auto it = m_settings.find(section + key);
         return it == m_settings.end() ? def : it->second;
     }
-    void saveSetting(const QString&, const QString& section, const QString& key, const QString& value) override
+    void saveSetting(
+        const QString&, const QString& section, const QString& key, const QString& value) override
     {
         m_settings[section + key] = value;
     }

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include "ADOUtil.h"
+#include "BenchInstall.h"
 #include "FileUtil.h"
 #include "HeadlessPlatform.h"
 #include "Median.h"
@@ -24,10 +25,10 @@ namespace {
 class NoView : public ProjectView
 {
 public:
-    void RefreshFormObj() override {}
-    void mkRecentFilePathMenu() override {}
-    void setStatusText(const QString&, const QString&) override {}
-    void setMousePointer(int) override {}
+    void RefreshFormObj() override { }
+    void mkRecentFilePathMenu() override { }
+    void setStatusText(const QString&, const QString&) override { }
+    void setMousePointer(int) override { }
     WindowPlacement windowPlacement() const override { return {}; }
 };
 
@@ -39,7 +40,8 @@ void FillProject(VORNAGlobal& g)
     for (int i = 1; i <= GroupCount; ++i) {
         g.rsUserGroups.AddNew();
         g.rsUserGroups.setField(QStringLiteral("GroupName"), QStringLiteral("UserGroup%1").arg(i));
-        g.rsUserGroups.setField(QStringLiteral("GroupDsc"), QStringLiteral("Shift %1 of the night watch").arg(i));
+        g.rsUserGroups.setField(
+            QStringLiteral("GroupDsc"), QStringLiteral("Shift %1 of the night watch").arg(i));
     }
     g.rsUserGroups.Update();
     for (int i = 1; i <= g.MaxTelNo; ++i) {
@@ -48,7 +50,8 @@ void FillProject(VORNAGlobal& g)
             groups << QStringLiteral("UserGroup%1").arg((i + k * 17) % GroupCount + 1);
         g.rsUsers.AddNew();
         g.rsUsers.setField(QStringLiteral("UserName"), QStringLiteral("User%1").arg(i));
-        g.rsUsers.setField(QStringLiteral("PhoneNumber"), QStringLiteral("+8869%1").arg(i, 14, 10, QLatin1Char('0')));
+        g.rsUsers.setField(
+            QStringLiteral("PhoneNumber"), QStringLiteral("+8869%1").arg(i, 14, 10, QLatin1Char('0')));
         g.rsUsers.setField(QStringLiteral("UserDsc"), QStringLiteral("Contact number %1").arg(i));
         g.rsUsers.setField(QStringLiteral("GroupName"), groups.join(QStringLiteral("\r\n")));
         g.rsUsers.setField(QStringLiteral("IsDisable"), false);
@@ -72,13 +75,8 @@ void FillProject(VORNAGlobal& g)
 
 int main()
 {
-    QTemporaryDir root;
-    QDir(root.path()).mkpath(QStringLiteral("VORNA"));
-    QDir(root.path()).mkpath(QStringLiteral("Project"));
-    const QString app = QDir(root.path()).filePath(QStringLiteral("VORNA"));
-    for (const char* name : {"VORNA.sdb", "RM64.mdb", "VORNA.ml", "VORNA.set"})
-        QFile::copy(QDir(QStringLiteral(VORNA_SHIPPED_DIR)).filePath(QString::fromLatin1(name)),
-                    QDir(app).filePath(QString::fromLatin1(name)));
+    BenchInstall install;
+    const QString app = install.appPath();
     QDir::setCurrent(app);
 
     HeadlessPlatform platform;
@@ -87,7 +85,7 @@ int main()
     g.view = &view;
     InitApplication(g, app);
 
-    const QString path = QDir(root.path()).filePath(QStringLiteral("Project/Limits.cmb"));
+    const QString path = QDir(install.root()).filePath(QStringLiteral("Project/Limits.cmb"));
     FileCopy(QDir(app).filePath(QStringLiteral("RM64.mdb")), path);
     OpenProject(g, path);
     FillProject(g);
@@ -105,10 +103,10 @@ int main()
         CloseProject(g);
         closes.push_back(t.nsecsElapsed() / 1e6);
     }
-    std::printf("open project at limits: %d contacts x %d groups, %d groups, 64 zones, %lld bytes\n", g.MaxTelNo,
-                GroupsPerContact, GroupCount, static_cast<long long>(QFileInfo(path).size()));
+    std::printf("open project at limits: %d contacts x %d groups, %d groups, 64 zones, %lld bytes\n",
+        g.MaxTelNo, GroupsPerContact, GroupCount, static_cast<long long>(QFileInfo(path).size()));
     std::printf("  open  median %.2f ms (target < 50 ms), min %.2f ms\n", Median(opens),
-                *std::min_element(opens.begin(), opens.end()));
+        *std::min_element(opens.begin(), opens.end()));
     std::printf("  close median %.2f ms\n", Median(closes));
     return 0;
 }

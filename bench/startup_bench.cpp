@@ -11,6 +11,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "BenchInstall.h"
 #include "Median.h"
 #include "QtPlatform.h"
 #include "VornaApp.h"
@@ -39,17 +40,12 @@ int main(int argc, char** argv)
     if (argc == 3 && QByteArray(argv[1]) == "--child")
         return RunChild(argc, argv, QString::fromLocal8Bit(argv[2]));
 
-    QTemporaryDir root;
-    QDir(root.path()).mkpath(QStringLiteral("VORNA"));
-    QDir(root.path()).mkpath(QStringLiteral("Project"));
-    const QString app = QDir(root.path()).filePath(QStringLiteral("VORNA"));
-    for (const char* name : {"VORNA.sdb", "RM64.mdb", "VORNA.ml", "VORNA.set"})
-        QFile::copy(QDir(QStringLiteral(VORNA_SHIPPED_DIR)).filePath(QString::fromLatin1(name)),
-                    QDir(app).filePath(QString::fromLatin1(name)));
+    BenchInstall install;
+    const QString app = install.appPath();
 
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    env.insert(QStringLiteral("XDG_CONFIG_HOME"), root.path());
+    env.insert(QStringLiteral("XDG_CONFIG_HOME"), install.root());
 
     std::vector<double> whole, inside;
     for (int run = 0; run < 21; ++run) {

@@ -16,13 +16,16 @@ void ReadCommSettings(VORNAGlobal& g, const QString& FilePath)
 {
     const QString name = FilePath.isEmpty() ? ProfileFileName(g) : FilePath;
     if (!FileExists(name)) {
-        g.platform.msgBox(QStringLiteral("VORNA system failed!\nFile [") + name + QStringLiteral("] not exist."),
-                          MsgBox::Critical, QStringLiteral("VORNA system failed"));
+        g.platform.msgBox(
+            QStringLiteral("VORNA system failed!\nFile [") + name + QStringLiteral("] not exist."),
+            MsgBox::Critical, QStringLiteral("VORNA system failed"));
         ExitApplication(g, false);
     }
     const QString text = ReadTextFile(name);
-    g.Timeout = ValToInt16(GetProfileString(QStringLiteral("Comm"), QStringLiteral("Timeout"), QStringLiteral("2"), text));
-    g.Retry = ValToInt16(GetProfileString(QStringLiteral("Comm"), QStringLiteral("Retry"), QStringLiteral("3"), text));
+    g.Timeout = ValToInt16(
+        GetProfileString(QStringLiteral("Comm"), QStringLiteral("Timeout"), QStringLiteral("2"), text));
+    g.Retry = ValToInt16(
+        GetProfileString(QStringLiteral("Comm"), QStringLiteral("Retry"), QStringLiteral("3"), text));
 }
 
 QString SettingsText(VORNAGlobal& g)
@@ -38,8 +41,10 @@ QString SettingsText(VORNAGlobal& g)
     text += QStringLiteral("AppliedLangName=") + ml.AppliedLangName + CRLF;
     text += QStringLiteral("AlternateLangName=") + ml.AlternateLangName + CRLF;
     text += QStringLiteral("OriginalLangName =") + ml.OriginalLangName + CRLF;
-    text += (ml.IsFormDisable == 1 ? QStringLiteral("IsFormDisable= 1") : QStringLiteral("IsFormDisable= 0")) + CRLF;
-    text += (ml.IsTextDisable == 1 ? QStringLiteral("IsTextDisable= 1") : QStringLiteral("IsTextDisable= 0")) + CRLF;
+    text += (ml.IsFormDisable == 1 ? QStringLiteral("IsFormDisable= 1") : QStringLiteral("IsFormDisable= 0"))
+        + CRLF;
+    text += (ml.IsTextDisable == 1 ? QStringLiteral("IsTextDisable= 1") : QStringLiteral("IsTextDisable= 0"))
+        + CRLF;
     return text;
 }
 

@@ -38,7 +38,8 @@ void SetStatus(VORNAGlobal& g, const QString& text)
 
 // Sets up the shared common dialog as every file command does. The start folder is
 // relative to the program's folder, which is the current directory here.
-FileDialogOptions DialogOptions(VORNAGlobal& g, const QString& title, const QString& fileName, const QString& filter)
+FileDialogOptions DialogOptions(
+    VORNAGlobal& g, const QString& title, const QString& fileName, const QString& filter)
 {
     if (g.dlgCommonDialog.InitDir.isEmpty())
         g.dlgCommonDialog.InitDir = NativePath(QStringLiteral("..\\Project"));
@@ -66,17 +67,19 @@ std::optional<QString> ShowFileDialog(VORNAGlobal& g, const FileDialogOptions& o
 // The question before a chosen file is replaced; true for Yes.
 bool AskReplace(VORNAGlobal& g, const QString& path, int id)
 {
-    const int answer = g.platform.msgBox(T(g, "檔案[", 1, id) + path + T(g, "]已經存在，您要取代現存的檔案嗎？", 2, id),
-                                         MsgBox::YesNo | MsgBox::Exclamation, T(g, "此檔案已經存在", 3, id));
+    const int answer
+        = g.platform.msgBox(T(g, "檔案[", 1, id) + path + T(g, "]已經存在，您要取代現存的檔案嗎？", 2, id),
+            MsgBox::YesNo | MsgBox::Exclamation, T(g, "此檔案已經存在", 3, id));
     return answer == MsgBox::Yes;
 }
 
 // One of the four trapped copies failed: "<action>\n專案檔案[<path><cause>", titled.
-void ShowCopyFailure(VORNAGlobal& g, int id, const char* action, const QString& path, const char* cause,
-                     const char* title)
+void ShowCopyFailure(
+    VORNAGlobal& g, int id, const char* action, const QString& path, const char* cause, const char* title)
 {
-    g.platform.msgBox(T(g, action, 1, id) + QStringLiteral("\n") + T(g, "專案檔案[", 2, id) + path + T(g, cause, 3, id),
-                      MsgBox::Critical, T(g, title, 4, id));
+    g.platform.msgBox(
+        T(g, action, 1, id) + QStringLiteral("\n") + T(g, "專案檔案[", 2, id) + path + T(g, cause, 3, id),
+        MsgBox::Critical, T(g, title, 4, id));
 }
 
 QString OpeningText(VORNAGlobal& g, const QString& path, int id)
@@ -132,10 +135,9 @@ void NewProject(VORNAGlobal& g)
     const QString proposed = ProposedProjectName(g);
     QString path;
     for (;;) {
-        const auto chosen = ShowFileDialog(
-            g,
+        const auto chosen = ShowFileDialog(g,
             DialogOptions(g, T(g, "開新專案", 1, 84), proposed,
-                          T(g, "Quillbeacon設定檔案,(*.cmb)|*.cmb|所有檔案,(*.*)|*.*", 1, 89)),
+                T(g, "Quillbeacon設定檔案,(*.cmb)|*.cmb|所有檔案,(*.*)|*.*", 1, 89)),
             false);
         if (!chosen)
             return;
@@ -161,11 +163,10 @@ void NewProject(VORNAGlobal& g)
 bool OpenProject(VORNAGlobal& g, QString FilePath)
 {
     if (FilePath.isEmpty()) {
-        const auto chosen =
-            ShowFileDialog(g,
-                           DialogOptions(g, T(g, "開啟專案", 1, 135), GetFname(g.dlgCommonDialog.FileName, 0),
-                                         T(g, "Quillbeacon設定檔案,(*.cmb)|*.cmb", 1, 142)),
-                           false);
+        const auto chosen = ShowFileDialog(g,
+            DialogOptions(g, T(g, "開啟專案", 1, 135), GetFname(g.dlgCommonDialog.FileName, 0),
+                T(g, "Quillbeacon設定檔案,(*.cmb)|*.cmb", 1, 142)),
+            false);
         if (!chosen)
             return false;
         FilePath = *chosen;
@@ -173,14 +174,15 @@ bool OpenProject(VORNAGlobal& g, QString FilePath)
 
     // The extension test is case-sensitive: "x.CMB" is refused.
     if (FilePath.right(4) != QStringLiteral(".cmb")) {
-        g.platform.msgBox(T(g, "本專案無法開啟！", 1, 165) + QStringLiteral("\n") + T(g, "因為專案檔名[", 2, 165) +
-                              GetFname(FilePath, 2) + T(g, "]不屬於[.cmb]，導致本專案無法開啟。", 3, 165),
-                          MsgBox::Critical, T(g, "本專案無法執行", 4, 165));
+        g.platform.msgBox(T(g, "本專案無法開啟！", 1, 165) + QStringLiteral("\n")
+                + T(g, "因為專案檔名[", 2, 165) + GetFname(FilePath, 2)
+                + T(g, "]不屬於[.cmb]，導致本專案無法開啟。", 3, 165),
+            MsgBox::Critical, T(g, "本專案無法執行", 4, 165));
         return false;
     }
     if (!FileExists(FilePath)) {
-        g.platform.msgBox(T(g, "本專案檔案路徑[", 1, 160) + FilePath + T(g, "]不存在。", 2, 160), MsgBox::Critical,
-                          T(g, "專案開啟失敗", 3, 160));
+        g.platform.msgBox(T(g, "本專案檔案路徑[", 1, 160) + FilePath + T(g, "]不存在。", 2, 160),
+            MsgBox::Critical, T(g, "專案開啟失敗", 3, 160));
         return false;
     }
     if (!g.ProjectName.isEmpty() && CloseProject(g) != ProjectResult::Done)
@@ -284,10 +286,9 @@ int SaveProject(VORNAGlobal& g, bool Force, bool Prompt, bool AllowCancel)
 
 void SaveProjectAs(VORNAGlobal& g)
 {
-    const auto chosen = ShowFileDialog(
-        g,
+    const auto chosen = ShowFileDialog(g,
         DialogOptions(g, T(g, "另存專案", 1, 403), ProposedProjectName(g),
-                      T(g, "Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*", 1, 408)),
+            T(g, "Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*", 1, 408)),
         true);
     if (!chosen)
         return;

@@ -32,7 +32,10 @@ struct AppInfo
 class VORNAGlobal
 {
 public:
-    explicit VORNAGlobal(Platform& platform) : platform(platform), ml(platform) {}
+    explicit VORNAGlobal(Platform& platform)
+        : platform(platform)
+        , ml(platform)
+    { }
     VORNAGlobal(const VORNAGlobal&) = delete;
     VORNAGlobal& operator=(const VORNAGlobal&) = delete;
 

@@ -10,7 +10,11 @@ class VORNAGlobal;
 class frmAbout : public FormModel
 {
 public:
-    explicit frmAbout(VORNAGlobal& g) : m_g(g) { Caption = QStringLiteral("關於 GSM Pellamatic"); }
+    explicit frmAbout(VORNAGlobal& g)
+        : m_g(g)
+    {
+        Caption = QStringLiteral("關於 GSM Pellamatic");
+    }
     QString formName() const override { return QStringLiteral("frmAbout"); }
 
     // Opens the register service window; handed over by the entry point.

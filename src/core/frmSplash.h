@@ -8,7 +8,9 @@ class VORNAGlobal;
 class frmSplash : public FormModel
 {
 public:
-    explicit frmSplash(VORNAGlobal& g) : m_g(g) {}
+    explicit frmSplash(VORNAGlobal& g)
+        : m_g(g)
+    { }
     QString formName() const override { return QStringLiteral("frmSplash"); }
 
     void Form_Load();

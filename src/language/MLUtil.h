@@ -50,7 +50,9 @@ QString LanguageForLocale(const QString& localeName);
 class MLUtil
 {
 public:
-    explicit MLUtil(Platform& platform) : m_platform(platform) {}
+    explicit MLUtil(Platform& platform)
+        : m_platform(platform)
+    { }
 
     // Called when the profile is missing; the application core wires its exit step here
     // (ExitApplication(False)), which ends the process.
@@ -79,7 +81,8 @@ public:
 
     // ReadMLSettings(""), OpenMLConn("VORNA.ml"), LoadTextTable, LoadFormTable.
     // exeName and title are the program's names ("VORNA" in a regular build).
-    int InitML(const QString& exeName = QStringLiteral("VORNA"), const QString& title = QStringLiteral("VORNA"));
+    int InitML(
+        const QString& exeName = QStringLiteral("VORNA"), const QString& title = QStringLiteral("VORNA"));
     void ReadMLSettings(const QString& FilePath, const QString& exeName = QStringLiteral("VORNA"));
     void OpenMLConn(const QString& FilePath);
     void CloseML();
@@ -89,9 +92,11 @@ public:
     int LoadFormTable();
 
     QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName);
-    QString GetFormText(const QString& FormName, const QString& Objectpath, const QString& PropertyName) const;
+    QString GetFormText(
+        const QString& FormName, const QString& Objectpath, const QString& PropertyName) const;
     QString FindText(const QString& ModuleName, int ID, int Seq) const;
-    QString FindFormText(const QString& FormName, const QString& Objectpath, const QString& PropertyName) const;
+    QString FindFormText(
+        const QString& FormName, const QString& Objectpath, const QString& PropertyName) const;
 
 private:
     Platform& m_platform;

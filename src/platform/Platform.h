@@ -76,10 +76,12 @@ public:
     virtual QDateTime now() = 0;
 
     // The per-user settings store, keyed by application, section and key.
-    virtual QString getSetting(const QString& appName, const QString& section, const QString& key,
-                               const QString& defaultValue) = 0;
-    virtual void saveSetting(const QString& appName, const QString& section, const QString& key,
-                             const QString& value) = 0;
+    virtual QString getSetting(
+        const QString& appName, const QString& section, const QString& key, const QString& defaultValue)
+        = 0;
+    virtual void saveSetting(
+        const QString& appName, const QString& section, const QString& key, const QString& value)
+        = 0;
 
     // The system's locale name, such as "zh_TW" or "en_US".
     virtual QString systemLocaleName() = 0;

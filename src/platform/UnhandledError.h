@@ -12,11 +12,13 @@
 class UnhandledError : public std::runtime_error
 {
 public:
-    explicit UnhandledError(const QString& text, const QString& title = QStringLiteral("VORNA"),
-                            int flags = 16)
-        : std::runtime_error(text.toStdString()), m_text(text), m_title(title), m_flags(flags)
-    {
-    }
+    explicit UnhandledError(
+        const QString& text, const QString& title = QStringLiteral("VORNA"), int flags = 16)
+        : std::runtime_error(text.toStdString())
+        , m_text(text)
+        , m_title(title)
+        , m_flags(flags)
+    { }
     const QString& text() const { return m_text; }
     const QString& title() const { return m_title; }
     int flags() const { return m_flags; }

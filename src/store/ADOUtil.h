@@ -88,8 +88,8 @@ private:
 
 // Opens a database file. A missing file gives "no object" without a word; a file that
 // will not open as a database shows the two boxes of a failed open and gives no object.
-Connection OpenMDBConn(Platform& platform, const QString& FilePath, const QString& UserID,
-                       const QString& Password);
+Connection OpenMDBConn(
+    Platform& platform, const QString& FilePath, const QString& UserID, const QString& Password);
 
 // The connection string the program names in its failure box.
 QString ConnectString(const QString& FilePath, const QString& UserID, const QString& Password);

@@ -13,5 +13,5 @@ int SplitLines(const QString& Text, QStringList& Lines);
 // The value of Key in [Section] of ProfileText, or Default. Section and key ignore case;
 // the first match wins. The text is split into 1000 lines; a search that runs past
 // line 1000 throws UnhandledError (subscript out of range).
-QString GetProfileString(const QString& Section, const QString& Key, const QString& Default,
-                         const QString& ProfileText);
+QString GetProfileString(
+    const QString& Section, const QString& Key, const QString& Default, const QString& ProfileText);

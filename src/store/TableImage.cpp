@@ -68,26 +68,6 @@ FieldKind KindOfMetaType(int id)
     }
 }
 
-bool IsNumeric(const QVariant& v)
-{
-    switch (v.metaType().id()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Char:
-    case QMetaType::SChar:
-    case QMetaType::UChar:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return true;
-    default:
-        return false;
-    }
-}
-
 bool IsText(const QVariant& v)
 {
     return v.metaType().id() == QMetaType::QString || v.metaType().id() == QMetaType::QByteArray;
@@ -104,7 +84,7 @@ std::optional<double> TextNumber(const QString& text)
 
 std::optional<double> StoredNumber(const QVariant& stored)
 {
-    return IsNumeric(stored) ? std::optional<double>(stored.toDouble()) : TextNumber(stored.toString());
+    return IsNumericValue(stored) ? std::optional<double>(stored.toDouble()) : TextNumber(stored.toString());
 }
 
 std::optional<bool> TextBool(const QString& text)
@@ -204,7 +184,7 @@ QVariant FieldFromStored(const QVariant& stored, FieldKind kind)
             return *d;
         return stored;
     case FieldKind::Bool:
-        if (IsNumeric(stored))
+        if (IsNumericValue(stored))
             return stored.toDouble() != 0;
         if (auto b = TextBool(stored.toString()))
             return *b;
@@ -228,7 +208,7 @@ QVariant FieldFromValue(const QVariant& value, FieldKind kind)
     case FieldKind::Integer:
         if (id == QMetaType::Bool)
             return qlonglong(value.toBool() ? -1 : 0);
-        if (IsNumeric(value))
+        if (IsNumericValue(value))
             return qlonglong(std::nearbyint(value.toDouble()));
         if (IsText(value))
             if (auto d = TextNumber(value.toString()))
@@ -237,7 +217,7 @@ QVariant FieldFromValue(const QVariant& value, FieldKind kind)
     case FieldKind::Double:
         if (id == QMetaType::Bool)
             return value.toBool() ? -1.0 : 0.0;
-        if (IsNumeric(value))
+        if (IsNumericValue(value))
             return value.toDouble();
         if (IsText(value))
             if (auto d = TextNumber(value.toString()))
@@ -246,7 +226,7 @@ QVariant FieldFromValue(const QVariant& value, FieldKind kind)
     case FieldKind::Bool:
         if (id == QMetaType::Bool)
             return value.toBool();
-        if (IsNumeric(value))
+        if (IsNumericValue(value))
             return value.toDouble() != 0;
         if (IsText(value))
             if (auto b = TextBool(value.toString()))

@@ -6,8 +6,7 @@
 
 // A fixed array indexed from Low to High, as the program declares its arrays. An index
 // outside the bounds is the program's "subscript out of range": an unhandled error.
-template<typename T, int Low, int High>
-class VBArray
+template<typename T, int Low, int High> class VBArray
 {
 public:
     T& operator()(int i)
@@ -30,5 +29,5 @@ private:
         if (i < Low || i > High)
             throw UnhandledError(QStringLiteral("Subscript out of range"));
     }
-    std::array<T, High - Low + 1> m_items{};
+    std::array<T, High - Low + 1> m_items {};
 };

@@ -36,21 +36,11 @@ double ToNumber(const QVariant& Value)
 {
     if (!Value.isValid() || Value.isNull())
         throw UnhandledError(QStringLiteral("Invalid use of Null"));
+    if (IsNumericValue(Value))
+        return Value.toDouble();
     switch (Value.metaType().id()) {
     case QMetaType::Bool:
         return Value.toBool() ? -1.0 : 0.0;
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Char:
-    case QMetaType::SChar:
-    case QMetaType::UChar:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return Value.toDouble();
     case QMetaType::QString:
     case QMetaType::QByteArray:
         if (auto d = ParseNumber(Value.toString()))
@@ -211,4 +201,24 @@ qint64 DateDiffSeconds(const QDateTime& from, const QDateTime& to)
         return ms >= 0 ? ms / 1000 : -((-ms + 999) / 1000);
     };
     return wholeSeconds(to) - wholeSeconds(from);
+}
+
+bool IsNumericValue(const QVariant& Value)
+{
+    switch (Value.metaType().id()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return true;
+    default:
+        return false;
+    }
 }

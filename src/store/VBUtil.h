@@ -16,6 +16,9 @@ int LastInStr(const QString& Text, const QString& Find);
 // The value as text; empty for a null. Booleans read "True"/"False", dates yyyy-MM-dd.
 QString NullToEmpty(const QVariant& Value);
 
+// True for a value held as a number (not text, not Boolean).
+bool IsNumericValue(const QVariant& Value);
+
 // The leading numeric value of a text ("12abc" gives 12, "abc" gives 0).
 double Val(const QString& Text);
 

@@ -28,7 +28,10 @@ protected:
 
     void start() { InitApplication(g, folder.appPath()); }
 
-    QString projectPath(const QString& fileName) const { return QDir(folder.projectDir()).filePath(fileName); }
+    QString projectPath(const QString& fileName) const
+    {
+        return QDir(folder.projectDir()).filePath(fileName);
+    }
 
     // File New answered with the given file, in the sibling Project folder.
     QString newProject(const QString& fileName = QStringLiteral("Project1.cmb"))
@@ -75,7 +78,7 @@ protected:
     TestFolder folder;
     ScriptedPlatform platform;
     RecordingView view;
-    VORNAGlobal g{platform};
+    VORNAGlobal g {platform};
 };
 
 inline QString SavePrompt(const QString& name)

@@ -29,8 +29,7 @@ struct CommCase
 };
 
 class CommSettingsTest : public CoreTest, public ::testing::WithParamInterface<CommCase>
-{
-};
+{ };
 
 TEST_P(CommSettingsTest, ReadsTimeoutAndRetry)
 {
@@ -41,17 +40,15 @@ TEST_P(CommSettingsTest, ReadsTimeoutAndRetry)
     EXPECT_EQ(g.Retry, c.retry);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Profiles, CommSettingsTest,
-    ::testing::Values(
-        CommCase{"AsDelivered", "[Comm]\r\nTimeOut=5\r\nRetry=1\r\n", 5, 1},
-        CommCase{"NoCommSection", "[ML]\r\nOriginalLangName=ChineseBig5\r\n", 2, 3},
-        CommCase{"LowerCaseAndBlanks", "  [comm]  \r\n  timeout  =  7  \r\nRETRY= 4\r\n", 7, 4},
-        CommCase{"NonNumericReadsAsZero", "[Comm]\r\nTimeout=abc\r\nRetry=6 tries\r\n", 0, 6},
-        CommCase{"KeyInTheWrongSection", "[ML]\r\nTimeout=9\r\n[Comm]\r\nRetry=8\r\n", 2, 8},
-        CommCase{"FirstOfTwoWins", "[Comm]\r\nTimeout=4\r\nTimeout=6\r\n", 4, 3},
-        CommCase{"BareLineFeedsMakeOneLine", "[Comm]\nTimeout=9\nRetry=9\n", 2, 3},
-        CommCase{"RoundsToEven", "[Comm]\r\nTimeout=2.5\r\nRetry=3.5\r\n", 2, 4}),
+INSTANTIATE_TEST_SUITE_P(Profiles, CommSettingsTest,
+    ::testing::Values(CommCase {"AsDelivered", "[Comm]\r\nTimeOut=5\r\nRetry=1\r\n", 5, 1},
+        CommCase {"NoCommSection", "[ML]\r\nOriginalLangName=ChineseBig5\r\n", 2, 3},
+        CommCase {"LowerCaseAndBlanks", "  [comm]  \r\n  timeout  =  7  \r\nRETRY= 4\r\n", 7, 4},
+        CommCase {"NonNumericReadsAsZero", "[Comm]\r\nTimeout=abc\r\nRetry=6 tries\r\n", 0, 6},
+        CommCase {"KeyInTheWrongSection", "[ML]\r\nTimeout=9\r\n[Comm]\r\nRetry=8\r\n", 2, 8},
+        CommCase {"FirstOfTwoWins", "[Comm]\r\nTimeout=4\r\nTimeout=6\r\n", 4, 3},
+        CommCase {"BareLineFeedsMakeOneLine", "[Comm]\nTimeout=9\nRetry=9\n", 2, 3},
+        CommCase {"RoundsToEven", "[Comm]\r\nTimeout=2.5\r\nRetry=3.5\r\n", 2, 4}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, AProfileBeyondAThousandLinesStopsTheSearchThere)
@@ -68,21 +65,23 @@ TEST_F(CoreTest, AProfileThatVanishedBeforeCommEndsTheStart)
 {
     QFile::remove(QStringLiteral("VORNA.set"));
     platform.expectBox(MsgBox::Critical, QStringLiteral("VORNA system failed!\nFile [VORNA.set] not exist."),
-                       QStringLiteral("VORNA system failed"));
+        QStringLiteral("VORNA system failed"));
     EXPECT_THROW(ReadCommSettings(g, QString()), ProcessEnded);
 }
 
 TEST_F(CoreTest, WriteSettingsRewritesTheWholeFileInItsOwnForm)
 {
     WriteProfile("[Comm]\r\nTimeout=2\r\nExtra=kept?\r\n[ML]\r\nAppliedLangName=auto\r\n"
-                 "OriginalLangName=ChineseBig5\r\nAlternateLangName=English\r\nIsFormDisable=2\r\nIsTextDisable=1\r\n");
+                 "OriginalLangName=ChineseBig5\r\nAlternateLangName=English\r\nIsFormDisable="
+                 "2\r\nIsTextDisable=1\r\n");
     g.ml.ReadMLSettings(QString());
     g.Timeout = 5;
     g.Retry = 1;
     WriteSettings(g, QString());
-    EXPECT_EQ(ReadProfile(), QByteArray("[Comm]\r\nTimeOut=5\r\nRetry=1\r\n\r\n[ML]\r\nAppliedLangName=auto\r\n"
-                                        "AlternateLangName=English\r\nOriginalLangName =ChineseBig5\r\n"
-                                        "IsFormDisable= 0\r\nIsTextDisable= 1\r\n"));
+    EXPECT_EQ(ReadProfile(),
+        QByteArray("[Comm]\r\nTimeOut=5\r\nRetry=1\r\n\r\n[ML]\r\nAppliedLangName=auto\r\n"
+                   "AlternateLangName=English\r\nOriginalLangName =ChineseBig5\r\n"
+                   "IsFormDisable= 0\r\nIsTextDisable= 1\r\n"));
     // What it wrote reads back the same.
     g.Timeout = 0;
     ReadCommSettings(g, QString());

@@ -38,9 +38,9 @@ TEST_F(CoreTest, NewProjectCopiesTheTemplateAndOpensItThroughAWorkingCopy)
 
     // The creation date went into the working copy only.
     CloseProjectTables(g);
-    EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("CreatedDate")), QStringList{QString()});
+    EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("CreatedDate")), QStringList {QString()});
     EXPECT_EQ(column(g.ProjectWorkPath, QStringLiteral("Basic"), QStringLiteral("CreatedDate")),
-              QStringList{QStringLiteral("2026-11-22")});
+        QStringList {QStringLiteral("2026-11-22")});
 }
 
 TEST_F(CoreTest, NewProjectOverAnExistingFileAsksAndNoShowsTheDialogAgain)
@@ -50,9 +50,11 @@ TEST_F(CoreTest, NewProjectOverAnExistingFileAsksAndNoShowsTheDialogAgain)
     QFile(taken).open(QIODevice::WriteOnly);
     const QString other = projectPath(QStringLiteral("Other.cmb"));
 
-    platform.expectOpenDialog(taken, [](const FileDialogOptions& o) { EXPECT_EQ(o.FileName, QStringLiteral("Project2")); });
+    platform.expectOpenDialog(
+        taken, [](const FileDialogOptions& o) { EXPECT_EQ(o.FileName, QStringLiteral("Project2")); });
     platform.expectBox(52, boxQuestionReplace(taken), QStringLiteral("此檔案已經存在"), MsgBox::No);
-    platform.expectOpenDialog(other, [](const FileDialogOptions& o) { EXPECT_EQ(o.FileName, QStringLiteral("Project2")); });
+    platform.expectOpenDialog(
+        other, [](const FileDialogOptions& o) { EXPECT_EQ(o.FileName, QStringLiteral("Project2")); });
     NewProject(g);
 
     EXPECT_EQ(g.ProjectName, QStringLiteral("Other"));
@@ -79,8 +81,7 @@ struct CloseCase
 };
 
 class CloseAnswerTest : public CoreTest, public ::testing::WithParamInterface<CloseCase>
-{
-};
+{ };
 
 TEST_P(CloseAnswerTest, CloseWithEditsFollowsTheAnswer)
 {
@@ -103,14 +104,15 @@ TEST_P(CloseAnswerTest, CloseWithEditsFollowsTheAnswer)
     const QStringList groups = column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"));
     EXPECT_EQ(groups.contains(QStringLiteral("Night shift")), c.committed);
     // Yes dates the commit itself; the other answers leave the template's empty date.
-    EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("ModifiedDate")).value(0).isEmpty(), !c.committed);
+    EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("ModifiedDate")).value(0).isEmpty(),
+        !c.committed);
 }
 
 INSTANTIATE_TEST_SUITE_P(Answers, CloseAnswerTest,
-                         ::testing::Values(CloseCase{"Yes", MsgBox::Yes, ProjectResult::Done, true},
-                                           CloseCase{"No", MsgBox::No, ProjectResult::Done, false},
-                                           CloseCase{"Cancel", MsgBox::Cancel, ProjectResult::Cancelled, false}),
-                         [](const auto& info) { return std::string(info.param.name); });
+    ::testing::Values(CloseCase {"Yes", MsgBox::Yes, ProjectResult::Done, true},
+        CloseCase {"No", MsgBox::No, ProjectResult::Done, false},
+        CloseCase {"Cancel", MsgBox::Cancel, ProjectResult::Cancelled, false}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, CloseWithoutEditsAsksNothingAndRemovesTheWorkingCopy)
 {
@@ -133,10 +135,12 @@ TEST_F(CoreTest, FileSaveCommitsThePreviousDateAndKeepsTheNewOneInTheWorkingCopy
     EXPECT_FALSE(g.IsProjectModified);
     EXPECT_EQ(NullToEmpty(g.rsBasic.Fields(QStringLiteral("ModifiedDate"))), QStringLiteral("2026-12-01"));
     CloseProjectTables(g);
-    EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName")).contains(QStringLiteral("Day shift")));
-    EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("ModifiedDate")), QStringList{QString()});
+    EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
+                    .contains(QStringLiteral("Day shift")));
+    EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("ModifiedDate")), QStringList {QString()});
     // The creation date of File New was not committed either: only edits mark a project modified.
-    EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("CreatedDate")), QStringList{QStringLiteral("2026-11-22")});
+    EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("CreatedDate")),
+        QStringList {QStringLiteral("2026-11-22")});
 }
 
 TEST_F(CoreTest, OpenWithAStaleWorkingCopyDiscardsIt)
@@ -165,8 +169,7 @@ struct RefusedOpenCase
 };
 
 class RefusedOpenTest : public CoreTest, public ::testing::WithParamInterface<RefusedOpenCase>
-{
-};
+{ };
 
 TEST_P(RefusedOpenTest, IsRefusedWithItsBox)
 {
@@ -177,21 +180,19 @@ TEST_P(RefusedOpenTest, IsRefusedWithItsBox)
         QFile(path).open(QIODevice::WriteOnly);
     QString text = QString::fromUtf8(c.text);
     text.replace(QStringLiteral("%1"), path).replace(QStringLiteral("%2"), QString::fromUtf8(c.fileName));
-    platform.expectBox(MsgBox::Critical, text,
-                       QString::fromUtf8(c.title));
+    platform.expectBox(MsgBox::Critical, text, QString::fromUtf8(c.title));
     EXPECT_FALSE(OpenProject(g, path));
     EXPECT_TRUE(g.ProjectName.isEmpty());
     EXPECT_EQ(g.MRUCount, 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Files, RefusedOpenTest,
+INSTANTIATE_TEST_SUITE_P(Files, RefusedOpenTest,
     ::testing::Values(
-        RefusedOpenCase{"UpperCaseExtension", "Site.CMB", true,
-                        "本專案無法開啟！\n因為專案檔名[%2]不屬於[.cmb]，導致本專案無法開啟。", "本專案無法執行"},
-        RefusedOpenCase{"OtherExtension", "Site.mdb", true,
-                        "本專案無法開啟！\n因為專案檔名[%2]不屬於[.cmb]，導致本專案無法開啟。", "本專案無法執行"},
-        RefusedOpenCase{"Missing", "Gone.cmb", false, "本專案檔案路徑[%1]不存在。", "專案開啟失敗"}),
+        RefusedOpenCase {"UpperCaseExtension", "Site.CMB", true,
+            "本專案無法開啟！\n因為專案檔名[%2]不屬於[.cmb]，導致本專案無法開啟。", "本專案無法執行"},
+        RefusedOpenCase {"OtherExtension", "Site.mdb", true,
+            "本專案無法開啟！\n因為專案檔名[%2]不屬於[.cmb]，導致本專案無法開啟。", "本專案無法執行"},
+        RefusedOpenCase {"Missing", "Gone.cmb", false, "本專案檔案路徑[%1]不存在。", "專案開啟失敗"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, AProjectFileThatIsNoDatabaseEndsInAnUnhandledError)
@@ -204,9 +205,9 @@ TEST_F(CoreTest, AProjectFileThatIsNoDatabaseEndsInAnUnhandledError)
         f.write(QByteArray(4096, 'x'));
     }
     platform.expectBox(MsgBox::Critical,
-                       QStringLiteral("OpenMDBConn Failed!\nConnect String:") +
-                           ConnectString(projectPath(QStringLiteral("Broken.mir")), {}, {}),
-                       QStringLiteral("OpenMDBConn Failed"));
+        QStringLiteral("OpenMDBConn Failed!\nConnect String:")
+            + ConnectString(projectPath(QStringLiteral("Broken.mir")), {}, {}),
+        QStringLiteral("OpenMDBConn Failed"));
     // The provider's own description follows in a plain box; its wording is the driver's.
     platform.expectBoxWithAnyText(MsgBox::OKOnly, QStringLiteral("VORNA"));
     EXPECT_THROW(OpenProject(g, path), UnhandledError);
@@ -233,7 +234,8 @@ TEST_F(CoreTest, SaveAsOntoItsOwnProjectFileReplacesItWithTheWorkingCopy)
     EXPECT_FALSE(g.IsProjectModified);
     EXPECT_EQ(g.rsUserGroups.RecordCount(), 2);
     CloseProjectTables(g);
-    EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName")).contains(QStringLiteral("Guards")));
+    EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
+                    .contains(QStringLiteral("Guards")));
 }
 
 TEST_F(CoreTest, SaveAsToANewNameLeavesTheOldProjectAtItsLastCommit)
@@ -249,7 +251,8 @@ TEST_F(CoreTest, SaveAsToANewNameLeavesTheOldProjectAtItsLastCommit)
     EXPECT_FALSE(QFile::exists(projectPath(QStringLiteral("Project1.mir"))));
     EXPECT_EQ(g.MRUFilePath(1), newPath);
     EXPECT_EQ(g.MRUFilePath(2), oldPath);
-    EXPECT_FALSE(column(oldPath, QStringLiteral("UserGroups"), QStringLiteral("GroupName")).contains(QStringLiteral("Guards")));
+    EXPECT_FALSE(column(oldPath, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
+                     .contains(QStringLiteral("Guards")));
 }
 
 TEST_F(CoreTest, SaveAsAnsweredNoEndsTheCommand)
@@ -278,10 +281,12 @@ TEST_F(CoreTest, SaveIntoAReadOnlyFolderShowsItsBoxAndLeavesTheProjectFileAlone)
     if (::geteuid() == 0)
         GTEST_SKIP() << "root writes into read-only folders";
     QFile::setPermissions(folder.projectDir(), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-    platform.expectBox(MsgBox::Critical, QStringLiteral("儲存專案失敗。\n專案檔案[") + path + QStringLiteral("]檔案無法儲存。"),
-                       QStringLiteral("儲存專案失敗"));
+    platform.expectBox(MsgBox::Critical,
+        QStringLiteral("儲存專案失敗。\n專案檔案[") + path + QStringLiteral("]檔案無法儲存。"),
+        QStringLiteral("儲存專案失敗"));
     EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
-    QFile::setPermissions(folder.projectDir(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    QFile::setPermissions(
+        folder.projectDir(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 
     QFile f(path);
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
@@ -299,11 +304,12 @@ TEST_F(CoreTest, ASaveThatCannotReplaceTheProjectFileLeavesTheProjectBroken)
     // Something that is not a file now stands where the project file was.
     QFile::remove(path);
     QDir().mkpath(path + QStringLiteral("/in the way"));
-    platform.expectBox(MsgBox::Critical, QStringLiteral("儲存專案失敗。\n專案檔案[") + path + QStringLiteral("]檔案無法儲存。"),
-                       QStringLiteral("儲存專案失敗"));
+    platform.expectBox(MsgBox::Critical,
+        QStringLiteral("儲存專案失敗。\n專案檔案[") + path + QStringLiteral("]檔案無法儲存。"),
+        QStringLiteral("儲存專案失敗"));
     EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
     EXPECT_TRUE(QFileInfo(path).isDir());
-    EXPECT_EQ(QDir(folder.projectDir()).entryList(QDir::Files), QStringList{QStringLiteral("Project1.mir")});
+    EXPECT_EQ(QDir(folder.projectDir()).entryList(QDir::Files), QStringList {QStringLiteral("Project1.mir")});
     EXPECT_THROW(g.rsBasic.Fields(QStringLiteral("ModifiedDate")), UnhandledError);
 }
 
@@ -371,7 +377,8 @@ TEST_F(CoreTest, FileExitWithCancelEndsTheProgramAndKeepsTheWorkingCopy)
     start();
     const QString path = newProject();
     addGroup(QStringLiteral("Guards"));
-    platform.expectBox(MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::Cancel);
+    platform.expectBox(
+        MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::Cancel);
     try {
         ExitApplication(g, true);
         FAIL() << "the program did not end";
@@ -379,7 +386,8 @@ TEST_F(CoreTest, FileExitWithCancelEndsTheProgramAndKeepsTheWorkingCopy)
         EXPECT_EQ(e.status, 0);
     }
     EXPECT_TRUE(QFile::exists(projectPath(QStringLiteral("Project1.mir"))));
-    EXPECT_FALSE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName")).contains(QStringLiteral("Guards")));
+    EXPECT_FALSE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
+                     .contains(QStringLiteral("Guards")));
     EXPECT_EQ(platform.settings[QStringLiteral("Settings/MainWidth")], QStringLiteral("10800"));
     EXPECT_EQ(platform.settings[QStringLiteral("Settings/ViewMode")], QStringLiteral("3"));
 }
@@ -404,6 +412,7 @@ TEST_F(CoreTest, TheDownloadCommitCopiesWithoutAskingAndKeepsTheModifiedFlag)
     EXPECT_TRUE(g.IsProjectModified);
     EXPECT_EQ(g.rsBasic.State(), 1);
     CloseProjectTables(g);
-    EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName")).contains(QStringLiteral("Guards")));
+    EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
+                    .contains(QStringLiteral("Guards")));
     OpenProjectTables(g, g.ProjectWorkPath);
 }

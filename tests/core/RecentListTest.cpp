@@ -11,8 +11,7 @@ struct RecentCase
 };
 
 class RecentListTest : public CoreTest, public ::testing::WithParamInterface<RecentCase>
-{
-};
+{ };
 
 TEST_P(RecentListTest, KeepsTheNewestFirstAndWritesTheTableAtOnce)
 {
@@ -32,26 +31,21 @@ TEST_P(RecentListTest, KeepsTheNewestFirstAndWritesTheTableAtOnce)
     for (int i = 1; i <= g.MRUCount; ++i)
         now << g.MRUFilePath(i);
     EXPECT_EQ(now, c.after);
-    EXPECT_EQ(column(folder.path(QStringLiteral("VORNA.sdb")), QStringLiteral("MRUList"), QStringLiteral("FilePath")),
-              c.after);
+    EXPECT_EQ(column(folder.path(QStringLiteral("VORNA.sdb")), QStringLiteral("MRUList"),
+                  QStringLiteral("FilePath")),
+        c.after);
     EXPECT_EQ(view.recentMenuCount, c.menuRebuilds);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Orders, RecentListTest,
-    ::testing::Values(RecentCase{"FirstIntoAnEmptyList", {}, "/p/a.cmb", {"/p/a.cmb"}, 1},
-                      RecentCase{"PlaceOneChangesNothing", {"/p/a.cmb", "/p/b.cmb"}, "/p/a.cmb", {"/p/a.cmb", "/p/b.cmb"}, 0},
-                      RecentCase{"PlaceThreeMovesToTheTop",
-                                 {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"},
-                                 "/p/3.cmb",
-                                 {"/p/3.cmb", "/p/1.cmb", "/p/2.cmb", "/p/4.cmb"},
-                                 0},
-                      RecentCase{"AFifthPushesOutTheOldest",
-                                 {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"},
-                                 "/p/5.cmb",
-                                 {"/p/5.cmb", "/p/1.cmb", "/p/2.cmb", "/p/3.cmb"},
-                                 1},
-                      RecentCase{"CaseMakesAnotherEntry", {"/p/a.cmb"}, "/p/A.cmb", {"/p/A.cmb", "/p/a.cmb"}, 1}),
+INSTANTIATE_TEST_SUITE_P(Orders, RecentListTest,
+    ::testing::Values(RecentCase {"FirstIntoAnEmptyList", {}, "/p/a.cmb", {"/p/a.cmb"}, 1},
+        RecentCase {
+            "PlaceOneChangesNothing", {"/p/a.cmb", "/p/b.cmb"}, "/p/a.cmb", {"/p/a.cmb", "/p/b.cmb"}, 0},
+        RecentCase {"PlaceThreeMovesToTheTop", {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"}, "/p/3.cmb",
+            {"/p/3.cmb", "/p/1.cmb", "/p/2.cmb", "/p/4.cmb"}, 0},
+        RecentCase {"AFifthPushesOutTheOldest", {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"}, "/p/5.cmb",
+            {"/p/5.cmb", "/p/1.cmb", "/p/2.cmb", "/p/3.cmb"}, 1},
+        RecentCase {"CaseMakesAnotherEntry", {"/p/a.cmb"}, "/p/A.cmb", {"/p/A.cmb", "/p/a.cmb"}, 1}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, TheRecentListIsReadBackAtTheNextStart)

@@ -28,8 +28,7 @@ struct StartFailureCase
 };
 
 class StartFailureTest : public CoreTest, public ::testing::WithParamInterface<StartFailureCase>
-{
-};
+{ };
 
 TEST_P(StartFailureTest, EndsTheStartWithItsEnglishBox)
 {
@@ -44,19 +43,18 @@ TEST_P(StartFailureTest, EndsTheStartWithItsEnglishBox)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    MissingFiles, StartFailureTest,
-    ::testing::Values(StartFailureCase{"Profile", "VORNA.set", "ML system failed!\nFile [VORNA.set] not exist.",
-                                       "ML system failed"},
-                      StartFailureCase{"LanguageFile", "VORNA.ml", "ML System Error! \nFile [VORNA.ml] not found.",
-                                       "ML System Error"}),
+INSTANTIATE_TEST_SUITE_P(MissingFiles, StartFailureTest,
+    ::testing::Values(StartFailureCase {"Profile", "VORNA.set",
+                          "ML system failed!\nFile [VORNA.set] not exist.", "ML system failed"},
+        StartFailureCase {
+            "LanguageFile", "VORNA.ml", "ML System Error! \nFile [VORNA.ml] not found.", "ML System Error"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, AStartFromAnotherFolderCannotFindTheProfile)
 {
     ChDir(folder.projectDir());
     platform.expectBox(MsgBox::Critical, QStringLiteral("ML system failed!\nFile [VORNA.set] not exist."),
-                       QStringLiteral("ML system failed"));
+        QStringLiteral("ML system failed"));
     EXPECT_THROW(start(), ProcessEnded);
 }
 
@@ -90,15 +88,14 @@ TEST_F(CoreTest, AFifthRecentRowIsASubscriptError)
 struct SplashWaitCase
 {
     const char* name;
-    int startMs;       // where in its second the wait begins
-    int clickAfter;    // doEvents passes before a click; -1 for none
+    int startMs;    // where in its second the wait begins
+    int clickAfter; // doEvents passes before a click; -1 for none
     qint64 minWaitMs;
     qint64 maxWaitMs;
 };
 
 class SplashWaitTest : public CoreTest, public ::testing::WithParamInterface<SplashWaitCase>
-{
-};
+{ };
 
 TEST_P(SplashWaitTest, WaitsForWholeSecondsOrAClick)
 {
@@ -120,10 +117,9 @@ TEST_P(SplashWaitTest, WaitsForWholeSecondsOrAClick)
 }
 
 INSTANTIATE_TEST_SUITE_P(Waits, SplashWaitTest,
-                         ::testing::Values(SplashWaitCase{"StartOfASecond", 0, -1, 3000, 3020},
-                                           SplashWaitCase{"EndOfASecond", 990, -1, 2000, 2030},
-                                           SplashWaitCase{"ClickedAtOnce", 0, 1, 0, 40}),
-                         [](const auto& info) { return std::string(info.param.name); });
+    ::testing::Values(SplashWaitCase {"StartOfASecond", 0, -1, 3000, 3020},
+        SplashWaitCase {"EndOfASecond", 990, -1, 2000, 2030}, SplashWaitCase {"ClickedAtOnce", 0, 1, 0, 40}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, SplashAndAboutTakeTheirCaptionsFromTheFormTable)
 {
@@ -132,13 +128,15 @@ TEST_F(CoreTest, SplashAndAboutTakeTheirCaptionsFromTheFormTable)
     splash.Form_Load();
     EXPECT_EQ(splash.Label1, QStringLiteral("適用機型: "));
     EXPECT_EQ(splash.lblProductName, QStringLiteral("簡訊報警機   設定工具"));
-    EXPECT_EQ(splash.lblVersion, QStringLiteral("Version %1.%2.%3").arg(g.App.Major).arg(g.App.Minor).arg(g.App.Revision));
+    EXPECT_EQ(splash.lblVersion,
+        QStringLiteral("Version %1.%2.%3").arg(g.App.Major).arg(g.App.Minor).arg(g.App.Revision));
     EXPECT_EQ(splash.Label3, QStringLiteral("Contignration Utility"));
 
     frmAbout about(g);
     about.Form_Load();
     EXPECT_EQ(about.Caption, QStringLiteral("關於 GSM Pellamatic"));
-    EXPECT_EQ(about.lblVersion, QStringLiteral("版本:%1.%2.%3").arg(g.App.Major).arg(g.App.Minor).arg(g.App.Revision));
+    EXPECT_EQ(about.lblVersion,
+        QStringLiteral("版本:%1.%2.%3").arg(g.App.Major).arg(g.App.Minor).arg(g.App.Revision));
 }
 
 TEST_F(CoreTest, OnlyShiftAltLeftPressOnTheAboutIconOpensTheServiceWindow)

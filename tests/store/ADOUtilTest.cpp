@@ -10,21 +10,12 @@
 #include <QTemporaryDir>
 
 #include "ADOUtil.h"
+#include "CaseName.h"
 #include "ScriptedPlatform.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 
 namespace {
-
-// A test name from a case's description.
-std::string CaseName(const char* name)
-{
-    std::string n = name;
-    for (char& ch : n)
-        if (!std::isalnum(static_cast<unsigned char>(ch)))
-            ch = '_';
-    return n;
-}
 
 const QStringList Schema = {
     "CREATE TABLE UserGroups (GroupName TEXT, GroupDsc TEXT)",

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "CaseName.h"
 #include "SettingUtil.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
@@ -38,16 +39,6 @@ TEST_P(SplitLinesCases, NumbersEveryLine)
     QStringList lines(5);
     EXPECT_EQ(SplitLines(c.text, lines), c.count);
     EXPECT_EQ(lines, c.lines);
-}
-
-// A test name from a case's description.
-std::string CaseName(const char* name)
-{
-    std::string n = name;
-    for (char& ch : n)
-        if (!std::isalnum(static_cast<unsigned char>(ch)))
-            ch = '_';
-    return n;
 }
 
 INSTANTIATE_TEST_SUITE_P(SettingUtil, SplitLinesCases, ::testing::ValuesIn(SplitCases),

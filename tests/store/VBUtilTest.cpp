@@ -3,20 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include "CaseName.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 
 namespace {
-
-// A test name from a case's description.
-std::string CaseName(const char* name)
-{
-    std::string n = name;
-    for (char& ch : n)
-        if (!std::isalnum(static_cast<unsigned char>(ch)))
-            ch = '_';
-    return n;
-}
 
 struct FnameCase
 {

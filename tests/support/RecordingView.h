@@ -14,7 +14,7 @@ public:
     std::map<QString, QString> panels;
     std::vector<QString> statusHistory; // every "Status" text in order
     std::vector<int> pointerHistory;
-    WindowPlacement placement{200, 200, 10800, 6900, 0, 3};
+    WindowPlacement placement {200, 200, 10800, 6900, 0, 3};
 
     void RefreshFormObj() override { ++refreshCount; }
     void mkRecentFilePathMenu() override { ++recentMenuCount; }

@@ -38,7 +38,9 @@ QString kindName(ScriptedPlatform::Event::Kind kind)
 
 } // namespace
 
-ScriptedPlatform::ScriptedPlatform() : clock(QDate(2026, 11, 22), QTime(9, 30, 0)) {}
+ScriptedPlatform::ScriptedPlatform()
+    : clock(QDate(2026, 11, 22), QTime(9, 30, 0))
+{ }
 
 ScriptedPlatform::~ScriptedPlatform()
 {
@@ -65,14 +67,14 @@ void ScriptedPlatform::expectBoxWithAnyText(int flags, const QString& title, int
     m_expected.push_back({Event::Box, flags, {}, title, answer, true, {}, {}, {}});
 }
 
-void ScriptedPlatform::expectOpenDialog(std::optional<QString> answer,
-                                        std::function<void(const FileDialogOptions&)> check)
+void ScriptedPlatform::expectOpenDialog(
+    std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check)
 {
     m_expected.push_back({Event::OpenDialog, 0, {}, {}, 0, false, std::move(answer), std::move(check), {}});
 }
 
-void ScriptedPlatform::expectSaveDialog(std::optional<QString> answer,
-                                        std::function<void(const FileDialogOptions&)> check)
+void ScriptedPlatform::expectSaveDialog(
+    std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check)
 {
     m_expected.push_back({Event::SaveDialog, 0, {}, {}, 0, false, std::move(answer), std::move(check), {}});
 }
@@ -97,8 +99,9 @@ int ScriptedPlatform::msgBox(const QString& text, int flags, const QString& titl
     if (m_expected.empty() || m_expected.front().kind != Event::Box) {
         ADD_FAILURE() << "unexpected box [" << title.toStdString() << "] flags " << flags << ": "
                       << text.toStdString()
-                      << (m_expected.empty() ? std::string()
-                                             : "\n  while expecting " + describe(m_expected.front()).toStdString());
+                      << (m_expected.empty()
+                                 ? std::string()
+                                 : "\n  while expecting " + describe(m_expected.front()).toStdString());
         return (flags & MsgBox::ButtonMask) == MsgBox::OKOnly ? MsgBox::OK : MsgBox::Cancel;
     }
     Expectation e = m_expected.front();
@@ -142,8 +145,8 @@ void ScriptedPlatform::showModal(FormModel& form)
 {
     events.push_back({Event::Modal, form.formName(), {}, 0, {}});
     form.Visible = true;
-    if (m_expected.empty() || m_expected.front().kind != Event::Modal ||
-        m_expected.front().text != form.formName()) {
+    if (m_expected.empty() || m_expected.front().kind != Event::Modal
+        || m_expected.front().text != form.formName()) {
         ADD_FAILURE() << "unexpected modal form " << form.formName().toStdString();
         form.Visible = false;
         return;
@@ -167,7 +170,7 @@ void ScriptedPlatform::hideForm(FormModel& form)
     form.Visible = false;
 }
 
-void ScriptedPlatform::refreshForm(FormModel&) {}
+void ScriptedPlatform::refreshForm(FormModel&) { }
 
 void ScriptedPlatform::setMousePointer(int pointer)
 {
@@ -189,16 +192,16 @@ QDateTime ScriptedPlatform::now()
     return t;
 }
 
-QString ScriptedPlatform::getSetting(const QString& appName, const QString& section, const QString& key,
-                                     const QString& defaultValue)
+QString ScriptedPlatform::getSetting(
+    const QString& appName, const QString& section, const QString& key, const QString& defaultValue)
 {
     Q_UNUSED(appName);
     auto it = settings.find(section + QLatin1Char('/') + key);
     return it == settings.end() ? defaultValue : it->second;
 }
 
-void ScriptedPlatform::saveSetting(const QString& appName, const QString& section, const QString& key,
-                                   const QString& value)
+void ScriptedPlatform::saveSetting(
+    const QString& appName, const QString& section, const QString& key, const QString& value)
 {
     Q_UNUSED(appName);
     settings[section + QLatin1Char('/') + key] = value;
@@ -207,5 +210,5 @@ void ScriptedPlatform::saveSetting(const QString& appName, const QString& sectio
 void ScriptedPlatform::endProcess(int status)
 {
     events.push_back({Event::EndProcess, {}, {}, status, {}});
-    throw ProcessEnded{status};
+    throw ProcessEnded {status};
 }

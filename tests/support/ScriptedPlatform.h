@@ -39,10 +39,10 @@ public:
     // For a box whose text is not the program's own (a driver's error description).
     void expectBoxWithAnyText(int flags, const QString& title, int answer = MsgBox::OK);
     // answer: the chosen path, or nothing for Cancel. check, if given, looks at the options.
-    void expectOpenDialog(std::optional<QString> answer,
-                          std::function<void(const FileDialogOptions&)> check = {});
-    void expectSaveDialog(std::optional<QString> answer,
-                          std::function<void(const FileDialogOptions&)> check = {});
+    void expectOpenDialog(
+        std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check = {});
+    void expectSaveDialog(
+        std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check = {});
     // action runs while the form is shown modally; it plays the user (and must hide the form).
     void expectModal(const QString& formName, std::function<void(FormModel&)> action = {});
 
@@ -76,9 +76,9 @@ public:
     void doEvents() override;
     QDateTime now() override;
     QString getSetting(const QString& appName, const QString& section, const QString& key,
-                       const QString& defaultValue) override;
-    void saveSetting(const QString& appName, const QString& section, const QString& key,
-                     const QString& value) override;
+        const QString& defaultValue) override;
+    void saveSetting(
+        const QString& appName, const QString& section, const QString& key, const QString& value) override;
     QString systemLocaleName() override { return localeName; }
     [[noreturn]] void endProcess(int status) override;
 

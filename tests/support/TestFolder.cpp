@@ -10,7 +10,8 @@ QString ShippedFilesDir()
     return QStringLiteral(VORNA_SHIPPED_DIR);
 }
 
-TestFolder::TestFolder(bool withShippedFiles) : m_previousDir(QDir::currentPath())
+TestFolder::TestFolder(bool withShippedFiles)
+    : m_previousDir(QDir::currentPath())
 {
     QDir root(m_dir.path());
     root.mkpath(QStringLiteral("VORNA"));
@@ -19,9 +20,10 @@ TestFolder::TestFolder(bool withShippedFiles) : m_previousDir(QDir::currentPath(
     if (withShippedFiles) {
         for (const char* name : {"VORNA.sdb", "RM64.mdb", "VORNA.ml", "VORNA.set"}) {
             const QString from = QDir(ShippedFilesDir()).filePath(QString::fromLatin1(name));
-            EXPECT_TRUE(QFile::copy(from, path(QString::fromLatin1(name)))) << "cannot copy " << from.toStdString();
-            QFile::setPermissions(path(QString::fromLatin1(name)),
-                                  QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+            EXPECT_TRUE(QFile::copy(from, path(QString::fromLatin1(name))))
+                << "cannot copy " << from.toStdString();
+            QFile::setPermissions(
+                path(QString::fromLatin1(name)), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
         }
     }
     QDir::setCurrent(appPath());

@@ -14,8 +14,8 @@ public:
     ~TestFolder();
 
     QString root() const { return m_dir.path(); }
-    QString appPath() const;     // <root>/VORNA
-    QString projectDir() const;  // <root>/Project
+    QString appPath() const;                     // <root>/VORNA
+    QString projectDir() const;                  // <root>/Project
     QString path(const QString& relative) const; // relative to the program folder
 
 private:
