@@ -4,6 +4,9 @@
 #include "CoreFixture.h"
 #include "FileUtil.h"
 
+#include <QSqlDatabase>
+#include <QSqlQuery>
+
 namespace {
 const QString SaveTitle = QStringLiteral("是否儲存專案");
 }
@@ -215,6 +218,25 @@ TEST_F(CoreTest, AProjectFileThatIsNoDatabaseEndsInAnUnhandledError)
     EXPECT_EQ(texts.size(), 2u);
     // What was on disk is untouched.
     EXPECT_EQ(QFileInfo(path).size(), 4096);
+}
+
+TEST_F(CoreTest, AProjectFileWithoutItsBasicTableEndsInAnUnhandledErrorWithoutABox)
+{
+    start();
+    const QString path = newProject();
+    ASSERT_EQ(CloseProject(g), ProjectResult::Done);
+    {
+        // Rebuilt without the Basic table: the open of a missing table is silent.
+        QFile::remove(path);
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lacking"));
+        db.setDatabaseName(path);
+        ASSERT_TRUE(db.open());
+        QSqlQuery(db).exec(QStringLiteral("CREATE TABLE Zones (ZoneNo INTEGER PRIMARY KEY, ZoneName TEXT)"));
+        db.close();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("lacking"));
+    EXPECT_THROW(OpenProject(g, path), UnhandledError);
+    EXPECT_TRUE(platform.boxTexts().empty());
 }
 
 TEST_F(CoreTest, SaveAsOntoItsOwnProjectFileReplacesItWithTheWorkingCopy)
