@@ -1,10 +1,8 @@
 #include <array>
 
 #include <QFile>
-#include <QFileInfo>
 
 #include "MainWindowFixture.h"
-#include "frmAbout.h"
 
 namespace {
 
@@ -38,8 +36,6 @@ FormEntry formTableWithout(const QString& missing)
     return entry;
 }
 
-} // namespace
-
 TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
 {
     g.ml.FormTable = {formTableWithout(QStringLiteral("mnuFileOpen"))};
@@ -66,23 +62,6 @@ TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
     EXPECT_EQ(main.menu(QStringLiteral("mnuProjConentBar2")).Caption, QStringLiteral("-"));
 }
 
-TEST_F(MainWindowTest, TheMenuBarShowsOneViewAndOneHelpEntry)
-{
-    auto shown = [&](const char* top) {
-        QStringList names;
-        for (const frmMain::MenuEntry& e : main.Menus)
-            if (e.Parent == QLatin1String(top) && e.Visible)
-                names << e.Name;
-        return names;
-    };
-    EXPECT_EQ(shown("mnuView"), QStringList {QStringLiteral("mnuViewRefresh")});
-    EXPECT_EQ(shown("mnuHelp"), QStringList {QStringLiteral("mnuHelpAbout")});
-    EXPECT_FALSE(main.menu(QStringLiteral("mnuProjConent")).Visible);
-    EXPECT_TRUE(main.menu(QStringLiteral("mnuViewToolbar")).Checked);
-}
-
-namespace {
-
 struct FileMenuCase
 {
     const char* name;
@@ -91,11 +70,6 @@ struct FileMenuCase
     bool save;
     bool saveAs;
 };
-
-void PrintTo(const FileMenuCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
 
 constexpr std::array kFileMenuCases = {
     FileMenuCase {"NoProject", false, false, false, false},
@@ -106,8 +80,6 @@ constexpr std::array kFileMenuCases = {
 
 class FileMenuTest : public MainWindowTest, public ::testing::WithParamInterface<FileMenuCase>
 { };
-
-} // namespace
 
 TEST_P(FileMenuTest, EnablesTheEntriesFromTheProjectState)
 {
@@ -174,14 +146,6 @@ TEST_F(MainWindowTest, ARecentEntryOpensTheProjectOfItsCaption)
     main.clickMenu(QStringLiteral("mnuFileMRU(3)"));
 }
 
-TEST_F(MainWindowTest, HelpAboutShowsTheAboutBoxModally)
-{
-    frmAbout about(g);
-    main.about = &about;
-    platform.expectModal(QStringLiteral("frmAbout"));
-    main.clickMenu(QStringLiteral("mnuHelpAbout"));
-}
-
 TEST_F(MainWindowTest, TheRefreshKeyRebuildsOnlyWithAProject)
 {
     main.tvProjectContent.Nodes
@@ -201,8 +165,6 @@ TEST_F(ProjectWindowTest, TheNewProjectKeyShowsTheNewProjectDialog)
     main.shortcut(QStringLiteral("Ctrl+N"));
 }
 
-namespace {
-
 struct SaveKeyCase
 {
     const char* name;
@@ -210,15 +172,8 @@ struct SaveKeyCase
     bool commits;
 };
 
-void PrintTo(const SaveKeyCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
 class SaveKeyTest : public ProjectWindowTest, public ::testing::WithParamInterface<SaveKeyCase>
 { };
-
-} // namespace
 
 // Ctrl+S goes through the File menu's set-up, which disables Save on a clean project:
 // the key then has no effect, although the command itself would commit anyway.
@@ -228,17 +183,15 @@ TEST_P(SaveKeyTest, CommitsOnlyWhenTheSetUpEnablesSave)
     const QString path = newProject();
     if (c.modified)
         addGroup(QStringLiteral("Guards"));
-    const QByteArray before = [&] {
+    const auto bytes = [&] {
         QFile f(path);
-        f.open(QIODevice::ReadOnly);
-        return f.readAll();
-    }();
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    };
+    const QByteArray before = bytes();
 
     main.shortcut(QStringLiteral("Ctrl+S"));
 
-    QFile after(path);
-    after.open(QIODevice::ReadOnly);
-    EXPECT_EQ(after.readAll() != before, c.commits);
+    EXPECT_EQ(bytes() != before, c.commits);
     EXPECT_FALSE(g.IsProjectModified);
     EXPECT_EQ(main.menu(QStringLiteral("mnuFileSave")).Enabled, c.modified);
     CloseProject(g);
@@ -247,3 +200,5 @@ TEST_P(SaveKeyTest, CommitsOnlyWhenTheSetUpEnablesSave)
 INSTANTIATE_TEST_SUITE_P(States, SaveKeyTest,
     ::testing::Values(SaveKeyCase {"Clean", false, false}, SaveKeyCase {"Modified", true, true}),
     [](const auto& info) { return std::string(info.param.name); });
+
+} // namespace
