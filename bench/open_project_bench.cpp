@@ -29,7 +29,7 @@ public:
     void mkRecentFilePathMenu() override { }
     void setStatusText(const QString&, const QString&) override { }
     void setMousePointer(int) override { }
-    WindowPlacement windowPlacement() const override { return {}; }
+    std::optional<WindowPlacement> windowPlacement() const override { return std::nullopt; }
 };
 
 const int GroupCount = 100;
@@ -38,37 +38,37 @@ const int GroupsPerContact = 3;
 void FillProject(VORNAGlobal& g)
 {
     for (int i = 1; i <= GroupCount; ++i) {
-        g.rsUserGroups.AddNew();
-        g.rsUserGroups.setField(QStringLiteral("GroupName"), QStringLiteral("UserGroup%1").arg(i));
-        g.rsUserGroups.setField(
+        g.project.rsUserGroups.AddNew();
+        g.project.rsUserGroups.setField(QStringLiteral("GroupName"), QStringLiteral("UserGroup%1").arg(i));
+        g.project.rsUserGroups.setField(
             QStringLiteral("GroupDsc"), QStringLiteral("Shift %1 of the night watch").arg(i));
     }
-    g.rsUserGroups.Update();
-    for (int i = 1; i <= g.MaxTelNo; ++i) {
+    g.project.rsUserGroups.Update();
+    for (int i = 1; i <= g.project.MaxTelNo; ++i) {
         QStringList groups;
         for (int k = 0; k < GroupsPerContact; ++k)
             groups << QStringLiteral("UserGroup%1").arg((i + k * 17) % GroupCount + 1);
-        g.rsUsers.AddNew();
-        g.rsUsers.setField(QStringLiteral("UserName"), QStringLiteral("User%1").arg(i));
-        g.rsUsers.setField(
+        g.project.rsUsers.AddNew();
+        g.project.rsUsers.setField(QStringLiteral("UserName"), QStringLiteral("User%1").arg(i));
+        g.project.rsUsers.setField(
             QStringLiteral("PhoneNumber"), QStringLiteral("+8869%1").arg(i, 14, 10, QLatin1Char('0')));
-        g.rsUsers.setField(QStringLiteral("UserDsc"), QStringLiteral("Contact number %1").arg(i));
-        g.rsUsers.setField(QStringLiteral("GroupName"), groups.join(QStringLiteral("\r\n")));
-        g.rsUsers.setField(QStringLiteral("IsDisable"), false);
+        g.project.rsUsers.setField(QStringLiteral("UserDsc"), QStringLiteral("Contact number %1").arg(i));
+        g.project.rsUsers.setField(QStringLiteral("GroupName"), groups.join(QStringLiteral("\r\n")));
+        g.project.rsUsers.setField(QStringLiteral("IsDisable"), false);
     }
-    g.rsUsers.Update();
-    g.rsZones.MoveFirst();
-    while (!g.rsZones.IsEOF()) {
-        g.rsZones.setField(QStringLiteral("ZoneName"), QString(40, QChar(u'區')));
-        g.rsZones.setField(QStringLiteral("ZoneDsc"), QStringLiteral("Door contact, ground floor"));
-        g.rsZones.setField(QStringLiteral("GroupName"), QStringLiteral("UserGroup7"));
-        g.rsZones.setField(QStringLiteral("AlarmSMS"), QString(70, QChar(u'警')));
-        g.rsZones.setField(QStringLiteral("ResetSMS"), QString(70, QChar(u'復')));
-        g.rsZones.Update();
-        g.rsZones.MoveNext();
+    g.project.rsUsers.Update();
+    g.project.rsZones.MoveFirst();
+    while (!g.project.rsZones.IsEOF()) {
+        g.project.rsZones.setField(QStringLiteral("ZoneName"), QString(40, QChar(u'區')));
+        g.project.rsZones.setField(QStringLiteral("ZoneDsc"), QStringLiteral("Door contact, ground floor"));
+        g.project.rsZones.setField(QStringLiteral("GroupName"), QStringLiteral("UserGroup7"));
+        g.project.rsZones.setField(QStringLiteral("AlarmSMS"), QString(70, QChar(u'警')));
+        g.project.rsZones.setField(QStringLiteral("ResetSMS"), QString(70, QChar(u'復')));
+        g.project.rsZones.Update();
+        g.project.rsZones.MoveNext();
     }
-    g.rsBasic.setField(QStringLiteral("IsUnicode"), true);
-    g.rsBasic.Update();
+    g.project.rsBasic.setField(QStringLiteral("IsUnicode"), true);
+    g.project.rsBasic.Update();
 }
 
 } // namespace
@@ -82,14 +82,14 @@ int main()
     HeadlessPlatform platform;
     NoView view;
     VORNAGlobal g(platform);
-    g.view = &view;
+    g.setView(&view);
     InitApplication(g, app);
 
     const QString path = QDir(install.root()).filePath(QStringLiteral("Project/Limits.cmb"));
     FileCopy(QDir(app).filePath(QStringLiteral("RM64.mdb")), path);
     OpenProject(g, path);
     FillProject(g);
-    g.IsProjectModified = false;
+    g.project.IsProjectModified = false;
     SaveProject(g, true, false, false);
     CloseProject(g);
 
@@ -104,7 +104,7 @@ int main()
         closes.push_back(t.nsecsElapsed() / 1e6);
     }
     std::printf("open project at limits: %d contacts x %d groups, %d groups, 64 zones, %lld bytes\n",
-        g.MaxTelNo, GroupsPerContact, GroupCount, static_cast<long long>(QFileInfo(path).size()));
+        g.project.MaxTelNo, GroupsPerContact, GroupCount, static_cast<long long>(QFileInfo(path).size()));
     std::printf("  open  median %.2f ms (target < 50 ms), min %.2f ms\n", Median(opens),
         *std::min_element(opens.begin(), opens.end()));
     std::printf("  close median %.2f ms\n", Median(closes));

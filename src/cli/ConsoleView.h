@@ -15,7 +15,7 @@ public:
     void mkRecentFilePathMenu() override { }
     void setStatusText(const QString& panelKey, const QString& text) override;
     void setMousePointer(int) override { }
-    WindowPlacement windowPlacement() const override { return {}; }
+    std::optional<WindowPlacement> windowPlacement() const override { return std::nullopt; }
 
 private:
     bool m_verbose;

@@ -105,7 +105,7 @@ int RunNew(Session& s)
 {
     s.platform.nextDialogPath = s.paths.at(0);
     NewProject(s.g);
-    return s.g.ProjectName.isEmpty() ? ExitFailed : ExitSuccess;
+    return s.g.project.ProjectName.isEmpty() ? ExitFailed : ExitSuccess;
 }
 
 int RunInfo(Session& s)
@@ -116,16 +116,16 @@ int RunInfo(Session& s)
     auto line = [](const char* label, const QString& value) {
         PrintOutput(QString::fromLatin1(label) + QStringLiteral(": ") + value);
     };
-    line("Project", g.ProjectName);
-    line("File", g.ProjectFilePath);
-    line("Model", NullToEmpty(g.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
-    line("MaxTelNo", QString::number(g.MaxTelNo));
-    line("MaxMemoryByte", QString::number(g.MaxMemoryByte));
-    line("Groups", QString::number(GetRecordCount(g.rsUserGroups)));
-    line("Contacts", QString::number(GetRecordCount(g.rsUsers)));
-    line("Zones", QString::number(GetRecordCount(g.rsZones)));
-    line("Created", NullToEmpty(g.rsBasic.Fields(QStringLiteral("CreatedDate"))));
-    line("Modified", NullToEmpty(g.rsBasic.Fields(QStringLiteral("ModifiedDate"))));
+    line("Project", g.project.ProjectName);
+    line("File", g.project.ProjectFilePath);
+    line("Model", NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
+    line("MaxTelNo", QString::number(g.project.MaxTelNo));
+    line("MaxMemoryByte", QString::number(g.project.MaxMemoryByte));
+    line("Groups", QString::number(GetRecordCount(g.project.rsUserGroups)));
+    line("Contacts", QString::number(GetRecordCount(g.project.rsUsers)));
+    line("Zones", QString::number(GetRecordCount(g.project.rsZones)));
+    line("Created", NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("CreatedDate"))));
+    line("Modified", NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("ModifiedDate"))));
     return ExitSuccess;
 }
 
@@ -136,14 +136,14 @@ int RunSaveAs(Session& s)
     s.platform.nextDialogPath = s.paths.at(1);
     SaveProjectAs(s.g);
     // A No to the replace question leaves the old project open; a refused name leaves none.
-    const bool saved = !s.g.ProjectName.isEmpty() && s.g.ProjectFilePath == s.paths.at(1);
+    const bool saved = !s.g.project.ProjectName.isEmpty() && s.g.project.ProjectFilePath == s.paths.at(1);
     return saved ? ExitSuccess : ExitFailed;
 }
 
 int RunRecent(Session& s)
 {
-    for (int i = 1; i <= s.g.MRUCount; ++i)
-        PrintOutput(s.g.MRUFilePath(i));
+    for (int i = 1; i <= s.g.system.MRUCount; ++i)
+        PrintOutput(s.g.system.MRUFilePath(i));
     return ExitSuccess;
 }
 
@@ -213,17 +213,13 @@ int Run(const QStringList& arguments)
     VORNAGlobal g(platform);
     ConsoleView view(options.verbose);
     InitApplication(g, programDir);
-    g.view = &view;
+    g.setView(&view);
 
     Session session {platform, g, paths};
     const int status = command->run(session);
 
-    // ExitApplication's closing steps, without a window to remember and with the
-    // command's own status.
-    if (!g.ProjectName.isEmpty())
-        CloseProject(g);
-    CloseSystemDB(g);
-    g.ml.CloseML();
+    // The program's closing steps, with the command's own status.
+    CloseApplication(g);
     return status;
 }
 

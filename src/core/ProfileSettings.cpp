@@ -9,7 +9,7 @@
 
 QString ProfileFileName(VORNAGlobal& g)
 {
-    return GetFname(g.App.EXEName, 0) + QStringLiteral(".set");
+    return GetFname(g.program.App.EXEName, 0) + QStringLiteral(".set");
 }
 
 void ReadCommSettings(VORNAGlobal& g, const QString& FilePath)
@@ -22,9 +22,9 @@ void ReadCommSettings(VORNAGlobal& g, const QString& FilePath)
         ExitApplication(g, false);
     }
     const QString text = ReadTextFile(name);
-    g.Timeout = ValToInt16(
+    g.link.Timeout = ValToInt16(
         GetProfileString(QStringLiteral("Comm"), QStringLiteral("Timeout"), QStringLiteral("2"), text));
-    g.Retry = ValToInt16(
+    g.link.Retry = ValToInt16(
         GetProfileString(QStringLiteral("Comm"), QStringLiteral("Retry"), QStringLiteral("3"), text));
 }
 
@@ -34,8 +34,8 @@ QString SettingsText(VORNAGlobal& g)
     const MLUtil& ml = g.ml;
     QString text;
     text += QStringLiteral("[Comm]") + CRLF;
-    text += QStringLiteral("TimeOut=") + QString::number(g.Timeout) + CRLF;
-    text += QStringLiteral("Retry=") + QString::number(g.Retry) + CRLF;
+    text += QStringLiteral("TimeOut=") + QString::number(g.link.Timeout) + CRLF;
+    text += QStringLiteral("Retry=") + QString::number(g.link.Retry) + CRLF;
     text += CRLF;
     text += QStringLiteral("[ML]") + CRLF;
     text += QStringLiteral("AppliedLangName=") + ml.AppliedLangName + CRLF;

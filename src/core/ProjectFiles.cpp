@@ -26,14 +26,12 @@ QDate Today(VORNAGlobal& g)
 
 void SetPointer(VORNAGlobal& g, int pointer)
 {
-    if (g.view)
-        g.view->setMousePointer(pointer);
+    g.view().setMousePointer(pointer);
 }
 
 void SetStatus(VORNAGlobal& g, const QString& text)
 {
-    if (g.view)
-        g.view->setStatusText(Status, text);
+    g.view().setStatusText(Status, text);
 }
 
 // Sets up the shared common dialog as every file command does. The start folder is
@@ -41,11 +39,11 @@ void SetStatus(VORNAGlobal& g, const QString& text)
 FileDialogOptions DialogOptions(
     VORNAGlobal& g, const QString& title, const QString& fileName, const QString& filter)
 {
-    if (g.dlgCommonDialog.InitDir.isEmpty())
-        g.dlgCommonDialog.InitDir = NativePath(QStringLiteral("..\\Project"));
+    if (g.program.dlgCommonDialog.InitDir.isEmpty())
+        g.program.dlgCommonDialog.InitDir = NativePath(QStringLiteral("..\\Project"));
     FileDialogOptions options;
     options.DialogTitle = title;
-    options.InitDir = g.dlgCommonDialog.InitDir;
+    options.InitDir = g.program.dlgCommonDialog.InitDir;
     options.FileName = fileName;
     options.Filter = filter;
     options.FilterIndex = 1;
@@ -58,9 +56,9 @@ FileDialogOptions DialogOptions(
 std::optional<QString> ShowFileDialog(VORNAGlobal& g, const FileDialogOptions& options, bool save)
 {
     std::optional<QString> chosen = save ? g.platform.showSave(options) : g.platform.showOpen(options);
-    ChDir(g.AppPath);
+    ChDir(g.program.AppPath);
     if (chosen)
-        g.dlgCommonDialog.FileName = *chosen;
+        g.program.dlgCommonDialog.FileName = *chosen;
     return chosen;
 }
 
@@ -89,8 +87,8 @@ QString OpeningText(VORNAGlobal& g, const QString& path, int id)
 
 void SetModifiedDate(VORNAGlobal& g)
 {
-    g.rsBasic.setField(QStringLiteral("ModifiedDate"), Today(g));
-    g.rsBasic.Update();
+    g.project.rsBasic.setField(QStringLiteral("ModifiedDate"), Today(g));
+    g.project.rsBasic.Update();
 }
 
 } // namespace
@@ -107,29 +105,30 @@ QString ProposedProjectName(VORNAGlobal&)
 
 void OpenProjectTables(VORNAGlobal& g, const QString& FilePath)
 {
-    g.ProjectConn = OpenMDBConn(g.platform, FilePath, {}, {});
-    g.rsBasic = OpenRecordset(g.ProjectConn, QStringLiteral("Basic"), false);
-    g.rsUserGroups = OpenRecordset(g.ProjectConn, QStringLiteral("UserGroups"), false);
-    g.rsUsers = OpenRecordset(g.ProjectConn, QStringLiteral("Users"), false);
-    g.rsZones = OpenRecordset(g.ProjectConn, QStringLiteral("Zones"), false);
+    g.project.ProjectConn = OpenMDBConn(g.platform, FilePath, {}, {});
+    g.project.rsBasic = OpenRecordset(g.project.ProjectConn, QStringLiteral("Basic"), false);
+    g.project.rsUserGroups = OpenRecordset(g.project.ProjectConn, QStringLiteral("UserGroups"), false);
+    g.project.rsUsers = OpenRecordset(g.project.ProjectConn, QStringLiteral("Users"), false);
+    g.project.rsZones = OpenRecordset(g.project.ProjectConn, QStringLiteral("Zones"), false);
 }
 
 void CloseProjectTables(VORNAGlobal& g)
 {
     // No test of state: closing tables that are not open is an error of the program.
-    for (Recordset* rs : {&g.rsBasic, &g.rsUserGroups, &g.rsUsers, &g.rsZones}) {
+    for (Recordset* rs :
+        {&g.project.rsBasic, &g.project.rsUserGroups, &g.project.rsUsers, &g.project.rsZones}) {
         rs->Close();
         *rs = Recordset();
     }
-    if (g.ProjectConn.isNothing())
+    if (g.project.ProjectConn.isNothing())
         throw UnhandledError(QStringLiteral("Object variable not set"));
-    g.ProjectConn.Close();
-    g.ProjectConn = Connection();
+    g.project.ProjectConn.Close();
+    g.project.ProjectConn = Connection();
 }
 
 void NewProject(VORNAGlobal& g)
 {
-    if (!g.ProjectName.isEmpty() && CloseProject(g) == ProjectResult::Cancelled)
+    if (!g.project.ProjectName.isEmpty() && CloseProject(g) == ProjectResult::Cancelled)
         return;
 
     const QString proposed = ProposedProjectName(g);
@@ -150,21 +149,21 @@ void NewProject(VORNAGlobal& g)
         }
     }
 
-    if (!FileCopy(JoinPath(g.AppPath, QStringLiteral("RM64.mdb")), path)) {
+    if (!FileCopy(JoinPath(g.program.AppPath, QStringLiteral("RM64.mdb")), path)) {
         ShowCopyFailure(g, 121, "開新專案失敗。", path, "]檔案無法複製。", "開新專案失敗");
         return;
     }
     OpenProject(g, path);
     // Goes into the working copy only; the project is not marked modified by it.
-    g.rsBasic.setField(QStringLiteral("CreatedDate"), Today(g));
-    g.rsBasic.Update();
+    g.project.rsBasic.setField(QStringLiteral("CreatedDate"), Today(g));
+    g.project.rsBasic.Update();
 }
 
 bool OpenProject(VORNAGlobal& g, QString FilePath)
 {
     if (FilePath.isEmpty()) {
         const auto chosen = ShowFileDialog(g,
-            DialogOptions(g, T(g, "開啟專案", 1, 135), GetFname(g.dlgCommonDialog.FileName, 0),
+            DialogOptions(g, T(g, "開啟專案", 1, 135), GetFname(g.program.dlgCommonDialog.FileName, 0),
                 T(g, "Quillbeacon設定檔案,(*.cmb)|*.cmb", 1, 142)),
             false);
         if (!chosen)
@@ -185,7 +184,7 @@ bool OpenProject(VORNAGlobal& g, QString FilePath)
             MsgBox::Critical, T(g, "專案開啟失敗", 3, 160));
         return false;
     }
-    if (!g.ProjectName.isEmpty() && CloseProject(g) != ProjectResult::Done)
+    if (!g.project.ProjectName.isEmpty() && CloseProject(g) != ProjectResult::Done)
         return false;
 
     SetPointer(g, Pointer::Hourglass);
@@ -200,25 +199,24 @@ bool OpenProject(VORNAGlobal& g, QString FilePath)
         return false;
     }
     OpenProjectTables(g, workPath);
-    g.ProjectFilePath = FilePath;
-    g.ProjectName = GetFname(g.ProjectFilePath, 0);
-    g.ProjectWorkPath = workPath;
+    g.project.ProjectFilePath = FilePath;
+    g.project.ProjectName = GetFname(g.project.ProjectFilePath, 0);
+    g.project.ProjectWorkPath = workPath;
 
     // The last matching model wins; an unknown model keeps the previous project's limits.
-    const QString model = NullToEmpty(g.rsBasic.Fields(QStringLiteral("DeviceModelName")));
-    g.rsModelList.MoveFirst();
-    while (!g.rsModelList.IsEOF()) {
-        if (NullToEmpty(g.rsModelList.Fields(QStringLiteral("ModelName"))) == model) {
-            g.MaxTelNo = CInt(g.rsModelList.Fields(QStringLiteral("MaxTelNo")));
-            g.MaxMemoryByte = CInt(g.rsModelList.Fields(QStringLiteral("MaxMemoryByte")));
+    const QString model = NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("DeviceModelName")));
+    g.system.rsModelList.MoveFirst();
+    while (!g.system.rsModelList.IsEOF()) {
+        if (NullToEmpty(g.system.rsModelList.Fields(QStringLiteral("ModelName"))) == model) {
+            g.project.MaxTelNo = CInt(g.system.rsModelList.Fields(QStringLiteral("MaxTelNo")));
+            g.project.MaxMemoryByte = CInt(g.system.rsModelList.Fields(QStringLiteral("MaxMemoryByte")));
         }
-        g.rsModelList.MoveNext();
+        g.system.rsModelList.MoveNext();
     }
 
-    AddMRUFilePath(g, g.ProjectFilePath);
-    g.IsProjectModified = false;
-    if (g.view)
-        g.view->RefreshFormObj();
+    AddMRUFilePath(g, g.project.ProjectFilePath);
+    g.project.IsProjectModified = false;
+    g.view().RefreshFormObj();
     SetPointer(g, Pointer::Default);
     SetStatus(g, QString());
     return true;
@@ -230,32 +228,32 @@ int CloseProject(VORNAGlobal& g)
         return ProjectResult::Cancelled;
 
     SetPointer(g, Pointer::Hourglass);
-    SetStatus(g, T(g, "專案[", 2, 222) + g.ProjectName + T(g, "]關閉中...", 3, 222));
+    SetStatus(g, T(g, "專案[", 2, 222) + g.project.ProjectName + T(g, "]關閉中...", 3, 222));
     CloseProjectTables(g);
-    DeleteFile(g.ProjectWorkPath);
+    DeleteFile(g.project.ProjectWorkPath);
     SetPointer(g, Pointer::Default);
     SetStatus(g, QString());
 
-    g.ProjectName.clear();
-    g.ProjectFilePath.clear();
-    g.ProjectWorkPath.clear();
-    g.IsProjectModified = false;
-    if (g.view)
-        g.view->RefreshFormObj();
+    g.project.ProjectName.clear();
+    g.project.ProjectFilePath.clear();
+    g.project.ProjectWorkPath.clear();
+    g.project.IsProjectModified = false;
+    g.view().RefreshFormObj();
     return ProjectResult::Done;
 }
 
 int SaveProject(VORNAGlobal& g, bool Force, bool Prompt, bool AllowCancel)
 {
-    if (g.ProjectName.isEmpty())
+    if (g.project.ProjectName.isEmpty())
         return ProjectResult::Done;
 
     if (!Force) {
-        if (!g.IsProjectModified)
+        if (!g.project.IsProjectModified)
             return ProjectResult::Done;
         if (Prompt) {
             const int id = AllowCancel ? 279 : 292;
-            const QString text = T(g, "您要將變更儲存到專案[", 1, id) + g.ProjectName + QStringLiteral("]?");
+            const QString text
+                = T(g, "您要將變更儲存到專案[", 1, id) + g.project.ProjectName + QStringLiteral("]?");
             const QString title = T(g, "是否儲存專案", 3, id);
             if (AllowCancel) {
                 const int answer = g.platform.msgBox(text, MsgBox::YesNoCancel, title);
@@ -271,14 +269,15 @@ int SaveProject(VORNAGlobal& g, bool Force, bool Prompt, bool AllowCancel)
     }
 
     CloseProjectTables(g);
-    if (!FileCopy(g.ProjectWorkPath, g.ProjectFilePath)) {
+    if (!FileCopy(g.project.ProjectWorkPath, g.project.ProjectFilePath)) {
         // The tables stay closed while the project stays named: any further use of a
         // project table ends the program.
-        ShowCopyFailure(g, 316, "儲存專案失敗。", g.ProjectFilePath, "]檔案無法儲存。", "儲存專案失敗");
+        ShowCopyFailure(
+            g, 316, "儲存專案失敗。", g.project.ProjectFilePath, "]檔案無法儲存。", "儲存專案失敗");
         return ProjectResult::Done;
     }
-    OpenProjectTables(g, g.ProjectWorkPath);
-    g.IsProjectModified = false;
+    OpenProjectTables(g, g.project.ProjectWorkPath);
+    g.project.IsProjectModified = false;
     // After the copy on purpose: this date reaches the project file with the next commit.
     SetModifiedDate(g);
     return ProjectResult::Done;
@@ -302,15 +301,15 @@ void SaveProjectAs(VORNAGlobal& g)
     SetPointer(g, Pointer::Hourglass);
     SetStatus(g, OpeningText(g, path, 432));
     CloseProjectTables(g);
-    if (!FileCopy(g.ProjectWorkPath, path)) {
+    if (!FileCopy(g.project.ProjectWorkPath, path)) {
         SetPointer(g, Pointer::Default);
         SetStatus(g, QString());
         ShowCopyFailure(g, 446, "另存專案失敗。", path, "]檔案無法另存。", "另存專案失敗");
         return;
     }
     // Emptied first so that the open below neither closes nor prompts.
-    g.ProjectName.clear();
-    DeleteFile(g.ProjectWorkPath);
+    g.project.ProjectName.clear();
+    DeleteFile(g.project.ProjectWorkPath);
     SetPointer(g, Pointer::Default);
     SetStatus(g, QString());
     OpenProject(g, path);
@@ -320,8 +319,8 @@ void CommitWorkingCopy(VORNAGlobal& g)
 {
     CloseProjectTables(g);
     // No trap and no question here: a failed copy is not handled.
-    if (!FileCopy(g.ProjectWorkPath, g.ProjectFilePath))
-        throw UnhandledError(QStringLiteral("Permission denied: ") + g.ProjectFilePath);
-    OpenProjectTables(g, g.ProjectWorkPath);
+    if (!FileCopy(g.project.ProjectWorkPath, g.project.ProjectFilePath))
+        throw UnhandledError(QStringLiteral("Permission denied: ") + g.project.ProjectFilePath);
+    OpenProjectTables(g, g.project.ProjectWorkPath);
     SetModifiedDate(g);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <QString>
 
 // What the project operations need of the main window. The window's model implements
@@ -29,5 +31,23 @@ public:
         int WindowState = 0; // 0 normal, 1 minimised, 2 maximised
         int View = 0;        // the content list's view mode
     };
-    virtual WindowPlacement windowPlacement() const = 0;
+    // Nothing when there is no window whose place is worth keeping.
+    virtual std::optional<WindowPlacement> windowPlacement() const = 0;
+};
+
+// The view of a program without a window (vorna-cli) and of a program whose window is not
+// made yet: every call does nothing.
+class NullProjectView final : public ProjectView
+{
+public:
+    static NullProjectView& instance()
+    {
+        static NullProjectView view;
+        return view;
+    }
+    void RefreshFormObj() override { }
+    void mkRecentFilePathMenu() override { }
+    void setStatusText(const QString&, const QString&) override { }
+    void setMousePointer(int) override { }
+    std::optional<WindowPlacement> windowPlacement() const override { return std::nullopt; }
 };

@@ -5,9 +5,18 @@
 #include "ADOUtil.h"
 #include "MLUtil.h"
 #include "Platform.h"
+#include "ProjectView.h"
 #include "VBArray.h"
 
-class ProjectView;
+// Facts of the build.
+struct AppInfo
+{
+    QString Title = QStringLiteral("VORNA");
+    QString EXEName = QStringLiteral("VORNA");
+    int Major = VORNA_VERSION_MAJOR;
+    int Minor = VORNA_VERSION_MINOR;
+    int Revision = VORNA_VERSION_PATCH;
+};
 
 // The common dialog's properties that persist between uses (it is one shared control).
 struct CommonDialogState
@@ -16,48 +25,33 @@ struct CommonDialogState
     QString FileName;
 };
 
-// Facts of the build.
-struct AppInfo
+// The running program: its facts, its folder and the one common dialog.
+struct ProgramState
 {
-    QString Title = QStringLiteral("VORNA");
-    QString EXEName = QStringLiteral("VORNA");
-    QString Path; // the program's folder
-    int Major = VORNA_VERSION_MAJOR;
-    int Minor = VORNA_VERSION_MINOR;
-    int Revision = VORNA_VERSION_PATCH;
+    AppInfo App;
+    QString AppPath; // the program's folder, also the current directory between dialogs
+    CommonDialogState dlgCommonDialog;
 };
 
-// The program's shared state: one instance, owned by the entry point and passed by
-// reference to every module. Members carry the names the program's modules use.
-class VORNAGlobal
+// The system database, open from start to exit, and the recent list read from it.
+struct SystemState
 {
-public:
-    explicit VORNAGlobal(Platform& platform)
-        : platform(platform)
-        , ml(platform)
-    { }
-    VORNAGlobal(const VORNAGlobal&) = delete;
-    VORNAGlobal& operator=(const VORNAGlobal&) = delete;
-
-    Platform& platform;
-    MLUtil ml;
-    AppInfo App;
-    // The main window, wired by the entry point once it exists.
-    ProjectView* view = nullptr;
-
-    QString ProjectName; // empty: no project is open (the only such test)
-    QString ProjectFilePath;
-    QString ProjectWorkPath;
-    bool IsProjectModified = false;
-    bool IsDeviceConnected = false;
-
-    VBArray<QString, 1, 4> MRUFilePath;
-    qint16 MRUCount = 0;
-
     Connection SystemConn;
     Recordset rsCommBaudList;
     Recordset rsModelList;
     Recordset rsMRUList;
+
+    VBArray<QString, 1, 4> MRUFilePath;
+    qint16 MRUCount = 0;
+};
+
+// The open project: its files, its four tables on the working copy and its model's limits.
+struct ProjectState
+{
+    QString ProjectName; // empty: no project is open (the only such test)
+    QString ProjectFilePath;
+    QString ProjectWorkPath;
+    bool IsProjectModified = false;
 
     Connection ProjectConn;
     Recordset rsBasic;
@@ -71,19 +65,47 @@ public:
     qint16 ProjGroupCount = 0;
     qint16 ProjTelCount = 0;
     qint32 ProjectImageSize = 0;
+};
 
+// The device link's settings, from the profile and the port dialog, and how it last ended.
+struct LinkState
+{
+    bool IsDeviceConnected = false;
     qint16 CommPort = 1;
     qint32 StationID = 247;
     qint16 CommDebugLevel = 0;
-
-    QString AppPath;
     qint16 Timeout = 2;
     qint16 Retry = 3;
+};
 
-    CommonDialogState dlgCommonDialog;
+// The program's shared state: one instance, owned by the entry point. Its members are
+// grouped by owner, so that a module can take only the part it works on.
+class VORNAGlobal
+{
+public:
+    explicit VORNAGlobal(Platform& platform)
+        : platform(platform)
+        , ml(platform)
+    { }
+    VORNAGlobal(const VORNAGlobal&) = delete;
+    VORNAGlobal& operator=(const VORNAGlobal&) = delete;
 
-    QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName)
+    Platform& platform;
+    MLUtil ml;
+    ProgramState program;
+    SystemState system;
+    ProjectState project;
+    LinkState link;
+
+    // The main window as the operations see it; a do-nothing view until one is wired.
+    ProjectView& view() const { return m_view ? *m_view : NullProjectView::instance(); }
+    void setView(ProjectView* view) { m_view = view; }
+
+    QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName) const
     {
         return ml.GetText(DefaultText, Seq, ID, ModuleName);
     }
+
+private:
+    ProjectView* m_view = nullptr;
 };

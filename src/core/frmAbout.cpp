@@ -5,7 +5,10 @@
 void frmAbout::Form_Load()
 {
     ApplyFormText();
-    lblVersion += QStringLiteral("%1.%2.%3").arg(m_g.App.Major).arg(m_g.App.Minor).arg(m_g.App.Revision);
+    lblVersion += QStringLiteral("%1.%2.%3")
+                      .arg(m_g.program.App.Major)
+                      .arg(m_g.program.App.Minor)
+                      .arg(m_g.program.App.Revision);
 }
 
 void frmAbout::ApplyFormText()

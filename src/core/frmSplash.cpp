@@ -6,8 +6,10 @@ void frmSplash::Form_Load()
 {
     ApplyFormText();
     m_clicked = false;
-    lblVersion
-        = QStringLiteral("Version %1.%2.%3").arg(m_g.App.Major).arg(m_g.App.Minor).arg(m_g.App.Revision);
+    lblVersion = QStringLiteral("Version %1.%2.%3")
+                     .arg(m_g.program.App.Major)
+                     .arg(m_g.program.App.Minor)
+                     .arg(m_g.program.App.Revision);
 }
 
 void frmSplash::ApplyFormText()

@@ -24,7 +24,7 @@ VornaApp::~VornaApp()
     for (const FormModel* form : {static_cast<const FormModel*>(&splash),
              static_cast<const FormModel*>(&mainForm), static_cast<const FormModel*>(&about)})
         m_platform.unregisterView(form->formName());
-    g.view = nullptr;
+    g.setView(nullptr);
 }
 
 void VornaApp::Main(const StartOptions& options)
@@ -42,7 +42,7 @@ void VornaApp::Main(const StartOptions& options)
     // The main window is made and loaded here, but shown only after the splash.
     mainView = std::make_unique<MainWindowView>(mainForm);
     m_platform.registerView(mainForm.formName(), *mainView);
-    g.view = &mainForm;
+    g.setView(&mainForm);
     aboutView = std::make_unique<AboutView>(about, mainView.get());
     m_platform.registerView(about.formName(), *aboutView);
     mainForm.about = &about;

@@ -216,7 +216,7 @@ int MLUtil::LoadFormTable()
     return count;
 }
 
-QString MLUtil::GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName)
+QString MLUtil::GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName) const
 {
     if (CurOriginalLang == CurAppliedLang)
         return DefaultText;

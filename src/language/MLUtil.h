@@ -74,10 +74,11 @@ public:
     std::vector<TextModule> TextTable;
     std::vector<FormEntry> FormTable;
 
-    // Figures kept for inspection in a debugger; nothing reads them.
-    qint32 lookupCount = 0;
-    qint32 translatedCount = 0;
-    double lookupSeconds = 0;
+    // Figures kept for inspection in a debugger; nothing reads them, so a lookup on a
+    // const layer may still count itself.
+    mutable qint32 lookupCount = 0;
+    mutable qint32 translatedCount = 0;
+    mutable double lookupSeconds = 0;
 
     // ReadMLSettings(""), OpenMLConn("VORNA.ml"), LoadTextTable, LoadFormTable.
     // exeName and title are the program's names ("VORNA" in a regular build).
@@ -91,7 +92,7 @@ public:
     int LoadTextTable();
     int LoadFormTable();
 
-    QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName);
+    QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName) const;
     QString GetFormText(
         const QString& FormName, const QString& Objectpath, const QString& PropertyName) const;
     QString FindText(const QString& ModuleName, int ID, int Seq) const;

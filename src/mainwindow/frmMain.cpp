@@ -196,8 +196,8 @@ void setSize(double& property, double value)
 // A stored window measure: the text of a single-precision number.
 double settingSingle(VORNAGlobal& g, const char* key, const char* defaultValue)
 {
-    const QString text = g.platform.getSetting(
-        g.App.Title, QStringLiteral("Settings"), QString::fromLatin1(key), QString::fromLatin1(defaultValue));
+    const QString text = g.platform.getSetting(g.program.App.Title, QStringLiteral("Settings"),
+        QString::fromLatin1(key), QString::fromLatin1(defaultValue));
     bool ok = false;
     const float value = text.trimmed().toFloat(&ok);
     if (!ok)
@@ -305,10 +305,10 @@ void frmMain::LoadFormObj()
 
 void frmMain::RefreshFormObj()
 {
-    lbltvProjectContentCaption.Caption = m_g.ProjectName;
+    lbltvProjectContentCaption.Caption = m_g.project.ProjectName;
     mktvProjContent();
     mklvNodeContent();
-    panel(QStringLiteral("ProjName")).Text = m_g.ProjectName;
+    panel(QStringLiteral("ProjName")).Text = m_g.project.ProjectName;
     notifyChanged();
 }
 
@@ -354,7 +354,7 @@ void frmMain::Form_Resize()
 
 void frmMain::Form_Unload(int& Cancel)
 {
-    if (!m_g.ProjectName.isEmpty()) {
+    if (!m_g.project.ProjectName.isEmpty()) {
         if (CloseProject(m_g) == ProjectResult::Cancelled) {
             Cancel = 1;
             return;
@@ -421,12 +421,12 @@ void frmMain::mkRecentFilePathMenu()
 {
     for (int i = 1; i <= 4; ++i) {
         MenuEntry& e = menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
-        if (i > m_g.MRUCount) {
+        if (i > m_g.system.MRUCount) {
             e.Caption = QString();
             e.Enabled = false;
             e.Visible = false;
         } else {
-            e.Caption = m_g.MRUFilePath(i);
+            e.Caption = m_g.system.MRUFilePath(i);
             e.Enabled = true;
             e.Visible = true;
         }
@@ -437,14 +437,14 @@ void frmMain::mkRecentFilePathMenu()
 void frmMain::mnuFile_Click()
 {
     mkRecentFilePathMenu();
-    if (m_g.ProjectName.isEmpty()) {
+    if (m_g.project.ProjectName.isEmpty()) {
         menu(QStringLiteral("mnuFileSave")).Enabled = false;
         menu(QStringLiteral("mnuFileSaveAs")).Enabled = false;
         menu(QStringLiteral("mnuFileBasic")).Enabled = false;
     } else {
         menu(QStringLiteral("mnuFileSaveAs")).Enabled = true;
         menu(QStringLiteral("mnuFileBasic")).Enabled = true;
-        menu(QStringLiteral("mnuFileSave")).Enabled = m_g.IsProjectModified;
+        menu(QStringLiteral("mnuFileSave")).Enabled = m_g.project.IsProjectModified;
     }
 }
 
@@ -485,7 +485,7 @@ void frmMain::mnuFileExit_Click()
 
 void frmMain::mnuViewRefresh_Click()
 {
-    if (!m_g.ProjectName.isEmpty()) {
+    if (!m_g.project.ProjectName.isEmpty()) {
         mktvProjContent();
         mklvNodeContent();
         notifyChanged();
@@ -543,7 +543,7 @@ void frmMain::setMousePointer(int pointer)
     notifyChanged();
 }
 
-ProjectView::WindowPlacement frmMain::windowPlacement() const
+std::optional<ProjectView::WindowPlacement> frmMain::windowPlacement() const
 {
-    return {Left, Top, Width, Height, WindowState, lvNodeContent.View};
+    return WindowPlacement {Left, Top, Width, Height, WindowState, lvNodeContent.View};
 }

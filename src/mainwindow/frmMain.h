@@ -198,7 +198,7 @@ public:
 
     void setStatusText(const QString& panelKey, const QString& text) override;
     void setMousePointer(int pointer) override;
-    WindowPlacement windowPlacement() const override;
+    std::optional<WindowPlacement> windowPlacement() const override;
 
 private:
     void setControlText(const QString& objectPath, const QString& text);

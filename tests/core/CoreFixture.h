@@ -23,7 +23,7 @@ protected:
     CoreTest()
     {
         platform.localeName = QStringLiteral("zh_TW");
-        g.view = &view;
+        g.setView(&view);
     }
 
     void start() { InitApplication(g, folder.appPath()); }
@@ -45,11 +45,11 @@ protected:
     // An edit as the editors make it: a row stored, and the project marked modified.
     void addGroup(const QString& name)
     {
-        g.rsUserGroups.AddNew();
-        g.rsUserGroups.setField(QStringLiteral("GroupName"), name);
-        g.rsUserGroups.setField(QStringLiteral("GroupDsc"), QString());
-        g.rsUserGroups.Update();
-        g.IsProjectModified = true;
+        g.project.rsUserGroups.AddNew();
+        g.project.rsUserGroups.setField(QStringLiteral("GroupName"), name);
+        g.project.rsUserGroups.setField(QStringLiteral("GroupDsc"), QString());
+        g.project.rsUserGroups.Update();
+        g.project.IsProjectModified = true;
     }
 
     // One field of every row of a table in a closed database file.

@@ -36,8 +36,8 @@ TEST_P(CommSettingsTest, ReadsTimeoutAndRetry)
     const CommCase c = GetParam();
     WriteProfile(c.profile);
     ReadCommSettings(g, QString());
-    EXPECT_EQ(g.Timeout, c.timeout);
-    EXPECT_EQ(g.Retry, c.retry);
+    EXPECT_EQ(g.link.Timeout, c.timeout);
+    EXPECT_EQ(g.link.Retry, c.retry);
 }
 
 INSTANTIATE_TEST_SUITE_P(Profiles, CommSettingsTest,
@@ -75,17 +75,17 @@ TEST_F(CoreTest, WriteSettingsRewritesTheWholeFileInItsOwnForm)
                  "OriginalLangName=ChineseBig5\r\nAlternateLangName=English\r\nIsFormDisable="
                  "2\r\nIsTextDisable=1\r\n");
     g.ml.ReadMLSettings(QString());
-    g.Timeout = 5;
-    g.Retry = 1;
+    g.link.Timeout = 5;
+    g.link.Retry = 1;
     WriteSettings(g, QString());
     EXPECT_EQ(ReadProfile(),
         QByteArray("[Comm]\r\nTimeOut=5\r\nRetry=1\r\n\r\n[ML]\r\nAppliedLangName=auto\r\n"
                    "AlternateLangName=English\r\nOriginalLangName =ChineseBig5\r\n"
                    "IsFormDisable= 0\r\nIsTextDisable= 1\r\n"));
     // What it wrote reads back the same.
-    g.Timeout = 0;
+    g.link.Timeout = 0;
     ReadCommSettings(g, QString());
-    EXPECT_EQ(g.Timeout, 5);
+    EXPECT_EQ(g.link.Timeout, 5);
 }
 
 TEST_F(CoreTest, TheDeliveredProfileIsInTheWritersForm)

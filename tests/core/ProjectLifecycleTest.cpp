@@ -25,24 +25,25 @@ TEST_F(CoreTest, NewProjectCopiesTheTemplateAndOpensItThroughAWorkingCopy)
     });
     NewProject(g);
 
-    EXPECT_EQ(g.ProjectName, QStringLiteral("Site A"));
-    EXPECT_EQ(g.ProjectFilePath, path);
-    EXPECT_EQ(g.ProjectWorkPath, projectPath(QStringLiteral("Site A.mir")));
-    EXPECT_TRUE(QFile::exists(g.ProjectWorkPath));
-    EXPECT_FALSE(g.IsProjectModified);
-    EXPECT_GT(g.MaxTelNo, 0);
-    EXPECT_GT(g.MaxMemoryByte, 0);
-    EXPECT_EQ(g.MRUCount, 1);
-    EXPECT_EQ(g.MRUFilePath(1), path);
-    EXPECT_EQ(NullToEmpty(g.rsBasic.Fields(QStringLiteral("CreatedDate"))), QStringLiteral("2026-11-22"));
-    EXPECT_EQ(g.rsZones.RecordCount(), 64);
+    EXPECT_EQ(g.project.ProjectName, QStringLiteral("Site A"));
+    EXPECT_EQ(g.project.ProjectFilePath, path);
+    EXPECT_EQ(g.project.ProjectWorkPath, projectPath(QStringLiteral("Site A.mir")));
+    EXPECT_TRUE(QFile::exists(g.project.ProjectWorkPath));
+    EXPECT_FALSE(g.project.IsProjectModified);
+    EXPECT_GT(g.project.MaxTelNo, 0);
+    EXPECT_GT(g.project.MaxMemoryByte, 0);
+    EXPECT_EQ(g.system.MRUCount, 1);
+    EXPECT_EQ(g.system.MRUFilePath(1), path);
+    EXPECT_EQ(
+        NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("CreatedDate"))), QStringLiteral("2026-11-22"));
+    EXPECT_EQ(g.project.rsZones.RecordCount(), 64);
     EXPECT_EQ(QDir::currentPath(), folder.appPath());
     EXPECT_EQ(view.refreshCount, 1);
 
     // The creation date went into the working copy only.
     CloseProjectTables(g);
     EXPECT_EQ(column(path, QStringLiteral("Basic"), QStringLiteral("CreatedDate")), QStringList {QString()});
-    EXPECT_EQ(column(g.ProjectWorkPath, QStringLiteral("Basic"), QStringLiteral("CreatedDate")),
+    EXPECT_EQ(column(g.project.ProjectWorkPath, QStringLiteral("Basic"), QStringLiteral("CreatedDate")),
         QStringList {QStringLiteral("2026-11-22")});
 }
 
@@ -60,7 +61,7 @@ TEST_F(CoreTest, NewProjectOverAnExistingFileAsksAndNoShowsTheDialogAgain)
         other, [](const FileDialogOptions& o) { EXPECT_EQ(o.FileName, QStringLiteral("Project2")); });
     NewProject(g);
 
-    EXPECT_EQ(g.ProjectName, QStringLiteral("Other"));
+    EXPECT_EQ(g.project.ProjectName, QStringLiteral("Other"));
     EXPECT_EQ(QFileInfo(taken).size(), 0);
 }
 
@@ -71,7 +72,7 @@ TEST_F(CoreTest, CancelledDialogsChangeNothing)
     NewProject(g);
     platform.expectOpenDialog(std::nullopt);
     EXPECT_FALSE(OpenProject(g, QString()));
-    EXPECT_TRUE(g.ProjectName.isEmpty());
+    EXPECT_TRUE(g.project.ProjectName.isEmpty());
     EXPECT_EQ(QDir(folder.projectDir()).entryList(QDir::Files), QStringList());
 }
 
@@ -97,11 +98,11 @@ TEST_P(CloseAnswerTest, CloseWithEditsFollowsTheAnswer)
     EXPECT_EQ(CloseProject(g), c.result);
 
     const bool cancelled = c.result == ProjectResult::Cancelled;
-    EXPECT_EQ(g.ProjectName.isEmpty(), !cancelled);
+    EXPECT_EQ(g.project.ProjectName.isEmpty(), !cancelled);
     EXPECT_EQ(QFile::exists(projectPath(QStringLiteral("Project1.mir"))), cancelled);
     if (cancelled) {
-        EXPECT_TRUE(g.IsProjectModified);
-        EXPECT_EQ(g.rsUserGroups.RecordCount(), 2);
+        EXPECT_TRUE(g.project.IsProjectModified);
+        EXPECT_EQ(g.project.rsUserGroups.RecordCount(), 2);
         CloseProjectTables(g);
     }
     const QStringList groups = column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"));
@@ -135,8 +136,9 @@ TEST_F(CoreTest, FileSaveCommitsThePreviousDateAndKeepsTheNewOneInTheWorkingCopy
     addGroup(QStringLiteral("Day shift"));
 
     EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
-    EXPECT_FALSE(g.IsProjectModified);
-    EXPECT_EQ(NullToEmpty(g.rsBasic.Fields(QStringLiteral("ModifiedDate"))), QStringLiteral("2026-12-01"));
+    EXPECT_FALSE(g.project.IsProjectModified);
+    EXPECT_EQ(
+        NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("ModifiedDate"))), QStringLiteral("2026-12-01"));
     CloseProjectTables(g);
     EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
                     .contains(QStringLiteral("Day shift")));
@@ -158,7 +160,7 @@ TEST_F(CoreTest, OpenWithAStaleWorkingCopyDiscardsIt)
         f.write("left over from a crash");
     }
     ASSERT_TRUE(OpenProject(g, path));
-    EXPECT_EQ(g.rsZones.RecordCount(), 64);
+    EXPECT_EQ(g.project.rsZones.RecordCount(), 64);
     EXPECT_EQ(view.statusHistory.front(), QStringLiteral("專案[Project1]開啟中..."));
 }
 
@@ -185,8 +187,8 @@ TEST_P(RefusedOpenTest, IsRefusedWithItsBox)
     text.replace(QStringLiteral("%1"), path).replace(QStringLiteral("%2"), QString::fromUtf8(c.fileName));
     platform.expectBox(MsgBox::Critical, text, QString::fromUtf8(c.title));
     EXPECT_FALSE(OpenProject(g, path));
-    EXPECT_TRUE(g.ProjectName.isEmpty());
-    EXPECT_EQ(g.MRUCount, 0);
+    EXPECT_TRUE(g.project.ProjectName.isEmpty());
+    EXPECT_EQ(g.system.MRUCount, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, RefusedOpenTest,
@@ -252,9 +254,9 @@ TEST_F(CoreTest, SaveAsOntoItsOwnProjectFileReplacesItWithTheWorkingCopy)
     platform.expectBox(52, boxQuestionReplace(path), QStringLiteral("此檔案已經存在"), MsgBox::Yes);
     SaveProjectAs(g);
 
-    EXPECT_EQ(g.ProjectName, QStringLiteral("Project1"));
-    EXPECT_FALSE(g.IsProjectModified);
-    EXPECT_EQ(g.rsUserGroups.RecordCount(), 2);
+    EXPECT_EQ(g.project.ProjectName, QStringLiteral("Project1"));
+    EXPECT_FALSE(g.project.IsProjectModified);
+    EXPECT_EQ(g.project.rsUserGroups.RecordCount(), 2);
     CloseProjectTables(g);
     EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
                     .contains(QStringLiteral("Guards")));
@@ -269,10 +271,10 @@ TEST_F(CoreTest, SaveAsToANewNameLeavesTheOldProjectAtItsLastCommit)
     platform.expectSaveDialog(newPath);
     SaveProjectAs(g);
 
-    EXPECT_EQ(g.ProjectFilePath, newPath);
+    EXPECT_EQ(g.project.ProjectFilePath, newPath);
     EXPECT_FALSE(QFile::exists(projectPath(QStringLiteral("Project1.mir"))));
-    EXPECT_EQ(g.MRUFilePath(1), newPath);
-    EXPECT_EQ(g.MRUFilePath(2), oldPath);
+    EXPECT_EQ(g.system.MRUFilePath(1), newPath);
+    EXPECT_EQ(g.system.MRUFilePath(2), oldPath);
     EXPECT_FALSE(column(oldPath, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
                      .contains(QStringLiteral("Guards")));
 }
@@ -286,8 +288,8 @@ TEST_F(CoreTest, SaveAsAnsweredNoEndsTheCommand)
     platform.expectSaveDialog(taken);
     platform.expectBox(52, boxQuestionReplace(taken), QStringLiteral("此檔案已經存在"), MsgBox::No);
     SaveProjectAs(g);
-    EXPECT_EQ(g.ProjectName, QStringLiteral("Project1"));
-    EXPECT_EQ(g.rsBasic.State(), 1);
+    EXPECT_EQ(g.project.ProjectName, QStringLiteral("Project1"));
+    EXPECT_EQ(g.project.rsBasic.State(), 1);
 }
 
 TEST_F(CoreTest, SaveIntoAReadOnlyFolderShowsItsBoxAndLeavesTheProjectFileAlone)
@@ -314,8 +316,8 @@ TEST_F(CoreTest, SaveIntoAReadOnlyFolderShowsItsBoxAndLeavesTheProjectFileAlone)
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     EXPECT_EQ(f.readAll(), before);
     // The tables stay closed with the project still named: the next use is fatal.
-    EXPECT_FALSE(g.ProjectName.isEmpty());
-    EXPECT_THROW(g.rsUserGroups.MoveFirst(), UnhandledError);
+    EXPECT_FALSE(g.project.ProjectName.isEmpty());
+    EXPECT_THROW(g.project.rsUserGroups.MoveFirst(), UnhandledError);
 }
 
 TEST_F(CoreTest, ASaveThatCannotReplaceTheProjectFileLeavesTheProjectBroken)
@@ -332,7 +334,7 @@ TEST_F(CoreTest, ASaveThatCannotReplaceTheProjectFileLeavesTheProjectBroken)
     EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
     EXPECT_TRUE(QFileInfo(path).isDir());
     EXPECT_EQ(QDir(folder.projectDir()).entryList(QDir::Files), QStringList {QStringLiteral("Project1.mir")});
-    EXPECT_THROW(g.rsBasic.Fields(QStringLiteral("ModifiedDate")), UnhandledError);
+    EXPECT_THROW(g.project.rsBasic.Fields(QStringLiteral("ModifiedDate")), UnhandledError);
 }
 
 TEST_F(CoreTest, ACommitKilledMidwayLeavesTheProjectFileWhole)
@@ -352,7 +354,7 @@ TEST_F(CoreTest, ACommitKilledMidwayLeavesTheProjectFileWhole)
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
-        FileCopy(g.ProjectWorkPath, path, [] { ::_exit(9); });
+        FileCopy(g.project.ProjectWorkPath, path, [] { ::_exit(9); });
         ::_exit(0);
     }
     int status = 0;
@@ -364,24 +366,24 @@ TEST_F(CoreTest, ACommitKilledMidwayLeavesTheProjectFileWhole)
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     EXPECT_EQ(f.readAll(), before);
     EXPECT_EQ(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName")).size(), 1);
-    OpenProjectTables(g, g.ProjectWorkPath);
+    OpenProjectTables(g, g.project.ProjectWorkPath);
 }
 
 TEST_F(CoreTest, ASecondProjectOfAnUnknownModelKeepsTheFirstOnesLimits)
 {
     start();
     newProject();
-    const qint16 maxTel = g.MaxTelNo;
-    const qint16 maxMem = g.MaxMemoryByte;
-    g.rsBasic.setField(QStringLiteral("DeviceModelName"), QStringLiteral("XX9"));
-    g.rsBasic.Update();
-    g.IsProjectModified = true;
+    const qint16 maxTel = g.project.MaxTelNo;
+    const qint16 maxMem = g.project.MaxMemoryByte;
+    g.project.rsBasic.setField(QStringLiteral("DeviceModelName"), QStringLiteral("XX9"));
+    g.project.rsBasic.Update();
+    g.project.IsProjectModified = true;
     platform.expectBox(MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::Yes);
     ASSERT_EQ(CloseProject(g), ProjectResult::Done);
 
     ASSERT_TRUE(OpenProject(g, projectPath(QStringLiteral("Project1.cmb"))));
-    EXPECT_EQ(g.MaxTelNo, maxTel);
-    EXPECT_EQ(g.MaxMemoryByte, maxMem);
+    EXPECT_EQ(g.project.MaxTelNo, maxTel);
+    EXPECT_EQ(g.project.MaxMemoryByte, maxMem);
 }
 
 TEST_F(CoreTest, TheProposedNameIsEmptyWhenAllNinetyNineAreTaken)
@@ -431,10 +433,10 @@ TEST_F(CoreTest, TheDownloadCommitCopiesWithoutAskingAndKeepsTheModifiedFlag)
     const QString path = newProject();
     addGroup(QStringLiteral("Guards"));
     CommitWorkingCopy(g);
-    EXPECT_TRUE(g.IsProjectModified);
-    EXPECT_EQ(g.rsBasic.State(), 1);
+    EXPECT_TRUE(g.project.IsProjectModified);
+    EXPECT_EQ(g.project.rsBasic.State(), 1);
     CloseProjectTables(g);
     EXPECT_TRUE(column(path, QStringLiteral("UserGroups"), QStringLiteral("GroupName"))
                     .contains(QStringLiteral("Guards")));
-    OpenProjectTables(g, g.ProjectWorkPath);
+    OpenProjectTables(g, g.project.ProjectWorkPath);
 }

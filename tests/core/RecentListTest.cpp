@@ -18,18 +18,18 @@ TEST_P(RecentListTest, KeepsTheNewestFirstAndWritesTheTableAtOnce)
     const RecentCase c = GetParam();
     start();
     for (const QString& p : c.before) {
-        ++g.MRUCount;
-        g.MRUFilePath(g.MRUCount) = p;
+        ++g.system.MRUCount;
+        g.system.MRUFilePath(g.system.MRUCount) = p;
     }
-    if (g.MRUCount > 0)
+    if (g.system.MRUCount > 0)
         SaveMRUList(g);
     view.recentMenuCount = 0;
 
     AddMRUFilePath(g, c.opened);
 
     QStringList now;
-    for (int i = 1; i <= g.MRUCount; ++i)
-        now << g.MRUFilePath(i);
+    for (int i = 1; i <= g.system.MRUCount; ++i)
+        now << g.system.MRUFilePath(i);
     EXPECT_EQ(now, c.after);
     EXPECT_EQ(column(folder.path(QStringLiteral("VORNA.sdb")), QStringLiteral("MRUList"),
                   QStringLiteral("FilePath")),
@@ -57,7 +57,7 @@ TEST_F(CoreTest, TheRecentListIsReadBackAtTheNextStart)
 
     VORNAGlobal second(platform);
     InitApplication(second, folder.appPath());
-    EXPECT_EQ(second.MRUCount, 2);
-    EXPECT_EQ(second.MRUFilePath(1), QStringLiteral("/p/new.cmb"));
-    EXPECT_EQ(second.MRUFilePath(2), QStringLiteral("/p/old.cmb"));
+    EXPECT_EQ(second.system.MRUCount, 2);
+    EXPECT_EQ(second.system.MRUFilePath(1), QStringLiteral("/p/new.cmb"));
+    EXPECT_EQ(second.system.MRUFilePath(2), QStringLiteral("/p/old.cmb"));
 }

@@ -7,16 +7,16 @@
 TEST_F(CoreTest, StartSetsTheSharedStateAndReadsTheRecentList)
 {
     start();
-    EXPECT_EQ(g.AppPath, folder.appPath());
-    EXPECT_EQ(g.CommPort, 1);
-    EXPECT_EQ(g.StationID, 247);
-    EXPECT_EQ(g.Timeout, 2);
-    EXPECT_EQ(g.Retry, 3);
-    EXPECT_EQ(g.MRUCount, 0);
-    EXPECT_EQ(g.SystemConn.State(), 1);
-    EXPECT_EQ(g.rsModelList.State(), 1);
-    EXPECT_GT(g.rsCommBaudList.RecordCount(), 0);
-    EXPECT_TRUE(g.ProjectName.isEmpty());
+    EXPECT_EQ(g.program.AppPath, folder.appPath());
+    EXPECT_EQ(g.link.CommPort, 1);
+    EXPECT_EQ(g.link.StationID, 247);
+    EXPECT_EQ(g.link.Timeout, 2);
+    EXPECT_EQ(g.link.Retry, 3);
+    EXPECT_EQ(g.system.MRUCount, 0);
+    EXPECT_EQ(g.system.SystemConn.State(), 1);
+    EXPECT_EQ(g.system.rsModelList.State(), 1);
+    EXPECT_GT(g.system.rsCommBaudList.RecordCount(), 0);
+    EXPECT_TRUE(g.project.ProjectName.isEmpty());
 }
 
 struct StartFailureCase
@@ -129,14 +129,20 @@ TEST_F(CoreTest, SplashAndAboutTakeTheirCaptionsFromTheFormTable)
     EXPECT_EQ(splash.Label1, QStringLiteral("適用機型: "));
     EXPECT_EQ(splash.lblProductName, QStringLiteral("簡訊報警機   設定工具"));
     EXPECT_EQ(splash.lblVersion,
-        QStringLiteral("Version %1.%2.%3").arg(g.App.Major).arg(g.App.Minor).arg(g.App.Revision));
+        QStringLiteral("Version %1.%2.%3")
+            .arg(g.program.App.Major)
+            .arg(g.program.App.Minor)
+            .arg(g.program.App.Revision));
     EXPECT_EQ(splash.Label3, QStringLiteral("Contignration Utility"));
 
     frmAbout about(g);
     about.Form_Load();
     EXPECT_EQ(about.Caption, QStringLiteral("關於 GSM Pellamatic"));
     EXPECT_EQ(about.lblVersion,
-        QStringLiteral("版本:%1.%2.%3").arg(g.App.Major).arg(g.App.Minor).arg(g.App.Revision));
+        QStringLiteral("版本:%1.%2.%3")
+            .arg(g.program.App.Major)
+            .arg(g.program.App.Minor)
+            .arg(g.program.App.Revision));
 }
 
 TEST_F(CoreTest, OnlyShiftAltLeftPressOnTheAboutIconOpensTheServiceWindow)

@@ -92,10 +92,10 @@ TEST_F(ProjectWindowTest, ClosingWithEditsAndCancelKeepsTheWindowAndTheProject)
     main.Form_Unload(cancel);
 
     EXPECT_EQ(cancel, 1);
-    EXPECT_EQ(g.ProjectName, QStringLiteral("Project1"));
-    EXPECT_TRUE(g.IsProjectModified);
+    EXPECT_EQ(g.project.ProjectName, QStringLiteral("Project1"));
+    EXPECT_TRUE(g.project.IsProjectModified);
     EXPECT_TRUE(QFile::exists(projectPath(QStringLiteral("Project1.mir"))));
-    EXPECT_EQ(g.rsUserGroups.RecordCount(), 2);
+    EXPECT_EQ(g.project.rsUserGroups.RecordCount(), 2);
     CloseProjectTables(g);
 }
 
@@ -113,7 +113,7 @@ TEST_F(ProjectWindowTest, ClosingWithEditsAndNoClosesTheProjectAndExits)
         EXPECT_EQ(e.status, 0);
     }
     EXPECT_EQ(cancel, 0);
-    EXPECT_TRUE(g.ProjectName.isEmpty());
+    EXPECT_TRUE(g.project.ProjectName.isEmpty());
     EXPECT_FALSE(QFile::exists(projectPath(QStringLiteral("Project1.mir"))));
 }
 

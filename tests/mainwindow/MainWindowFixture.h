@@ -19,7 +19,7 @@ protected:
     MainWindowTest()
     {
         platform.localeName = QStringLiteral("zh_TW");
-        g.view = &main;
+        g.setView(&main);
     }
 
     ScriptedPlatform platform;
@@ -34,7 +34,7 @@ protected:
     ProjectWindowTest()
     {
         platform.localeName = QStringLiteral("zh_TW");
-        g.view = &main;
+        g.setView(&main);
         InitApplication(g, folder.appPath());
     }
 
@@ -54,11 +54,11 @@ protected:
     // An edit as the editors make it: a row stored, and the project marked modified.
     void addGroup(const QString& name)
     {
-        g.rsUserGroups.AddNew();
-        g.rsUserGroups.setField(QStringLiteral("GroupName"), name);
-        g.rsUserGroups.setField(QStringLiteral("GroupDsc"), QString());
-        g.rsUserGroups.Update();
-        g.IsProjectModified = true;
+        g.project.rsUserGroups.AddNew();
+        g.project.rsUserGroups.setField(QStringLiteral("GroupName"), name);
+        g.project.rsUserGroups.setField(QStringLiteral("GroupDsc"), QString());
+        g.project.rsUserGroups.Update();
+        g.project.IsProjectModified = true;
     }
 
     TestFolder folder;

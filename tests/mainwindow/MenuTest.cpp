@@ -84,8 +84,8 @@ class FileMenuTest : public MainWindowTest, public ::testing::WithParamInterface
 TEST_P(FileMenuTest, EnablesTheEntriesFromTheProjectState)
 {
     const FileMenuCase c = GetParam();
-    g.ProjectName = c.projectOpen ? QStringLiteral("Site") : QString();
-    g.IsProjectModified = c.modified;
+    g.project.ProjectName = c.projectOpen ? QStringLiteral("Site") : QString();
+    g.project.IsProjectModified = c.modified;
     // Start from the opposite state, so that every entry must be set.
     for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
         main.menu(QString::fromLatin1(name)).Enabled = !c.saveAs;
@@ -111,15 +111,15 @@ TEST_P(RecentMenuTest, ShowsTheEntriesInUseAndHidesTheRest)
 {
     const int count = GetParam();
     for (int i = 1; i <= 4; ++i)
-        g.MRUFilePath(i) = QStringLiteral("/site/P%1.cmb").arg(i);
-    g.MRUCount = static_cast<qint16>(count);
+        g.system.MRUFilePath(i) = QStringLiteral("/site/P%1.cmb").arg(i);
+    g.system.MRUCount = static_cast<qint16>(count);
 
     main.mnuFile_Click();
 
     for (int i = 1; i <= 4; ++i) {
         const frmMain::MenuEntry& e = main.menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
         const bool used = i <= count;
-        EXPECT_EQ(e.Caption, used ? g.MRUFilePath(i) : QString()) << i;
+        EXPECT_EQ(e.Caption, used ? g.system.MRUFilePath(i) : QString()) << i;
         EXPECT_EQ(e.Enabled, used) << i;
         EXPECT_EQ(e.Visible, used) << i;
     }
@@ -153,7 +153,7 @@ TEST_F(MainWindowTest, TheRefreshKeyRebuildsOnlyWithAProject)
     main.shortcut(QStringLiteral("F5"));
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 1u);
 
-    g.ProjectName = QStringLiteral("Site");
+    g.project.ProjectName = QStringLiteral("Site");
     main.shortcut(QStringLiteral("F5"));
     EXPECT_TRUE(main.tvProjectContent.Nodes.empty());
 }
@@ -192,7 +192,7 @@ TEST_P(SaveKeyTest, CommitsOnlyWhenTheSetUpEnablesSave)
     main.shortcut(QStringLiteral("Ctrl+S"));
 
     EXPECT_EQ(bytes() != before, c.commits);
-    EXPECT_FALSE(g.IsProjectModified);
+    EXPECT_FALSE(g.project.IsProjectModified);
     EXPECT_EQ(main.menu(QStringLiteral("mnuFileSave")).Enabled, c.modified);
     CloseProject(g);
 }

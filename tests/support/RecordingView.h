@@ -25,5 +25,5 @@ public:
             statusHistory.push_back(text);
     }
     void setMousePointer(int pointer) override { pointerHistory.push_back(pointer); }
-    WindowPlacement windowPlacement() const override { return placement; }
+    std::optional<WindowPlacement> windowPlacement() const override { return placement; }
 };
