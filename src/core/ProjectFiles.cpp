@@ -44,6 +44,8 @@ FileDialogOptions DialogOptions(
     FileDialogOptions options;
     options.DialogTitle = title;
     options.InitDir = g.program.dlgCommonDialog.InitDir;
+    // The dialog is one shared control: the name set here stays even if it is cancelled.
+    g.program.dlgCommonDialog.FileName = fileName;
     options.FileName = fileName;
     options.Filter = filter;
     options.FilterIndex = 1;
@@ -144,7 +146,9 @@ void NewProject(VORNAGlobal& g)
         if (!FileExists(path))
             break;
         if (AskReplace(g, path, 103)) {
-            QFile::remove(path);
+            // Deleted with force in effect, but the old file goes only when the template's
+            // copy takes its place.
+            PrepareReplace(path, true);
             break;
         }
     }
@@ -295,7 +299,8 @@ void SaveProjectAs(VORNAGlobal& g)
     if (FileExists(path)) {
         if (!AskReplace(g, path, 422))
             return;
-        DeleteFile(path);
+        // The copy below replaces the file in one step; it is never deleted first.
+        PrepareReplace(path);
     }
 
     SetPointer(g, Pointer::Hourglass);

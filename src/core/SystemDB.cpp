@@ -69,6 +69,9 @@ void AddMRUFilePath(VORNAGlobal& g, const QString& FilePath)
 
 void SaveMRUList(VORNAGlobal& g)
 {
+    // Another VORNA or vorna-cli sharing the program folder may have written the list since
+    // it was read: the table is rewritten whole, so its rows are read again first.
+    g.system.rsMRUList.Requery();
     if (GetRecordCount(g.system.rsMRUList) > 0) {
         g.system.rsMRUList.MoveFirst();
         while (!g.system.rsMRUList.IsEOF()) {

@@ -218,6 +218,29 @@ void Recordset::MoveFirst()
     c.pos = first;
 }
 
+void Recordset::Requery()
+{
+    CursorData& c = OpenCursor(m_data);
+    CommitPending(c);
+    TableImage& table = *c.table;
+    if (table.readOnly)
+        throw UnhandledError(QStringLiteral("Operation is not allowed in this context"));
+    const std::shared_ptr<TableImage> fresh = TableImage::loadTable(table.conn, table.name);
+    if (!fresh)
+        throw UnhandledError(QStringLiteral("Table not found: ") + table.name);
+    table.rows = std::move(fresh->rows);
+    table.liveCount = fresh->liveCount;
+    // Old positions mean nothing in the new rows: every cursor on the table starts again.
+    const int first = FirstLive(table);
+    for (const std::weak_ptr<CursorData>& w : table.conn->cursors) {
+        if (const auto other = w.lock(); other && other->table.get() == &table) {
+            other->pending.clear();
+            other->mode = CursorData::Mode::None;
+            other->pos = first >= 0 ? first : CursorData::BeforeFirst;
+        }
+    }
+}
+
 void Recordset::MoveLast()
 {
     CursorData& c = OpenCursor(m_data);

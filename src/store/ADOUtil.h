@@ -69,6 +69,9 @@ public:
     void Update();
     void Delete(); // adAffectCurrent
     Recordset Clone() const;
+    // Reads the table again from the file, with the rows other programs wrote meanwhile;
+    // every cursor on the table then stands on its first row.
+    void Requery();
 
     // Live count of the rows that are not deleted.
     int RecordCount() const;

@@ -62,11 +62,24 @@ bool FileExists(const QString& FilePath)
     return info.exists() && !info.isDir();
 }
 
-void DeleteFile(const QString& FilePath)
+void DeleteFile(const QString& FilePath, bool Force)
+{
+    PrepareReplace(FilePath, Force);
+    if (FileExists(FilePath) && !QFile::remove(AbsolutePath(FilePath)))
+        throw UnhandledError(QStringLiteral("Permission denied"));
+}
+
+void PrepareReplace(const QString& FilePath, bool Force)
 {
     if (!FileExists(FilePath))
         return;
-    if (!QFile::remove(AbsolutePath(FilePath)))
+    const QString path = AbsolutePath(FilePath);
+    const QFileInfo info(path);
+    // The owner's write bit is the read-only mark: root may write anyway, but the mark holds.
+    const bool readOnly = !(info.permissions() & QFileDevice::WriteOwner);
+    if ((readOnly && !Force) || !QFileInfo(info.absolutePath()).isWritable())
+        throw UnhandledError(QStringLiteral("Permission denied"));
+    if (readOnly && !QFile::setPermissions(path, info.permissions() | QFileDevice::WriteOwner))
         throw UnhandledError(QStringLiteral("Permission denied"));
 }
 
@@ -104,6 +117,8 @@ bool FileCopy(const QString& Source, const QString& Destination, const std::func
         return false;
 
     const QFileInfo destInfo(destination);
+    if (destInfo.exists() && !(destInfo.permissions() & QFileDevice::WriteOwner))
+        return false;
     const QString folder = destInfo.absolutePath();
     QTemporaryFile temp(folder + QStringLiteral("/.") + destInfo.fileName() + QStringLiteral(".XXXXXX"));
     temp.setAutoRemove(true);

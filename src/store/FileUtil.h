@@ -7,8 +7,13 @@
 // File wrappers. Relative paths are taken against the current directory, and '\' counts
 // as a separator as well as the platform's own.
 bool FileExists(const QString& FilePath);
-// No effect when the file is absent.
-void DeleteFile(const QString& FilePath);
+// No effect when the file is absent. A read-only file is refused unless Force is set; a
+// refusal is an unhandled error ("Permission denied").
+void DeleteFile(const QString& FilePath, bool Force = false);
+// Readies an existing file to be replaced by FileCopy, in place of deleting it first:
+// throws where DeleteFile(FilePath, Force) would, and with Force clears a read-only mark.
+// The file itself stays until the copy's rename replaces it, so a failed copy loses nothing.
+void PrepareReplace(const QString& FilePath, bool Force = false);
 // The whole text, or empty when the file is absent. Read in the system's encoding.
 QString ReadTextFile(const QString& FilePath);
 // Replaces the file with the text; returns its length in characters.
@@ -17,7 +22,7 @@ int WriteTextFile(const QString& Text, const QString& FilePath);
 // Copies Source over Destination so that Destination is never left half-written:
 // the bytes go to a temporary file in Destination's folder, are flushed to disk, and
 // the temporary file is then renamed over Destination. Returns false on any failure,
-// with Destination as it was. beforeRename is a test hook run just before the rename.
+// with Destination as it was; a read-only Destination is a failure, as a plain copy's. beforeRename is a test hook run just before the rename.
 bool FileCopy(
     const QString& Source, const QString& Destination, const std::function<void()>& beforeRename = {});
 

@@ -70,7 +70,9 @@ TEST_F(CoreTest, CancelledDialogsChangeNothing)
     start();
     platform.expectOpenDialog(std::nullopt);
     NewProject(g);
-    platform.expectOpenDialog(std::nullopt);
+    // The dialog is one control: Open proposes the name New set, though New was cancelled.
+    platform.expectOpenDialog(
+        std::nullopt, [](const FileDialogOptions& o) { EXPECT_EQ(o.FileName, QStringLiteral("Project1")); });
     EXPECT_FALSE(OpenProject(g, QString()));
     EXPECT_TRUE(g.project.ProjectName.isEmpty());
     EXPECT_EQ(QDir(folder.projectDir()).entryList(QDir::Files), QStringList());
@@ -292,7 +294,7 @@ TEST_F(CoreTest, SaveAsAnsweredNoEndsTheCommand)
     EXPECT_EQ(g.project.rsBasic.State(), 1);
 }
 
-TEST_F(CoreTest, SaveIntoAReadOnlyFolderShowsItsBoxAndLeavesTheProjectFileAlone)
+TEST_F(CoreTest, SaveOntoAReadOnlyProjectFileShowsItsBoxAndLeavesItAlone)
 {
     start();
     const QString path = newProject();
@@ -302,15 +304,11 @@ TEST_F(CoreTest, SaveIntoAReadOnlyFolderShowsItsBoxAndLeavesTheProjectFileAlone)
         f.open(QIODevice::ReadOnly);
         return f.readAll();
     }();
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "root writes into read-only folders";
-    QFile::setPermissions(folder.projectDir(), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+    QFile::setPermissions(path, QFileDevice::ReadOwner);
     platform.expectBox(MsgBox::Critical,
         QStringLiteral("儲存專案失敗。\n專案檔案[") + path + QStringLiteral("]檔案無法儲存。"),
         QStringLiteral("儲存專案失敗"));
     EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
-    QFile::setPermissions(
-        folder.projectDir(), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 
     QFile f(path);
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
@@ -318,6 +316,19 @@ TEST_F(CoreTest, SaveIntoAReadOnlyFolderShowsItsBoxAndLeavesTheProjectFileAlone)
     // The tables stay closed with the project still named: the next use is fatal.
     EXPECT_FALSE(g.project.ProjectName.isEmpty());
     EXPECT_THROW(g.project.rsUserGroups.MoveFirst(), UnhandledError);
+}
+
+TEST_F(CoreTest, SaveAsOntoAReadOnlyFileIsRefusedAsItsDeleteIs)
+{
+    start();
+    newProject();
+    const QString taken = projectPath(QStringLiteral("Taken.cmb"));
+    QFile(taken).open(QIODevice::WriteOnly);
+    QFile::setPermissions(taken, QFileDevice::ReadOwner);
+    platform.expectSaveDialog(taken);
+    platform.expectBox(52, boxQuestionReplace(taken), QStringLiteral("此檔案已經存在"), MsgBox::Yes);
+    EXPECT_THROW(SaveProjectAs(g), UnhandledError);
+    EXPECT_TRUE(QFileInfo::exists(taken));
 }
 
 TEST_F(CoreTest, ASaveThatCannotReplaceTheProjectFileLeavesTheProjectBroken)

@@ -61,3 +61,23 @@ TEST_F(CoreTest, TheRecentListIsReadBackAtTheNextStart)
     EXPECT_EQ(second.system.MRUFilePath(1), QStringLiteral("/p/new.cmb"));
     EXPECT_EQ(second.system.MRUFilePath(2), QStringLiteral("/p/old.cmb"));
 }
+
+TEST_F(CoreTest, TheRecentListStaysWholeWhenTwoProgramsShareTheFolder)
+{
+    start();
+    AddMRUFilePath(g, QStringLiteral("/p/a.cmb"));
+
+    VORNAGlobal other(platform);
+    InitApplication(other, folder.appPath());
+    for (const char* path : {"/p/b.cmb", "/p/c.cmb", "/p/d.cmb", "/p/e.cmb"})
+        AddMRUFilePath(other, QString::fromLatin1(path));
+
+    AddMRUFilePath(g, QStringLiteral("/p/f.cmb"));
+    EXPECT_EQ(column(folder.path(QStringLiteral("VORNA.sdb")), QStringLiteral("MRUList"),
+                  QStringLiteral("FilePath")),
+        (QStringList {QStringLiteral("/p/f.cmb"), QStringLiteral("/p/a.cmb")}));
+
+    VORNAGlobal next(platform);
+    InitApplication(next, folder.appPath());
+    EXPECT_EQ(next.system.MRUCount, 2);
+}

@@ -133,19 +133,26 @@ TEST_F(FileUtilTest, FileCopyFailsWithoutATrace)
     }
 }
 
-TEST_F(FileUtilTest, FileCopyIntoAReadOnlyFolderFails)
+TEST_F(FileUtilTest, AReadOnlyFileIsNeitherReplacedNorDeletedWithoutForce)
 {
-    if (::geteuid() == 0)
-        GTEST_SKIP() << "folder permissions do not bind the superuser";
-    ASSERT_TRUE(QDir(dir.path()).mkpath("ro"));
-    WriteBytes(dir.filePath("a.mir"), "contents");
-    WriteBytes(dir.filePath("ro/a.cmb"), "old");
-    QFile::setPermissions(dir.filePath("ro"), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-    EXPECT_FALSE(FileCopy(dir.filePath("a.mir"), dir.filePath("ro/a.cmb")));
-    QFile::setPermissions(
-        dir.filePath("ro"), QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    EXPECT_EQ(ReadBytes(dir.filePath("ro/a.cmb")), "old");
-    EXPECT_EQ(FilesIn(dir.filePath("ro")), QStringList({"a.cmb"}));
+    WriteBytes(dir.filePath("a.mir"), "new contents");
+    WriteBytes(dir.filePath("a.cmb"), "old");
+    QFile::setPermissions(dir.filePath("a.cmb"), QFileDevice::ReadOwner);
+
+    EXPECT_FALSE(FileCopy(dir.filePath("a.mir"), dir.filePath("a.cmb")));
+    EXPECT_THROW(DeleteFile(dir.filePath("a.cmb")), UnhandledError);
+    EXPECT_THROW(PrepareReplace(dir.filePath("a.cmb")), UnhandledError);
+    EXPECT_EQ(ReadBytes(dir.filePath("a.cmb")), "old");
+    EXPECT_EQ(FilesIn(dir.path()), QStringList({"a.cmb", "a.mir"}));
+
+    // Forced, the file loses its mark but stays until the copy takes its place.
+    PrepareReplace(dir.filePath("a.cmb"), true);
+    EXPECT_EQ(ReadBytes(dir.filePath("a.cmb")), "old");
+    EXPECT_TRUE(FileCopy(dir.filePath("a.mir"), dir.filePath("a.cmb")));
+    EXPECT_EQ(ReadBytes(dir.filePath("a.cmb")), "new contents");
+    QFile::setPermissions(dir.filePath("a.cmb"), QFileDevice::ReadOwner);
+    DeleteFile(dir.filePath("a.cmb"), true);
+    EXPECT_EQ(FilesIn(dir.path()), QStringList({"a.mir"}));
 }
 
 } // namespace
