@@ -19,7 +19,11 @@ build="$here/build"
 packages=(
     g++ cmake make ccache pkg-config
     qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-serialport-dev
-    libgtest-dev libgmock-dev
+    # The toolkit's own texts (file dialogs, box buttons) in Chinese.
+    qt6-translations-l10n
+    libgtest-dev
+    # Tests kill saves at chosen system calls.
+    strace
     # A CJK font, so that the Chinese captions do not render as boxes.
     fonts-wqy-microhei
 )

@@ -84,13 +84,6 @@ int answerOf(QMessageBox::StandardButton button)
     }
 }
 
-QWidget* dialogParent()
-{
-    if (QWidget* modal = QApplication::activeModalWidget())
-        return modal;
-    return QApplication::activeWindow();
-}
-
 } // namespace
 
 QtPlatform::QtPlatform(const QString& settingsFile)
@@ -100,6 +93,18 @@ QtPlatform::QtPlatform(const QString& settingsFile)
 void QtPlatform::registerView(const QString& formName, FormView& view)
 {
     m_views[formName] = &view;
+}
+
+QWidget* QtPlatform::dialogParent() const
+{
+    // A box that follows a file dialog finds no active window for a moment: it still
+    // belongs to the main window, so that it is centred on it and not on the screen.
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    const auto main = m_views.find(QStringLiteral("frmMain"));
+    return main == m_views.end() ? nullptr : main->second->widget();
 }
 
 void QtPlatform::unregisterView(const QString& formName)
@@ -152,9 +157,14 @@ std::optional<QString> QtPlatform::fileDialog(const FileDialogOptions& options, 
 
     QFileDialog dialog(dialogParent(), options.DialogTitle, folder, filter);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    // The program asks about an existing target itself, with its own words.
+    // Any name is taken, in the open dialog too: File New names its new project there, and
+    // File Open words a missing file itself. The program asks about an existing target itself.
+    dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, true);
+    // The toolkit's own dialog everywhere, so that it looks and behaves the same on every desktop.
+    dialog.setOption(QFileDialog::DontUseNativeDialog, true);
+    // Each filter shows its caption as the program words it; the pattern only matches.
+    dialog.setOption(QFileDialog::HideNameFilterDetails, true);
     if (!filters.isEmpty()) {
         const int index
             = options.FilterIndex >= 1 && options.FilterIndex <= filters.size() ? options.FilterIndex : 1;

@@ -7,6 +7,7 @@
 #include "Platform.h"
 
 class FormView;
+class QWidget;
 
 // The platform port on Qt Widgets: message boxes, file dialogs, the form views, the
 // override cursor, the event loop, the clock and QSettings.
@@ -40,6 +41,9 @@ public:
         const QString& appName, const QString& section, const QString& key, const QString& value) override;
     QString systemLocaleName() override;
     [[noreturn]] void endProcess(int status) override;
+
+    // The window a box or dialog belongs to: the modal one on top, the active one, or the main window.
+    QWidget* dialogParent() const;
 
 private:
     FormView* viewOf(const FormModel& form) const;

@@ -32,6 +32,7 @@ void VornaApp::Main(const StartOptions& options)
     const QString appPath
         = options.appPath.isEmpty() ? QCoreApplication::applicationDirPath() : options.appPath;
     InitApplication(g, QDir::toNativeSeparators(appPath));
+    InstallToolkitTranslation(g.ml.CurAppliedLang);
 
     splashView = std::make_unique<SplashView>(splash);
     m_platform.registerView(splash.formName(), *splashView);

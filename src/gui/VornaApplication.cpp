@@ -1,5 +1,10 @@
 #include "VornaApplication.h"
 
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include "Icons.h"
 #include "Platform.h"
 #include "UnhandledError.h"
 
@@ -23,6 +28,25 @@ VornaApplication::VornaApplication(int& argc, char** argv)
 {
     setOrganizationName(QStringLiteral("VORNA"));
     setApplicationName(QStringLiteral("VORNA"));
+    // Every window, box and dialog without an icon of its own carries the program's.
+    setWindowIcon(Icons::icon(QStringLiteral("VORNA")));
+}
+
+void InstallToolkitTranslation(const QString& language)
+{
+    // The toolkit's own words (file dialogs, box buttons) follow the program's language.
+    static QTranslator translator;
+    QCoreApplication::removeTranslator(&translator);
+    QString locale;
+    if (language == QLatin1String("ChineseBig5"))
+        locale = QStringLiteral("zh_TW");
+    else if (language == QLatin1String("ChineseGB"))
+        locale = QStringLiteral("zh_CN");
+    else
+        return;
+    if (translator.load(QLocale(locale), QStringLiteral("qt"), QStringLiteral("_"),
+            QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&translator);
 }
 
 bool VornaApplication::notify(QObject* receiver, QEvent* event)

@@ -14,6 +14,10 @@ class UnhandledError;
 // the same way with a critical box that names it.
 [[noreturn]] void ReportRuntimeError(Platform& platform, const std::exception& error);
 
+// Loads the toolkit's translation for the program's applied language ("ChineseBig5",
+// "ChineseGB"); English needs none. Missing translation files leave the toolkit in English.
+void InstallToolkitTranslation(const QString& language);
+
 // The application object of VORNA: every event runs under the unhandled-error report.
 class VornaApplication : public QApplication
 {

@@ -22,7 +22,8 @@ int WriteTextFile(const QString& Text, const QString& FilePath);
 // Copies Source over Destination so that Destination is never left half-written:
 // the bytes go to a temporary file in Destination's folder, are flushed to disk, and
 // the temporary file is then renamed over Destination. Returns false on any failure,
-// with Destination as it was; a read-only Destination is a failure, as a plain copy's. beforeRename is a test hook run just before the rename.
+// with Destination as it was; a read-only Destination is a failure, as a plain copy's. beforeRename is a test
+// hook run just before the rename.
 bool FileCopy(
     const QString& Source, const QString& Destination, const std::function<void()>& beforeRename = {});
 

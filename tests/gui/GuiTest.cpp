@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include "GuiApp.h"
 #include "MainWindowView.h"
 #include "NodeListModel.h"
 #include "ProjectTreeModel.h"
@@ -27,16 +28,6 @@
 #include "frmMain.h"
 
 namespace {
-
-VornaApplication& app()
-{
-    static int argc = 1;
-    static char name[] = "gui_tests";
-    static char* argv[] = {name, nullptr};
-    // Never destroyed: the SQL driver's own clean-up at exit must not run after it.
-    static VornaApplication* instance = new VornaApplication(argc, argv);
-    return *instance;
-}
 
 // An object whose event handler fails as the program's handlers do.
 class FailingObject : public QObject
@@ -64,7 +55,7 @@ QStringList actionTexts(const QMenu* menu)
 
 TEST(GuiStart, TheProgramStartsWithItsMainWindowShowingNoProject)
 {
-    app();
+    guiApp();
     TestFolder folder;
     // The original language whatever the machine's locale, so that the design texts show.
     QFile profile(folder.path(QStringLiteral("VORNA.set")));
@@ -123,7 +114,7 @@ TEST(GuiStart, TheProgramStartsWithItsMainWindowShowingNoProject)
 
 TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
 {
-    app();
+    guiApp();
     QtPlatform platform;
     VORNAGlobal g(platform);
     frmMain main(g);
@@ -205,7 +196,7 @@ TEST_P(FailureReportTest, AFailingEventShowsOneBoxAndEndsWithStatus3)
 {
     const FailureCase& c = GetParam();
     ScriptedPlatform platform;
-    app().setPlatform(&platform);
+    guiApp().setPlatform(&platform);
     FailingObject target;
     target.fail = c.fail;
     platform.expectBox(c.flags, QString::fromUtf8(c.text), QString::fromUtf8(c.title));
@@ -217,7 +208,7 @@ TEST_P(FailureReportTest, AFailingEventShowsOneBoxAndEndsWithStatus3)
     } catch (const ProcessEnded& e) {
         EXPECT_EQ(e.status, UnhandledErrorExitStatus);
     }
-    app().setPlatform(nullptr);
+    guiApp().setPlatform(nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(Failures, FailureReportTest,

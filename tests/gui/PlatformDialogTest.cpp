@@ -1,0 +1,191 @@
+#include <functional>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "GuiApp.h"
+#include "MainWindowView.h"
+#include "QtPlatform.h"
+#include "TestFolder.h"
+#include "VornaApp.h"
+#include "VornaApplication.h"
+
+namespace {
+
+// Plays the user at the next modal window: waits for it to come up, then hands it over.
+// The action must close it, or the test hangs where a user would be left looking at it.
+void atNextModal(std::function<void(QWidget*)> action)
+{
+    auto* poll = new QTimer;
+    poll->setInterval(10);
+    QObject::connect(poll, &QTimer::timeout, [poll, action] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (!modal || !modal->isVisible())
+            return;
+        poll->stop();
+        poll->deleteLater();
+        action(modal);
+    });
+    poll->start();
+}
+
+QAbstractButton* dialogButton(QWidget* dialog, QDialogButtonBox::StandardButton which)
+{
+    auto* box = dialog->findChild<QDialogButtonBox*>();
+    return box ? box->button(which) : nullptr;
+}
+
+QStringList comboTexts(const QComboBox* combo)
+{
+    QStringList texts;
+    for (int i = 0; i < combo->count(); ++i)
+        texts << combo->itemText(i);
+    return texts;
+}
+
+class PlatformDialogTest : public ::testing::Test
+{
+protected:
+    PlatformDialogTest()
+        : platform(QDir(folder.root()).filePath(QStringLiteral("settings.ini")))
+        , vorna(platform)
+    {
+        guiApp();
+        vorna.Main({folder.appPath(), false});
+    }
+    ~PlatformDialogTest() override { InstallToolkitTranslation(QStringLiteral("English")); }
+
+    TestFolder folder;
+    QtPlatform platform;
+    VornaApp vorna;
+};
+
+} // namespace
+
+TEST_F(PlatformDialogTest, FileNewInTheWindowTakesANewNameAndMakesTheProject)
+{
+    const QString typed = QStringLiteral("Site.cmb");
+    bool filterShown = false;
+    atNextModal([&](QWidget* modal) {
+        auto* dialog = qobject_cast<QFileDialog*>(modal);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->parentWidget(), vorna.mainView.get());
+        const auto* types = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        filterShown = types
+            && comboTexts(types)
+                == QStringList({QStringLiteral("Quillbeacon configuration files,(*.cmb)"),
+                    QStringLiteral("All files,(*.*)")});
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_NE(name, nullptr);
+        EXPECT_EQ(name->text(), QStringLiteral("Project1"));
+        name->setText(typed);
+        QAbstractButton* open = dialogButton(dialog, QDialogButtonBox::Open);
+        ASSERT_NE(open, nullptr);
+        EXPECT_TRUE(open->isEnabled()) << "a new name must be accepted";
+        open->click();
+    });
+    vorna.mainForm.clickMenu(QStringLiteral("mnuFileNew"));
+
+    EXPECT_TRUE(filterShown) << "each filter shows its caption once";
+    EXPECT_TRUE(QFileInfo::exists(QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"))));
+    EXPECT_TRUE(QFileInfo::exists(QDir(folder.projectDir()).filePath(QStringLiteral("Site.mir"))));
+    EXPECT_EQ(vorna.g.project.ProjectName, QStringLiteral("Site"));
+}
+
+TEST_F(PlatformDialogTest, FileOpenOfAMissingNameReachesTheProgramsOwnBox)
+{
+    atNextModal([](QWidget* modal) {
+        auto* dialog = qobject_cast<QFileDialog*>(modal);
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("Gone.cmb"));
+        dialogButton(dialog, QDialogButtonBox::Open)->click();
+        atNextModal([](QWidget* box) {
+            ASSERT_NE(qobject_cast<QMessageBox*>(box), nullptr);
+            EXPECT_TRUE(box->windowTitle() == QStringLiteral("專案開啟失敗")
+                || box->windowTitle() == QStringLiteral("Project Open Failed"))
+                << box->windowTitle().toStdString();
+            qobject_cast<QMessageBox*>(box)->button(QMessageBox::Ok)->click();
+        });
+    });
+    vorna.mainForm.clickMenu(QStringLiteral("mnuFileOpen"));
+    EXPECT_TRUE(vorna.g.project.ProjectName.isEmpty());
+}
+
+TEST_F(PlatformDialogTest, ABoxHasTheGivenButtonsTitleAndIconAndBelongsToTheMainWindow)
+{
+    struct Seen
+    {
+        QString title;
+        QWidget* parent = nullptr;
+        QMessageBox::Icon icon = QMessageBox::NoIcon;
+        bool windowIcon = false;
+        QList<QAbstractButton*> buttons;
+        QString defaultText;
+    } seen;
+    atNextModal([&](QWidget* modal) {
+        auto* box = qobject_cast<QMessageBox*>(modal);
+        ASSERT_NE(box, nullptr);
+        seen = {box->windowTitle(), box->parentWidget(), box->icon(), !box->windowIcon().isNull(),
+            box->buttons(), box->defaultButton() ? box->defaultButton()->text() : QString()};
+        box->button(QMessageBox::No)->click();
+    });
+    const int answer = platform.msgBox(
+        QStringLiteral("Save?"), MsgBox::YesNoCancel | MsgBox::Exclamation, QStringLiteral("是否儲存專案"));
+
+    EXPECT_EQ(answer, MsgBox::No);
+    EXPECT_EQ(seen.title, QStringLiteral("是否儲存專案"));
+    EXPECT_EQ(seen.parent, vorna.mainView.get());
+    EXPECT_EQ(seen.icon, QMessageBox::Warning);
+    EXPECT_TRUE(seen.windowIcon);
+    EXPECT_EQ(seen.buttons.size(), 3);
+    EXPECT_EQ(seen.defaultText, QStringLiteral("&Yes"));
+}
+
+TEST_F(PlatformDialogTest, TheToolkitSpeaksTheProgramsLanguage)
+{
+    InstallToolkitTranslation(QStringLiteral("ChineseBig5"));
+    QString yes;
+    atNextModal([&](QWidget* modal) {
+        auto* box = qobject_cast<QMessageBox*>(modal);
+        yes = box->button(QMessageBox::Yes)->text();
+        box->button(QMessageBox::Yes)->click();
+    });
+    EXPECT_EQ(platform.msgBox(QStringLiteral("?"), MsgBox::YesNo, QStringLiteral("t")), MsgBox::Yes);
+    EXPECT_TRUE(yes.contains(QStringLiteral("是"))) << yes.toStdString();
+}
+
+TEST_F(PlatformDialogTest, TheSaveDialogProposesTheNameAndTakesANewOne)
+{
+    FileDialogOptions options;
+    options.DialogTitle = QStringLiteral("另存專案");
+    options.InitDir = QStringLiteral("..\\Project");
+    options.FileName = QStringLiteral("Project1");
+    options.Filter = QStringLiteral("Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*");
+    atNextModal([](QWidget* modal) {
+        auto* dialog = qobject_cast<QFileDialog*>(modal);
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->windowTitle(), QStringLiteral("另存專案"));
+        EXPECT_EQ(comboTexts(dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))).first(),
+            QStringLiteral("Quillbeacon設定檔案,(*.cbm)"));
+        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        EXPECT_EQ(name->text(), QStringLiteral("Project1"));
+        name->setText(QStringLiteral("New.cmb"));
+        dialogButton(dialog, QDialogButtonBox::Save)->click();
+    });
+    const auto chosen = platform.showSave(options);
+    ASSERT_TRUE(chosen.has_value());
+    EXPECT_EQ(*chosen, QDir(folder.projectDir()).filePath(QStringLiteral("New.cmb")));
+}
