@@ -108,6 +108,14 @@ void PrintOutput(const QString& line)
 
 int ConsolePlatform::msgBox(const QString& text, int flags, const QString& title)
 {
+    const int given = answer(text, flags, title);
+    if (given == MsgBox::No)
+        ++noAnswers;
+    return given;
+}
+
+int ConsolePlatform::answer(const QString& text, int flags, const QString& title)
+{
     PrintError(IconWord(flags) + QLatin1Char('[') + title + QStringLiteral("] ") + text);
 
     const std::vector<Button> buttons = ButtonsOf(flags);

@@ -20,6 +20,8 @@ public:
     // What the next file dialog returns. It is taken by that dialog, so a dialog shown
     // again (after a No to the replace question) comes back cancelled.
     std::optional<QString> nextDialogPath;
+    // Questions answered No so far: a command that met one has not done what it was asked.
+    int noAnswers = 0;
 
     int msgBox(const QString& text, int flags, const QString& title) override;
     std::optional<QString> showOpen(const FileDialogOptions& options) override;
@@ -39,6 +41,7 @@ public:
     [[noreturn]] void endProcess(int status) override;
 
 private:
+    int answer(const QString& text, int flags, const QString& title);
     std::optional<QString> takeDialogPath();
 
     Preset m_preset;

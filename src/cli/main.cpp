@@ -1,12 +1,15 @@
 #include <array>
 #include <optional>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include "ConsolePlatform.h"
 #include "ConsoleView.h"
+#include "FileUtil.h"
 #include "ProjectFiles.h"
 #include "SystemDB.h"
 #include "UnhandledError.h"
@@ -23,11 +26,8 @@ constexpr int ExitUsage = 2;
 const char* const UsageText
     = "usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] COMMAND [ARG...]\n"
       "\n"
-      "commands:\n"
-      "  new PATH            make a new project file from the template\n"
-      "  info PATH           show a project's name, model, limits, counts and dates\n"
-      "  save-as PATH NEWPATH  save a project under a new name\n"
-      "  recent              list the recent projects, newest first\n"
+      "commands (vorna-cli COMMAND --help tells more of one):\n"
+      "%1"
       "\n"
       "options:\n"
       "  --dir DIR   the program folder (where VORNA.set lies); default: this program's folder\n"
@@ -37,7 +37,8 @@ const char* const UsageText
       "  --help      show this text\n"
       "\n"
       "Questions are otherwise read from stdin; with no input they count as Cancel, or No.\n"
-      "Exit status: 0 done, 1 failed or cancelled, 2 usage error, 3 unhandled error.";
+      "Exit status: 0 done, 1 failed or cancelled (a question answered No included),\n"
+      "2 usage error, 3 unhandled error.";
 
 struct Options
 {
@@ -57,37 +58,27 @@ struct ParsedOptions
 
 ParsedOptions ParseOptions(const QStringList& arguments)
 {
-    Options options;
-    bool yes = false;
-    bool no = false;
-    bool optionsEnded = false;
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-        const QString& arg = arguments.at(i);
-        if (optionsEnded || !arg.startsWith(QLatin1Char('-')) || arg == QLatin1String("-")) {
-            options.words << arg;
-        } else if (arg == QLatin1String("--")) {
-            optionsEnded = true;
-        } else if (arg == QLatin1String("--dir")) {
-            if (++i == arguments.size())
-                return {std::nullopt, QStringLiteral("--dir needs a folder")};
-            options.dir = arguments.at(i);
-        } else if (arg == QLatin1String("--yes")) {
-            yes = true;
-        } else if (arg == QLatin1String("--no")) {
-            no = true;
-        } else if (arg == QLatin1String("--verbose")) {
-            options.verbose = true;
-        } else if (arg == QLatin1String("--help") || arg == QLatin1String("-h")) {
-            options.help = true;
-        } else {
-            return {std::nullopt, QStringLiteral("unknown option '") + arg + QLatin1Char('\'')};
-        }
-    }
-    if (yes && no)
+    QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    const QCommandLineOption dir(QStringLiteral("dir"), QString(), QStringLiteral("DIR"));
+    const QCommandLineOption yes(QStringLiteral("yes"));
+    const QCommandLineOption no(QStringLiteral("no"));
+    const QCommandLineOption verbose(QStringLiteral("verbose"));
+    const QCommandLineOption help(QStringList {QStringLiteral("help"), QStringLiteral("h")});
+    parser.addOptions({dir, yes, no, verbose, help});
+    if (!parser.parse(arguments))
+        return {std::nullopt, parser.errorText()};
+    if (parser.isSet(yes) && parser.isSet(no))
         return {std::nullopt, QStringLiteral("--yes and --no exclude each other")};
-    if (yes)
+
+    Options options;
+    options.dir = parser.value(dir);
+    options.verbose = parser.isSet(verbose);
+    options.help = parser.isSet(help);
+    options.words = parser.positionalArguments();
+    if (parser.isSet(yes))
         options.preset = ConsolePlatform::Preset::Yes;
-    if (no)
+    if (parser.isSet(no))
         options.preset = ConsolePlatform::Preset::No;
     return {options, QString()};
 }
@@ -105,27 +96,45 @@ int RunNew(Session& s)
 {
     s.platform.nextDialogPath = s.paths.at(0);
     NewProject(s.g);
-    return s.g.project.ProjectName.isEmpty() ? ExitFailed : ExitSuccess;
+    return s.platform.noAnswers > 0 || s.g.project.ProjectName.isEmpty() ? ExitFailed : ExitSuccess;
+}
+
+// The labels of info, in the applied language.
+QString InfoLabel(const VORNAGlobal& g, const char* defaultText, int id)
+{
+    return g.GetText(QString::fromUtf8(defaultText), 1, id, QStringLiteral("VORNACli"));
 }
 
 int RunInfo(Session& s)
 {
     VORNAGlobal& g = s.g;
-    if (!OpenProject(g, s.paths.at(0)))
+    const QString path = s.paths.at(0);
+    // Info only reads: the project is read from a private copy, so that neither a working
+    // copy beside it nor the recent list changes.
+    if (!IsProjectFilePath(g, path))
         return ExitFailed;
-    auto line = [](const char* label, const QString& value) {
-        PrintOutput(QString::fromLatin1(label) + QStringLiteral(": ") + value);
+    QTemporaryDir scratch;
+    const QString copy = scratch.filePath(QStringLiteral("info.mir"));
+    if (!scratch.isValid() || !FileCopy(path, copy))
+        return ExitFailed;
+    OpenProjectTables(g, copy);
+    ReadModelLimits(g);
+
+    auto line = [&g](const char* label, int id, const QString& value) {
+        PrintOutput(InfoLabel(g, label, id) + QStringLiteral(": ") + value);
     };
-    line("Project", g.project.ProjectName);
-    line("File", g.project.ProjectFilePath);
-    line("Model", NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
-    line("MaxTelNo", QString::number(g.project.MaxTelNo));
-    line("MaxMemoryByte", QString::number(g.project.MaxMemoryByte));
-    line("Groups", QString::number(GetRecordCount(g.project.rsUserGroups)));
-    line("Contacts", QString::number(GetRecordCount(g.project.rsUsers)));
-    line("Zones", QString::number(GetRecordCount(g.project.rsZones)));
-    line("Created", NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("CreatedDate"))));
-    line("Modified", NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("ModifiedDate"))));
+    ProjectState& p = g.project;
+    line("專案", 1, GetFname(path, 0));
+    line("檔案", 2, path);
+    line("機型", 3, NullToEmpty(p.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
+    line("電話號碼上限", 4, QString::number(p.MaxTelNo));
+    line("記憶體位元組", 5, QString::number(p.MaxMemoryByte));
+    line("群組", 6, QString::number(GetRecordCount(p.rsUserGroups)));
+    line("連絡人", 7, QString::number(GetRecordCount(p.rsUsers)));
+    line("警報點", 8, QString::number(GetRecordCount(p.rsZones)));
+    line("建立日期", 9, NullToEmpty(p.rsBasic.Fields(QStringLiteral("CreatedDate"))));
+    line("修改日期", 10, NullToEmpty(p.rsBasic.Fields(QStringLiteral("ModifiedDate"))));
+    CloseProjectTables(g);
     return ExitSuccess;
 }
 
@@ -136,7 +145,8 @@ int RunSaveAs(Session& s)
     s.platform.nextDialogPath = s.paths.at(1);
     SaveProjectAs(s.g);
     // A No to the replace question leaves the old project open; a refused name leaves none.
-    const bool saved = !s.g.project.ProjectName.isEmpty() && s.g.project.ProjectFilePath == s.paths.at(1);
+    const bool saved = s.platform.noAnswers == 0 && !s.g.project.ProjectName.isEmpty()
+        && s.g.project.ProjectFilePath == s.paths.at(1);
     return saved ? ExitSuccess : ExitFailed;
 }
 
@@ -150,21 +160,40 @@ int RunRecent(Session& s)
 struct Command
 {
     const char* name;
+    const char* arguments;
+    const char* summary;
     int pathCount;
     int (*run)(Session&);
 };
 
 constexpr std::array<Command, 4> Commands {{
-    {"new", 1, RunNew},
-    {"info", 1, RunInfo},
-    {"save-as", 2, RunSaveAs},
-    {"recent", 0, RunRecent},
+    {"new", "PATH", "make a new project file from the template, as File New does", 1, RunNew},
+    {"info", "PATH", "show a project's name, model, limits, counts and dates, changing nothing", 1, RunInfo},
+    {"save-as", "PATH NEWPATH", "open a project and save it under a new name, as File Save As does", 2,
+        RunSaveAs},
+    {"recent", "", "list the recent projects, newest first", 0, RunRecent},
 }};
+
+QString Usage()
+{
+    QString commands;
+    for (const Command& c : Commands)
+        commands += QStringLiteral("  %1 %2\n")
+                        .arg(QString::fromLatin1(c.name) + u' ' + QString::fromLatin1(c.arguments), -22)
+                        .arg(QString::fromLatin1(c.summary));
+    return QString::fromUtf8(UsageText).arg(commands);
+}
+
+QString CommandUsage(const Command& c)
+{
+    return QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] %1 %2\n\n%3.\n")
+        .arg(QString::fromLatin1(c.name), QString::fromLatin1(c.arguments), QString::fromLatin1(c.summary));
+}
 
 int UsageError(const QString& message)
 {
     PrintError(QStringLiteral("vorna-cli: ") + message);
-    PrintError(QString::fromUtf8(UsageText));
+    PrintError(Usage());
     return ExitUsage;
 }
 
@@ -174,12 +203,12 @@ int Run(const QStringList& arguments)
     if (!parsed.options)
         return UsageError(parsed.error);
     const Options& options = *parsed.options;
-    if (options.help) {
-        PrintOutput(QString::fromUtf8(UsageText));
+    if (options.words.isEmpty()) {
+        if (!options.help)
+            return UsageError(QStringLiteral("no command given"));
+        PrintOutput(Usage());
         return ExitSuccess;
     }
-    if (options.words.isEmpty())
-        return UsageError(QStringLiteral("no command given"));
 
     const QString name = options.words.first();
     const Command* command = nullptr;
@@ -188,6 +217,10 @@ int Run(const QStringList& arguments)
             command = &candidate;
     if (!command)
         return UsageError(QStringLiteral("unknown command '") + name + QLatin1Char('\''));
+    if (options.help) {
+        PrintOutput(CommandUsage(*command));
+        return ExitSuccess;
+    }
     if (options.words.size() - 1 != command->pathCount)
         return UsageError(QStringLiteral("'") + name + QStringLiteral("' takes ")
             + QString::number(command->pathCount) + QStringLiteral(" argument(s)"));

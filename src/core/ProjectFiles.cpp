@@ -105,6 +105,38 @@ QString ProposedProjectName(VORNAGlobal&)
     return QString();
 }
 
+bool IsProjectFilePath(VORNAGlobal& g, const QString& FilePath)
+{
+    // The extension test is case-sensitive: "x.CMB" is refused.
+    if (FilePath.right(4) != QStringLiteral(".cmb")) {
+        g.platform.msgBox(T(g, "本專案無法開啟！", 1, 165) + QStringLiteral("\n")
+                + T(g, "因為專案檔名[", 2, 165) + GetFname(FilePath, 2)
+                + T(g, "]不屬於[.cmb]，導致本專案無法開啟。", 3, 165),
+            MsgBox::Critical, T(g, "本專案無法執行", 4, 165));
+        return false;
+    }
+    if (!FileExists(FilePath)) {
+        g.platform.msgBox(T(g, "本專案檔案路徑[", 1, 160) + FilePath + T(g, "]不存在。", 2, 160),
+            MsgBox::Critical, T(g, "專案開啟失敗", 3, 160));
+        return false;
+    }
+    return true;
+}
+
+void ReadModelLimits(VORNAGlobal& g)
+{
+    // The last matching model wins; an unknown model keeps the previous project's limits.
+    const QString model = NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("DeviceModelName")));
+    g.system.rsModelList.MoveFirst();
+    while (!g.system.rsModelList.IsEOF()) {
+        if (NullToEmpty(g.system.rsModelList.Fields(QStringLiteral("ModelName"))) == model) {
+            g.project.MaxTelNo = CInt(g.system.rsModelList.Fields(QStringLiteral("MaxTelNo")));
+            g.project.MaxMemoryByte = CInt(g.system.rsModelList.Fields(QStringLiteral("MaxMemoryByte")));
+        }
+        g.system.rsModelList.MoveNext();
+    }
+}
+
 void OpenProjectTables(VORNAGlobal& g, const QString& FilePath)
 {
     g.project.ProjectConn = OpenMDBConn(g.platform, FilePath, {}, {});
@@ -175,19 +207,8 @@ bool OpenProject(VORNAGlobal& g, QString FilePath)
         FilePath = *chosen;
     }
 
-    // The extension test is case-sensitive: "x.CMB" is refused.
-    if (FilePath.right(4) != QStringLiteral(".cmb")) {
-        g.platform.msgBox(T(g, "本專案無法開啟！", 1, 165) + QStringLiteral("\n")
-                + T(g, "因為專案檔名[", 2, 165) + GetFname(FilePath, 2)
-                + T(g, "]不屬於[.cmb]，導致本專案無法開啟。", 3, 165),
-            MsgBox::Critical, T(g, "本專案無法執行", 4, 165));
+    if (!IsProjectFilePath(g, FilePath))
         return false;
-    }
-    if (!FileExists(FilePath)) {
-        g.platform.msgBox(T(g, "本專案檔案路徑[", 1, 160) + FilePath + T(g, "]不存在。", 2, 160),
-            MsgBox::Critical, T(g, "專案開啟失敗", 3, 160));
-        return false;
-    }
     if (!g.project.ProjectName.isEmpty() && CloseProject(g) != ProjectResult::Done)
         return false;
 
@@ -207,16 +228,7 @@ bool OpenProject(VORNAGlobal& g, QString FilePath)
     g.project.ProjectName = GetFname(g.project.ProjectFilePath, 0);
     g.project.ProjectWorkPath = workPath;
 
-    // The last matching model wins; an unknown model keeps the previous project's limits.
-    const QString model = NullToEmpty(g.project.rsBasic.Fields(QStringLiteral("DeviceModelName")));
-    g.system.rsModelList.MoveFirst();
-    while (!g.system.rsModelList.IsEOF()) {
-        if (NullToEmpty(g.system.rsModelList.Fields(QStringLiteral("ModelName"))) == model) {
-            g.project.MaxTelNo = CInt(g.system.rsModelList.Fields(QStringLiteral("MaxTelNo")));
-            g.project.MaxMemoryByte = CInt(g.system.rsModelList.Fields(QStringLiteral("MaxMemoryByte")));
-        }
-        g.system.rsModelList.MoveNext();
-    }
+    ReadModelLimits(g);
 
     AddMRUFilePath(g, g.project.ProjectFilePath);
     g.project.IsProjectModified = false;

@@ -21,6 +21,10 @@ void SaveProjectAs(VORNAGlobal& g);
 
 void OpenProjectTables(VORNAGlobal& g, const QString& FilePath);
 void CloseProjectTables(VORNAGlobal& g);
+// Open's two checks of a chosen path, each with its box: the ".cmb" extension, then the file.
+bool IsProjectFilePath(VORNAGlobal& g, const QString& FilePath);
+// MaxTelNo and MaxMemoryByte of the open project's model, from the system database.
+void ReadModelLimits(VORNAGlobal& g);
 
 // Device Download's commit: the working copy over the project file, without a question.
 void CommitWorkingCopy(VORNAGlobal& g);

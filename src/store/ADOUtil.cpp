@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 
+#include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
 
@@ -389,6 +390,10 @@ Connection OpenMDBConn(
     {
         QSqlDatabase db = ConnectionData::addDatabase(name);
         db.setDatabaseName(AbsolutePath(FilePath));
+        // A file marked read-only is opened so, even for the superuser: its first write then
+        // fails as a write to a read-only file, and is reported as such.
+        if (!(QFileInfo(AbsolutePath(FilePath)).permissions() & QFileDevice::WriteOwner))
+            db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_READONLY"));
         if (!db.open()) {
             error = db.lastError().text();
         } else {

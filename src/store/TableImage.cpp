@@ -110,8 +110,16 @@ QDate TextDate(const QString& text)
         QStringLiteral("Multiple-step operation generated errors. Check each status value."));
 }
 
-[[noreturn]] void ThrowWriteError(const QSqlQuery& query)
+// SQLite's result code for a write to a file that may not be written.
+constexpr int SqliteReadOnly = 8;
+
+[[noreturn]] void ThrowWriteError(const QSqlQuery& query, const QString& filePath)
 {
+    // A read-only file is the likely cause of a refused write, and the driver's words
+    // do not tell the user which file or what to do.
+    if (query.lastError().nativeErrorCode().toInt() == SqliteReadOnly)
+        throw UnhandledError(QStringLiteral("The file ") + filePath
+            + QStringLiteral(" is read-only, so the change could not be written to it."));
     throw UnhandledError(query.lastError().text());
 }
 
@@ -391,7 +399,7 @@ int TableImage::insertRow(const Changes& values)
         if (values[i])
             insert.bindValue(bound++, FieldToStored(*values[i], columns[i].kind));
     if (!insert.exec())
-        ThrowWriteError(insert);
+        ThrowWriteError(insert, conn->filePath);
     const qint64 rowid = insert.lastInsertId().toLongLong();
     insert.finish();
 
@@ -400,7 +408,7 @@ int TableImage::insertRow(const Changes& values)
         QStringLiteral("SELECT rowid, * FROM ") + Bracket(name) + QStringLiteral(" WHERE rowid = ?"));
     select.bindValue(0, rowid);
     if (!select.exec())
-        ThrowWriteError(select);
+        ThrowWriteError(select, conn->filePath);
     if (!select.next())
         throw UnhandledError(QStringLiteral("The new row could not be read back."));
     rows.push_back(readRow(select));
@@ -427,7 +435,7 @@ void TableImage::updateRow(int index, const Changes& changes)
         update.bindValue(i, FieldToStored(merged[i], columns[i].kind));
     update.bindValue(int(columns.size()), row.rowid);
     if (!update.exec())
-        ThrowWriteError(update);
+        ThrowWriteError(update, conn->filePath);
     update.finish();
 
     row.values = std::move(merged);
@@ -442,7 +450,7 @@ void TableImage::deleteRow(int index)
         m_delete, QStringLiteral("DELETE FROM ") + Bracket(name) + QStringLiteral(" WHERE rowid = ?"));
     remove.bindValue(0, row.rowid);
     if (!remove.exec())
-        ThrowWriteError(remove);
+        ThrowWriteError(remove, conn->filePath);
     remove.finish();
     row.deleted = true;
     --liveCount;

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QStringList>
 
 #include <gtest/gtest.h>
@@ -108,12 +109,10 @@ std::vector<Scenario> Scenarios()
         {"new_then_info_shows_the_template", TraditionalChinese, {},
             {newA,
                 {cmd({"--verbose", "info", "Project/A.cmb"}), 0,
-                    {QStringLiteral("Project: A\n"), QStringLiteral("File: ") + aAbs + QStringLiteral("\n"),
-                        QStringLiteral("Model: RM64MT\n"), QStringLiteral("Zones: 64\n"),
+                    {QStringLiteral("專案: A\n"), QStringLiteral("檔案: ") + aAbs + QStringLiteral("\n"),
+                        QStringLiteral("機型: RM64MT\n"), QStringLiteral("警報點: 64\n"),
                         // New writes its date into the working copy only, and nothing commits it.
-                        QStringLiteral("Created: \nModified: \n")},
-                    {QStringLiteral("Status: 專案[A]開啟中..."),
-                        QStringLiteral("Status: 專案[A]關閉中...")}}},
+                        QStringLiteral("建立日期: \n修改日期: \n")}}},
             {a}, {QStringLiteral("Project/A.mir")}},
 
         {"missing_file_in_traditional_chinese", TraditionalChinese, {},
@@ -152,10 +151,28 @@ std::vector<Scenario> Scenarios()
             {Usage({}), Usage(cmd({"frobnicate"})), Usage(cmd({"info"})),
                 Usage(cmd({"info", "x.cmb", "y.cmb"})), Usage(cmd({"save-as", "Project/A.cmb"})),
                 Usage(cmd({"--yes", "--no", "recent"})), Usage(cmd({"info", ""})),
-                Usage(cmd({"recent", "--dir"}))},
+                Usage(cmd({"recent", "--dir"})), Usage(cmd({"frobnicate", "--help"}))},
             {}, {}},
 
-        {"help", English, {}, {{cmd({"--help"}), 0, {QStringLiteral("usage: vorna-cli")}}}, {}, {}},
+        {"help", English, {},
+            {{cmd({"--help"}), 0,
+                 {QStringLiteral("usage: vorna-cli"), QStringLiteral("save-as PATH NEWPATH")}},
+                {cmd({"new", "--help"}), 0,
+                    {QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] "
+                                    "[--verbose] new PATH\n")}}},
+            {}, {}},
+
+        {"save_as_onto_itself_answered_no_fails", English, {},
+            {newA, {cmd({"--no", "save-as", "Project/A.cmb", "Project/A.cmb"}), 1}}, {a}, {}},
+
+        {"read_only_system_database_is_named", English,
+            [](const TestFolder& folder) {
+                ASSERT_TRUE(
+                    QFile::setPermissions(folder.path(QStringLiteral("VORNA.sdb")), QFileDevice::ReadOwner));
+            },
+            {{cmd({"new", "Project/A.cmb"}), 3, {},
+                {QStringLiteral("VORNA.sdb is read-only, so the change could not be written to it.")}}},
+            {}, {}},
 
         {"new_over_existing_answered_no_is_cancelled", TraditionalChinese, {},
             {newA,
@@ -176,8 +193,9 @@ std::vector<Scenario> Scenarios()
         {"recent_list_carries_over_newest_first", English, {},
             {newA, newB,
                 {cmd({"recent"}), 0, {}, {}, bAbs + QStringLiteral("\n") + aAbs + QStringLiteral("\n")},
+                // Info only reads: the list stays as it was.
                 {cmd({"info", "Project/A.cmb"})},
-                {cmd({"recent"}), 0, {}, {}, aAbs + QStringLiteral("\n") + bAbs + QStringLiteral("\n")}},
+                {cmd({"recent"}), 0, {}, {}, bAbs + QStringLiteral("\n") + aAbs + QStringLiteral("\n")}},
             {}, {}},
 
         {"save_as_makes_and_opens_the_new_file", English, {},
@@ -253,3 +271,58 @@ INSTANTIATE_TEST_SUITE_P(cli, VornaCliTest, ::testing::ValuesIn(Scenarios()),
     [](const ::testing::TestParamInfo<Scenario>& info) { return std::string(info.param.name); });
 
 } // namespace
+
+namespace {
+
+QByteArray ReadAll(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(absent)");
+}
+
+} // namespace
+
+// A kill at any system call of a save-as onto an existing file leaves that file whole: as
+// it was, or the new project, never missing and never half-written.
+TEST(VornaCliKill, ASaveAsKilledAtAnyStepLeavesTheOldOrTheNewFileWhole)
+{
+    const QString strace = QStandardPaths::findExecutable(QStringLiteral("strace"));
+    ASSERT_FALSE(strace.isEmpty()) << "strace is needed (the set-up command installs it)";
+    TestFolder folder;
+    const QString root = QDir(folder.root()).canonicalPath();
+    ASSERT_EQ(
+        RunCli(root, English, {QStringLiteral("new"), QStringLiteral("Project/A.cmb")}, nullptr).status, 0);
+    const QString target = root + QStringLiteral("/Project/T.cmb");
+    const QByteArray oldBytes = QByteArray("an older project\n").repeated(500);
+    const QByteArray newBytes = ReadAll(root + QStringLiteral("/Project/A.cmb"));
+
+    int kills = 0;
+    for (const char* call : {"openat", "write", "fsync", "rename", "unlink"}) {
+        for (int when = 1; when <= 60; ++when) {
+            QFile::remove(target);
+            QFile file(target);
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+            file.write(oldBytes);
+            file.close();
+
+            QProcess process;
+            process.setWorkingDirectory(root);
+            process.start(strace,
+                {QStringLiteral("-f"), QStringLiteral("-o"), QStringLiteral("/dev/null"),
+                    QStringLiteral("-e"),
+                    QStringLiteral("inject=%1:signal=SIGKILL:when=%2").arg(QLatin1String(call)).arg(when),
+                    QStringLiteral(VORNA_CLI_PATH), QStringLiteral("--dir"), QStringLiteral("VORNA"),
+                    QStringLiteral("--yes"), QStringLiteral("save-as"), QStringLiteral("Project/A.cmb"),
+                    QStringLiteral("Project/T.cmb")});
+            process.closeWriteChannel();
+            ASSERT_TRUE(process.waitForFinished(30000));
+            const QByteArray now = ReadAll(target);
+            EXPECT_TRUE(now == oldBytes || now == newBytes)
+                << call << " #" << when << ": " << now.size() << " bytes";
+            if (process.exitCode() == 0)
+                break; // the run got past its last such call
+            ++kills;
+        }
+    }
+    EXPECT_GT(kills, 5);
+}
