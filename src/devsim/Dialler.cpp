@@ -98,9 +98,10 @@ std::optional<Reply> Dialler::handle(const QByteArray& frame)
     }
 
     const int recordsBefore = m_records;
-    QByteArray bytes = answer(frame);
-    if (faults.test(int(Fault::Exception)))
-        bytes = ExceptionAnswer(Byte(frame, 1), m_settings.exceptionCode);
+    // An exception answer says that the device did not act, so the request is not carried out.
+    QByteArray bytes = faults.test(int(Fault::Exception))
+        ? ExceptionAnswer(Byte(frame, 1), m_settings.exceptionCode)
+        : answer(frame);
     if (faults.test(int(Fault::WrongStation)) || faults.test(int(Fault::WrongFunction))) {
         bytes.chop(2);
         if (faults.test(int(Fault::WrongStation)))
@@ -230,7 +231,7 @@ QByteArray Dialler::storeRecord(const QByteArray& frame)
 {
     // Head: station, 0x50, kind, number, length; record head: flags, group, data length, spare.
     const quint8 sub = Byte(frame, 2);
-    if (frame.size() < 11 || Byte(frame, 4) != Byte(frame, 7) + 4)
+    if (frame.size() < 11 || frame.size() != Byte(frame, 4) + 7 || Byte(frame, 4) != Byte(frame, 7) + 4)
         return ExceptionAnswer(0x50, IllegalValue);
     StoredRecord record;
     record.number = Byte(frame, 3);

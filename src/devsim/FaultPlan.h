@@ -15,7 +15,7 @@ namespace devsim {
 // an answer.
 enum class Fault {
     DropRequest,   // the request is not seen: no answer, nothing changes
-    Exception,     // an exception answer instead of the normal one
+    Exception,     // an exception answer, the request not carried out
     WrongStation,  // the answer comes from station + 1
     WrongFunction, // the answer carries function + 1
     CorruptCrc,    // the low CRC byte inverted
