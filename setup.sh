@@ -20,6 +20,8 @@ packages=(
     g++ cmake make ccache pkg-config
     qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-serialport-dev
     libgtest-dev libgmock-dev
+    # An independent Modbus stack that checks vorna-devsim's frames in the tests.
+    libmodbus-dev
     # A CJK font, so that the Chinese captions do not render as boxes.
     fonts-wqy-microhei
 )
