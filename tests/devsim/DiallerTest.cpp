@@ -134,6 +134,11 @@ TEST(DiallerTest, KeepsTheRecordsOfTheImageBuilder)
     ASSERT_EQ(dialler.memory().shortMessages().size(), 1u);
     EXPECT_EQ(dialler.memory().shortMessages().at(4).data, QByteArray("AB"));
     EXPECT_EQ(dialler.memory().usedBytes(), 14 + 6);
+
+    // An 8-bit text in the code page of the dialler's users is dumped readable.
+    EXPECT_EQ(Answer(dialler, Sealed("F75053420840000400C4B5B3F8")), Sealed("F7505342"));
+    const QJsonArray messages = dialler.toJson()[QStringLiteral("shortMessages")].toArray();
+    EXPECT_EQ(messages.at(1)[QStringLiteral("text")].toString(), QString::fromUtf8("警報"));
 }
 
 TEST(DiallerTest, ErasesAreKeptApartAndCounted)
