@@ -24,6 +24,8 @@ packages=(
     libgtest-dev
     # Tests kill saves at chosen system calls.
     strace
+    # An independent Modbus stack that checks the serial frames in the tests.
+    libmodbus-dev
     # A CJK font, so that the Chinese captions do not render as boxes.
     fonts-wqy-microhei
 )

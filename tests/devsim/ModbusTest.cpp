@@ -1,0 +1,78 @@
+#include <cerrno>
+
+#include <modbus.h>
+
+#include <gtest/gtest.h>
+
+#include "DevsimProcess.h"
+
+namespace {
+
+// libmodbus, an independent Modbus stack, as the master: if it takes the dialler's answers,
+// their framing, lengths and checksums agree with the standard's.
+class ModbusTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_FALSE(m_devsim.path().isEmpty());
+        m_modbus = modbus_new_rtu(m_devsim.path().toLocal8Bit().constData(), 9600, 'N', 8, 1);
+        ASSERT_NE(m_modbus, nullptr);
+        modbus_set_slave(m_modbus, 247);
+        modbus_set_response_timeout(m_modbus, 1, 0);
+        ASSERT_EQ(modbus_connect(m_modbus), 0) << modbus_strerror(errno);
+    }
+    void TearDown() override
+    {
+        if (m_modbus) {
+            modbus_close(m_modbus);
+            modbus_free(m_modbus);
+        }
+    }
+
+    // The faults strike the eighth and ninth requests, which the test makes in that order.
+    DevsimProcess m_devsim {{"--baud", "9600", "--model-id", "4106", "--firmware", "0412", "--serial",
+        "A1B2C3D4E5F60718", "--slave-id", "9", "--setting-byte", "0x81", "--alarm-bits", "8000000000000005",
+        "--corrupt-crc", "@8", "--wrong-station", "@9"}};
+    modbus_t* m_modbus = nullptr;
+};
+
+TEST_F(ModbusTest, ReadsAndWritesTheRegisters)
+{
+    uint16_t input[12] = {};
+    ASSERT_EQ(modbus_read_input_registers(m_modbus, 0x0000, 6, input), 6) << modbus_strerror(errno);
+    const uint16_t identity[6] = {0x4106, 0x0412, 0xA1B2, 0xC3D4, 0xE5F6, 0x0718};
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(input[i], identity[i]) << i;
+    ASSERT_EQ(modbus_read_input_registers(m_modbus, 0x0006, 6, input + 6), 6) << modbus_strerror(errno);
+
+    uint16_t holding[3] = {};
+    ASSERT_EQ(modbus_read_registers(m_modbus, 0x0080, 3, holding), 3) << modbus_strerror(errno);
+    EXPECT_EQ(holding[0], 9);
+    EXPECT_EQ(holding[1], 0x81);
+    EXPECT_EQ(holding[2], 0xFFFF);
+    const uint16_t settings[2] = {5, 0xC3};
+    ASSERT_EQ(modbus_write_registers(m_modbus, 0x0080, 2, settings), 2) << modbus_strerror(errno);
+    ASSERT_EQ(modbus_read_registers(m_modbus, 0x0080, 2, holding), 2) << modbus_strerror(errno);
+    EXPECT_EQ(holding[0], 5);
+    EXPECT_EQ(holding[1], 0xC3);
+
+    uint8_t bits[64] = {};
+    ASSERT_EQ(modbus_read_bits(m_modbus, 0, 64, bits), 64) << modbus_strerror(errno);
+    for (int i = 0; i < 64; ++i)
+        EXPECT_EQ(bits[i], (i == 0 || i == 2 || i == 63) ? 1 : 0) << i;
+
+    // Request 7: an address outside the map comes back as libmodbus's own exception.
+    EXPECT_EQ(modbus_read_input_registers(m_modbus, 0x000C, 1, input), -1);
+    EXPECT_EQ(errno, EMBXILADD);
+    // Requests 8 and 9: libmodbus judges the faults as the tool must.
+    EXPECT_EQ(modbus_read_input_registers(m_modbus, 0x0000, 1, input), -1);
+    EXPECT_EQ(errno, EMBBADCRC);
+    EXPECT_EQ(modbus_read_input_registers(m_modbus, 0x0000, 1, input), -1);
+    EXPECT_EQ(errno, EMBBADSLAVE);
+    // And the line is usable again afterwards.
+    ASSERT_EQ(modbus_read_input_registers(m_modbus, 0x0001, 1, input), 1) << modbus_strerror(errno);
+    EXPECT_EQ(input[0], 0x0412);
+}
+
+} // namespace

@@ -1,0 +1,115 @@
+#include <QFile>
+#include <QJsonArray>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include "CaseName.h"
+#include "Crc16.h"
+#include "DevsimProcess.h"
+
+namespace {
+
+QByteArray Sealed(const char* hex)
+{
+    QByteArray frame = QByteArray::fromHex(hex);
+    devsim::AppendCrc(frame);
+    return frame;
+}
+
+int Received(const QString& dump)
+{
+    return ReadDump(dump)[QStringLiteral("requests")][QStringLiteral("received")].toInt();
+}
+
+TEST(DevsimPtyTest, AnswersThroughItsLinkAndDumpsOnTermination)
+{
+    QTemporaryDir dir;
+    const QString link = dir.filePath(QStringLiteral("ttyDialler"));
+    const QString dump = dir.filePath(QStringLiteral("dump.json"));
+    DevsimProcess devsim({"--baud", "0", "--link", link, "--dump", dump});
+    ASSERT_TRUE(devsim.path().startsWith(QStringLiteral("/dev/pts/"))) << devsim.path().toStdString();
+    {
+        PtyPort port(link);
+        ASSERT_TRUE(port.isOpen());
+        ASSERT_TRUE(port.write(Sealed("F70400060001")));
+        EXPECT_EQ(port.read(7), Sealed("F704020000"));
+        ASSERT_TRUE(port.write(Sealed("F75043020E00020A0230393132333435363738")));
+        EXPECT_EQ(port.read(6), Sealed("F7504302"));
+    }
+    // The port closed and opened again: the dialler still answers.
+    {
+        PtyPort port(link);
+        ASSERT_TRUE(port.write(Sealed("F75050FF")));
+        EXPECT_EQ(port.read(6), Sealed("F75050FF"));
+    }
+    EXPECT_EQ(devsim.stop(), 0);
+    EXPECT_FALSE(QFile::exists(link));
+    const QJsonObject json = ReadDump(dump);
+    EXPECT_EQ(json[QStringLiteral("requests")][QStringLiteral("received")].toInt(), 3);
+    EXPECT_EQ(json[QStringLiteral("phoneBook")][0][QStringLiteral("phoneNumber")].toString(),
+        QStringLiteral("0912345678"));
+}
+
+struct TimingCase
+{
+    const char* name;
+    QStringList options;
+    double waitMs; // before the answer: the frame gap and any delay
+    double byteMs; // one byte of 10 bits on the line
+};
+
+class TimingTest : public testing::TestWithParam<TimingCase>
+{ };
+
+// Each byte is due at a fixed time from the request and never goes out before it, so only
+// lower bounds hold on a busy machine: the last byte's shows that the answer is paced.
+TEST_P(TimingTest, AnswerPacedOnTheLine)
+{
+    const TimingCase& c = GetParam();
+    DevsimProcess devsim(c.options);
+    PtyPort port(devsim.path());
+    ASSERT_TRUE(port.isOpen());
+    ASSERT_TRUE(port.write(Sealed("F70400020004")));
+    EXPECT_EQ(port.read(13, 5000).size(), 13);
+    EXPECT_GE(port.firstByteMs, c.waitMs);
+    EXPECT_GE(port.lastByteMs, c.waitMs + 12 * c.byteMs);
+    EXPECT_LT(port.lastByteMs, c.waitMs + 12 * c.byteMs + 2000);
+}
+
+const TimingCase TimingCases[] = {
+    {"9600 baud", {"--baud", "9600"}, 3.5 * 10 / 9.6, 10 / 9.6},
+    {"1200 baud", {"--baud", "1200"}, 3.5 * 10 / 1.2, 10 / 1.2},
+    {"delay fault", {"--baud", "0", "--delay", "@1", "--delay-ms", "300"}, 300, 0},
+};
+
+INSTANTIATE_TEST_SUITE_P(DevsimPtyTest, TimingTest, testing::ValuesIn(TimingCases),
+    [](const testing::TestParamInfo<TimingCase>& info) { return CaseName(info.param.name); });
+
+TEST(DevsimPtyTest, HangsUpAfterTheChosenRecordAndExits)
+{
+    DevsimProcess devsim({"--baud", "0", "--close-after-record", "2"});
+    PtyPort port(devsim.path());
+    ASSERT_TRUE(port.isOpen());
+    ASSERT_TRUE(port.write(Sealed("F75043010E00010A0130393132333435363738")));
+    EXPECT_EQ(port.read(6), Sealed("F7504301"));
+    ASSERT_TRUE(port.write(Sealed("F75043020E00020A0230393132333435363738")));
+    EXPECT_EQ(port.read(6), Sealed("F7504302"));
+    EXPECT_TRUE(port.read(1, 3000).isEmpty());
+    EXPECT_TRUE(port.hungUp);
+    EXPECT_EQ(devsim.finished(), 0);
+}
+
+TEST(DevsimPtyTest, Sw2OffHearsButStaysSilent)
+{
+    QTemporaryDir dir;
+    const QString dump = dir.filePath(QStringLiteral("dump.json"));
+    DevsimProcess devsim({"--baud", "0", "--sw2-off", "--dump", dump});
+    PtyPort port(devsim.path());
+    ASSERT_TRUE(port.write(Sealed("F70400060001")));
+    // The dump is written after the answer would have been.
+    ASSERT_TRUE(WaitFor([&] { return Received(dump) == 1; }));
+    EXPECT_TRUE(port.read(1, 0).isEmpty());
+}
+
+} // namespace
