@@ -34,6 +34,7 @@ void ScriptedSerialLine::write(const QByteArray& bytes)
 {
     EXPECT_TRUE(m_open) << "write on a closed line";
     written.push_back(bytes);
+    writeTimes.push_back(m_platform.clock);
     if (m_answers.empty()) {
         ADD_FAILURE() << "a write with no answer scripted: " << bytes.toHex(' ').toStdString();
         return;

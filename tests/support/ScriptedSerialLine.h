@@ -38,6 +38,7 @@ public:
 
     // Record.
     std::vector<QByteArray> written;
+    std::vector<QDateTime> writeTimes;
     std::vector<QString> openedPaths;
     SerialSettings openedSettings;
     QByteArray discarded;
