@@ -20,6 +20,8 @@ packages=(
     g++ cmake make ccache pkg-config
     qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite qt6-serialport-dev
     libgtest-dev libgmock-dev
+    # libmodbus plays an independent device in the protocol tests.
+    libmodbus-dev
     # A CJK font, so that the Chinese captions do not render as boxes.
     fonts-wqy-microhei
 )
