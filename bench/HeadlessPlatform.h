@@ -38,6 +38,8 @@ public:
         m_settings[section + key] = value;
     }
     QString systemLocaleName() override { return QStringLiteral("zh_TW"); }
+    // The benchmarks measure no port.
+    std::unique_ptr<SerialLine> createSerialLine() override { return nullptr; }
     [[noreturn]] void endProcess(int status) override { std::exit(status); }
 
 private:

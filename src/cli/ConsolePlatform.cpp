@@ -13,6 +13,7 @@
 #include <QSettings>
 
 #include "FormModel.h"
+#include "QtSerialLine.h"
 
 namespace {
 
@@ -220,4 +221,9 @@ void ConsolePlatform::endProcess(int status)
     std::fflush(stdout);
     std::fflush(stderr);
     std::exit(status);
+}
+
+std::unique_ptr<SerialLine> ConsolePlatform::createSerialLine()
+{
+    return std::make_unique<QtSerialLine>();
 }

@@ -38,6 +38,7 @@ public:
     void saveSetting(
         const QString& appName, const QString& section, const QString& key, const QString& value) override;
     QString systemLocaleName() override;
+    std::unique_ptr<SerialLine> createSerialLine() override;
     [[noreturn]] void endProcess(int status) override;
 
 private:

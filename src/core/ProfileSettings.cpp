@@ -7,6 +7,13 @@
 #include "VORNAGlobal.h"
 #include "VORNAMain.h"
 
+namespace {
+
+// The ports that a [Ports] section may map: the range that the port check accepts.
+constexpr int MaxPortInProfile = 255;
+
+} // namespace
+
 QString ProfileFileName(VORNAGlobal& g)
 {
     return GetFname(g.program.App.EXEName, 0) + QStringLiteral(".set");
@@ -26,6 +33,16 @@ void ReadCommSettings(VORNAGlobal& g, const QString& FilePath)
         GetProfileString(QStringLiteral("Comm"), QStringLiteral("Timeout"), QStringLiteral("2"), text));
     g.link.Retry = ValToInt16(
         GetProfileString(QStringLiteral("Comm"), QStringLiteral("Retry"), QStringLiteral("3"), text));
+    g.link.CodePage
+        = GetProfileString(QStringLiteral("Comm"), QStringLiteral("CodePage"), QString(), text).trimmed();
+    g.link.PortPaths.clear();
+    for (int port = 1; port <= MaxPortInProfile; ++port) {
+        const QString path = GetProfileString(
+            QStringLiteral("Ports"), QStringLiteral("COM") + QString::number(port), QString(), text)
+                                 .trimmed();
+        if (!path.isEmpty())
+            g.link.PortPaths[port] = path;
+    }
 }
 
 QString SettingsText(VORNAGlobal& g)
@@ -36,6 +53,8 @@ QString SettingsText(VORNAGlobal& g)
     text += QStringLiteral("[Comm]") + CRLF;
     text += QStringLiteral("TimeOut=") + QString::number(g.link.Timeout) + CRLF;
     text += QStringLiteral("Retry=") + QString::number(g.link.Retry) + CRLF;
+    if (!g.link.CodePage.isEmpty())
+        text += QStringLiteral("CodePage=") + g.link.CodePage + CRLF;
     text += CRLF;
     text += QStringLiteral("[ML]") + CRLF;
     text += QStringLiteral("AppliedLangName=") + ml.AppliedLangName + CRLF;
@@ -45,6 +64,12 @@ QString SettingsText(VORNAGlobal& g)
         + CRLF;
     text += (ml.IsTextDisable == 1 ? QStringLiteral("IsTextDisable= 1") : QStringLiteral("IsTextDisable= 0"))
         + CRLF;
+    // The port mapping is the user's own: kept when there is one, left out otherwise.
+    if (!g.link.PortPaths.empty()) {
+        text += CRLF + QStringLiteral("[Ports]") + CRLF;
+        for (const auto& [port, path] : g.link.PortPaths)
+            text += QStringLiteral("COM") + QString::number(port) + QLatin1Char('=') + path + CRLF;
+    }
     return text;
 }
 

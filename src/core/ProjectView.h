@@ -33,6 +33,12 @@ public:
     };
     // Nothing when there is no window whose place is worth keeping.
     virtual std::optional<WindowPlacement> windowPlacement() const = 0;
+
+    // The pause between two attempts of a device command: startSleep sets the window's
+    // delay flag and starts its sleep timer, whose event clears the flag. A view without
+    // the timer has no pause.
+    virtual void startSleep() { }
+    virtual bool isInDelay() const { return false; }
 };
 
 // The view of a program without a window (vorna-cli) and of a program whose window is not

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include <QString>
 
 #include "ADOUtil.h"
@@ -7,6 +9,9 @@
 #include "Platform.h"
 #include "ProjectView.h"
 #include "VBArray.h"
+
+class CommControl;
+class frmMessage;
 
 // Facts of the build.
 struct AppInfo
@@ -76,6 +81,16 @@ struct LinkState
     qint16 CommDebugLevel = 0;
     qint16 Timeout = 2;
     qint16 Retry = 3;
+
+    // A device path given instead of a port number ("/dev/ttyACM0"); empty: CommPort is used.
+    QString CommDevice;
+    // Ports that the profile's [Ports] section maps, by number; others follow the default rule.
+    std::map<int, QString> PortPaths;
+    // The 8-bit code page of the texts sent to the device ([Comm] CodePage); empty: Big5.
+    QString CodePage;
+    // The serial control, which the main window owns, and the busy box; wired at start.
+    CommControl* CommCtl = nullptr;
+    frmMessage* BusyForm = nullptr;
 };
 
 // The program's shared state: one instance, owned by the entry point. Its members are

@@ -18,6 +18,7 @@
 #include "FileUtil.h"
 #include "FormModel.h"
 #include "FormView.h"
+#include "QtSerialLine.h"
 #include "UnhandledError.h"
 
 namespace {
@@ -279,4 +280,9 @@ void QtPlatform::endProcess(int status)
     std::cerr.flush();
     std::fflush(nullptr);
     std::exit(status);
+}
+
+std::unique_ptr<SerialLine> QtPlatform::createSerialLine()
+{
+    return std::make_unique<QtSerialLine>();
 }

@@ -40,6 +40,7 @@ public:
     void saveSetting(
         const QString& appName, const QString& section, const QString& key, const QString& value) override;
     QString systemLocaleName() override;
+    std::unique_ptr<SerialLine> createSerialLine() override;
     [[noreturn]] void endProcess(int status) override;
 
     // The window a box or dialog belongs to: the modal one on top, the active one, or the main window.

@@ -16,8 +16,11 @@ VornaApp::VornaApp(QtPlatform& platform)
     , splash(g)
     , mainForm(g)
     , about(g)
+    , message(g)
     , m_platform(platform)
-{ }
+{
+    g.link.BusyForm = &message;
+}
 
 VornaApp::~VornaApp()
 {
@@ -25,6 +28,7 @@ VornaApp::~VornaApp()
              static_cast<const FormModel*>(&mainForm), static_cast<const FormModel*>(&about)})
         m_platform.unregisterView(form->formName());
     g.setView(nullptr);
+    g.link.BusyForm = nullptr;
 }
 
 void VornaApp::Main(const StartOptions& options)

@@ -7,6 +7,7 @@
 #include "VORNAGlobal.h"
 #include "frmAbout.h"
 #include "frmMain.h"
+#include "frmMessage.h"
 #include "frmSplash.h"
 
 class QApplication;
@@ -40,6 +41,7 @@ public:
     frmSplash splash;
     frmMain mainForm;
     frmAbout about;
+    frmMessage message;
 
     std::unique_ptr<SplashView> splashView;
     std::unique_ptr<MainWindowView> mainView;

@@ -208,8 +208,10 @@ double settingSingle(VORNAGlobal& g, const char* key, const char* defaultValue)
 } // namespace
 
 frmMain::frmMain(VORNAGlobal& g)
-    : m_g(g)
+    : CommCtl(g.platform)
+    , m_g(g)
 {
+    m_g.link.CommCtl = &CommCtl;
     Caption = QStringLiteral("VORNA 規劃程式");
 
     picTitles = {0, 0, Width, 300};
@@ -541,6 +543,18 @@ void frmMain::setMousePointer(int pointer)
     MousePointer = pointer;
     m_g.platform.setMousePointer(pointer);
     notifyChanged();
+}
+
+frmMain::~frmMain()
+{
+    if (m_g.link.CommCtl == &CommCtl)
+        m_g.link.CommCtl = nullptr;
+}
+
+void frmMain::startSleep()
+{
+    mIsInDelay = true;
+    tmrSleep.setEnabled(true);
 }
 
 std::optional<ProjectView::WindowPlacement> frmMain::windowPlacement() const

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include "CommControl.h"
 #include "FormModel.h"
 #include "ProjectView.h"
 
@@ -19,6 +20,7 @@ class frmMain : public FormModel, public ProjectView
 {
 public:
     explicit frmMain(VORNAGlobal& g);
+    ~frmMain() override;
     QString formName() const override { return QStringLiteral("frmMain"); }
 
     // A control's place in twips. A failed assignment (a negative size) leaves it as it was.
@@ -146,6 +148,8 @@ public:
     StatusBar sbStatusBar;
     std::vector<MenuEntry> Menus;
     Timer tmrSleep;
+    // The serial control of the device link.
+    CommControl CommCtl;
 
     bool mbMoving = false;
     bool mIsInDelay = false;
@@ -199,6 +203,8 @@ public:
     void setStatusText(const QString& panelKey, const QString& text) override;
     void setMousePointer(int pointer) override;
     std::optional<WindowPlacement> windowPlacement() const override;
+    void startSleep() override;
+    bool isInDelay() const override { return mIsInDelay; }
 
 private:
     void setControlText(const QString& objectPath, const QString& text);

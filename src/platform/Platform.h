@@ -1,10 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QDateTime>
 #include <QString>
 #include <QVariant>
+
+#include "SerialLine.h"
 
 class FormModel;
 
@@ -47,7 +50,7 @@ struct FileDialogOptions
 };
 
 // The one interface from the program's logic to the outside world: boxes, dialogs,
-// windows, pointer, event loop, clock, per-user settings and the system locale.
+// windows, pointer, event loop, clock, per-user settings, the system locale and the serial line.
 // The Qt shell, the console shell and the tests each implement it.
 class Platform
 {
@@ -85,6 +88,9 @@ public:
 
     // The system's locale name, such as "zh_TW" or "en_US".
     virtual QString systemLocaleName() = 0;
+
+    // A new serial line, closed.
+    virtual std::unique_ptr<SerialLine> createSerialLine() = 0;
 
     // Ends the process with the given status. Open windows are simply dropped.
     [[noreturn]] virtual void endProcess(int status) = 0;

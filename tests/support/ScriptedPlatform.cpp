@@ -36,6 +36,31 @@ QString kindName(ScriptedPlatform::Event::Kind kind)
     }
 }
 
+// A handle on the platform's one scripted line.
+class SerialLineHandle : public SerialLine
+{
+public:
+    explicit SerialLineHandle(SerialLine& line)
+        : m_line(line)
+    { }
+    bool open(const QString& path, const SerialSettings& settings) override
+    {
+        return m_line.open(path, settings);
+    }
+    bool isOpen() const override { return m_line.isOpen(); }
+    void close() override { m_line.close(); }
+    void write(const QByteArray& bytes) override { m_line.write(bytes); }
+    qint64 bytesAvailable() override { return m_line.bytesAvailable(); }
+    QByteArray read(qint64 maxBytes) override { return m_line.read(maxBytes); }
+    bool waitForBytes(int msecs) override { return m_line.waitForBytes(msecs); }
+    void discardInput() override { m_line.discardInput(); }
+    OpenFailure openFailure() const override { return m_line.openFailure(); }
+    QString errorString() const override { return m_line.errorString(); }
+
+private:
+    SerialLine& m_line;
+};
+
 } // namespace
 
 ScriptedPlatform::ScriptedPlatform()
@@ -211,4 +236,11 @@ void ScriptedPlatform::endProcess(int status)
 {
     events.push_back({Event::EndProcess, {}, {}, status, {}});
     throw ProcessEnded {status};
+}
+
+std::unique_ptr<SerialLine> ScriptedPlatform::createSerialLine()
+{
+    if (makeSerialLine)
+        return makeSerialLine();
+    return std::make_unique<SerialLineHandle>(serial);
 }

@@ -8,6 +8,7 @@
 
 #include "FormModel.h"
 #include "Platform.h"
+#include "ScriptedSerialLine.h"
 
 // Thrown by endProcess, so that a test can watch the program end without ending itself.
 struct ProcessEnded
@@ -65,6 +66,11 @@ public:
     QString localeName = QStringLiteral("en_US");
     int mousePointer = 0;
 
+    // The line that createSerialLine hands out (each line made is a handle on this one),
+    // unless makeSerialLine is set, as for a real port.
+    ScriptedSerialLine serial {*this};
+    std::function<std::unique_ptr<SerialLine>()> makeSerialLine;
+
     int msgBox(const QString& text, int flags, const QString& title) override;
     std::optional<QString> showOpen(const FileDialogOptions& options) override;
     std::optional<QString> showSave(const FileDialogOptions& options) override;
@@ -80,6 +86,7 @@ public:
     void saveSetting(
         const QString& appName, const QString& section, const QString& key, const QString& value) override;
     QString systemLocaleName() override { return localeName; }
+    std::unique_ptr<SerialLine> createSerialLine() override;
     [[noreturn]] void endProcess(int status) override;
 
 private:

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// How a serial line is to be set up: speed, parity letter ('N', 'E', 'O'), data and stop bits.
+struct SerialSettings
+{
+    qint32 BaudRate = 9600;
+    char Parity = 'N';
+    int DataBits = 8;
+    int StopBits = 1;
+    bool operator==(const SerialSettings&) const = default;
+};
+
+// One serial line as the device link uses it: a byte pipe with a receive queue that can be
+// counted, waited on and emptied. The platform hands one out; QSerialPort implements it in
+// the shells, and the tests script it byte for byte.
+class SerialLine
+{
+public:
+    // Why an open failed, so that the box can say what to do about it.
+    enum class OpenFailure { None, NotFound, PermissionDenied, Busy, Other };
+
+    virtual ~SerialLine() = default;
+
+    // Opens the device at path. On failure returns false; openFailure and errorString tell why.
+    virtual bool open(const QString& path, const SerialSettings& settings) = 0;
+    virtual bool isOpen() const = 0;
+    virtual void close() = 0;
+
+    // Queues bytes for sending without waiting for the line.
+    virtual void write(const QByteArray& bytes) = 0;
+    // Bytes waiting in the receive queue.
+    virtual qint64 bytesAvailable() = 0;
+    // Takes up to maxBytes off the receive queue.
+    virtual QByteArray read(qint64 maxBytes) = 0;
+    // Waits at most msecs for bytes to arrive; true if any are waiting on return.
+    virtual bool waitForBytes(int msecs) = 0;
+    // Drops everything received and not yet read.
+    virtual void discardInput() = 0;
+
+    virtual OpenFailure openFailure() const = 0;
+    virtual QString errorString() const = 0;
+};

@@ -1,0 +1,147 @@
+#include <vector>
+
+#include "CaseName.h"
+#include "CommUtil.h"
+#include "DeviceFixture.h"
+#include "DeviceRegisters.h"
+
+namespace {
+
+struct ModelCase
+{
+    const char* name;
+    int high;
+    int low;
+    const char* code;
+};
+
+const std::vector<ModelCase> ModelCases = {
+    {"class 64 is T", 64, 6, "RM64T"},
+    {"class 65 is MT", 65, 6, "RM64MT"},
+    {"exponent 0 gives 1", 65, 0, "RM1MT"},
+    {"class 128 is BQ whatever the exponent", 128, 9, "BQ"},
+    {"any other class is unknown", 66, 6, "UnKnown"},
+};
+
+class ModelCodeTest : public ::testing::TestWithParam<ModelCase>
+{ };
+
+struct SettingCase
+{
+    const char* name;
+    int byte;
+    const char* parity;
+    int baudID;
+};
+
+const std::vector<SettingCase> SettingCases = {
+    {"odd", 0x81, "O", 1},
+    {"even", 0xC1, "E", 1},
+    {"none", 0x01, "N", 1},
+    {"none keeps seven bits of id", 0x7F, "N", 127},
+    {"odd keeps six bits of id", 0xBF, "O", 63},
+};
+
+class SettingByteTest : public DeviceTest, public ::testing::WithParamInterface<SettingCase>
+{ };
+
+} // namespace
+
+TEST_P(ModelCodeTest, NamesTheModelFromItsRegister)
+{
+    EXPECT_EQ(ModelCodeText(GetParam().high, GetParam().low).toStdString(), GetParam().code);
+}
+
+INSTANTIATE_TEST_SUITE_P(Classes, ModelCodeTest, ::testing::ValuesIn(ModelCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+TEST(IdentityTest, FirmwareChoosesThePrefixAndTheSerialNumberKeepsTheDevicesOrder)
+{
+    EXPECT_EQ(FirmwareText(0x03, 0x01), QStringLiteral("0301"));
+    EXPECT_EQ(FirmwareText(0xAB, 0x0C), QStringLiteral("AB0C"));
+    EXPECT_EQ(ModelPrefix(QStringLiteral("0301")), QStringLiteral("KV570-"));
+    EXPECT_EQ(ModelPrefix(QStringLiteral("0401")), QStringLiteral("KV470-"));
+    EXPECT_EQ(ModelPrefix(QStringLiteral("3003")), QStringLiteral("KV470-"));
+    const quint8 sn[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+    EXPECT_EQ(ProductSNText(sn), QStringLiteral("07-08-0506-030401-02"));
+}
+
+// Read: the byte taken apart; write: the byte that the settings dialog's values make again.
+TEST_P(SettingByteTest, ParityAndBaudIDBothWays)
+{
+    const SettingCase& c = GetParam();
+    EXPECT_EQ(DecodeSettingByte(c.byte), (SettingByte {c.parity, c.baudID}));
+
+    Recordset& rs = g.system.rsCommBaudList;
+    rs.AddNew();
+    rs.setField(QStringLiteral("ModelName"), QStringLiteral("RM64T"));
+    rs.setField(QStringLiteral("BaudRate"), QStringLiteral("300"));
+    rs.setField(QStringLiteral("BaudID"), c.baudID);
+    rs.Update();
+    platform.serial.answer(WithCrc("F71000800002"));
+    EXPECT_TRUE(WriteDeviceComm(g, QStringLiteral("KV470-rm64t"), QStringLiteral("5"), QStringLiteral("300"),
+        QString::fromLatin1(c.parity), false));
+    ASSERT_EQ(platform.serial.written.size(), 1u);
+    QByteArray frame = QByteArray::fromHex("F7100080000204000500");
+    frame.append(char(c.byte));
+    EXPECT_EQ(Hex(platform.serial.written[0].left(11)), Hex(frame));
+}
+
+INSTANTIATE_TEST_SUITE_P(Bytes, SettingByteTest, ::testing::ValuesIn(SettingCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+TEST_F(DeviceTest, ReadDeviceCommFillsTheRecordUnderTheBusyBox)
+{
+    ASSERT_TRUE(EnsureCommOpen(g, comm));
+    platform.serial.answer(WithCrc("F704024006"));
+    platform.serial.answer(WithCrc("F704080102030405060708"));
+    platform.serial.answer(WithCrc("F70304000500C3"));
+    DeviceInfo info;
+    EXPECT_TRUE(ReadDeviceComm(g, info, true));
+    EXPECT_EQ(info, (DeviceInfo {"RM64T", "", "07-08-0506-030401-02", "9600", "E", "5"}));
+    EXPECT_EQ(Hex(platform.serial.written.at(2)), Hex(WithCrc("F70300800002")));
+    EXPECT_EQ(message.Caption, QStringLiteral("裝置通訊設定"));
+    EXPECT_EQ(message.lblMessage, QStringLiteral("讀取裝置通訊設定中..."));
+    EXPECT_FALSE(message.Visible);
+    EXPECT_EQ(message.MousePointer, Pointer::Default);
+}
+
+TEST_F(DeviceTest, AnUnknownBaudIDStillReads)
+{
+    ASSERT_TRUE(EnsureCommOpen(g, comm));
+    platform.serial.answer(WithCrc("F704024106"));
+    platform.serial.answer(WithCrc("F704080102030405060708"));
+    platform.serial.answer(WithCrc("F70304000100 09"));
+    DeviceInfo info;
+    EXPECT_TRUE(ReadDeviceComm(g, info, false));
+    EXPECT_EQ(info.Model, QStringLiteral("RM64MT"));
+    EXPECT_EQ(info.BaudRate, QStringLiteral("UnKnown"));
+    EXPECT_EQ(info.Parity, QStringLiteral("N"));
+    // Model codes are compared exactly: a lower-case model has no rows.
+    info.Model = QStringLiteral("rm64mt");
+    EXPECT_EQ(LookupBaudRate(g, info, QStringLiteral("3")), QStringLiteral("UnKnown"));
+    info.Model = QStringLiteral("RM64MT");
+    EXPECT_EQ(LookupBaudRate(g, info, QStringLiteral("3")), QStringLiteral("9600"));
+}
+
+TEST_F(DeviceTest, AFailedIdentityReadLeavesTheTextEmpty)
+{
+    ASSERT_TRUE(EnsureCommOpen(g, comm));
+    g.link.Retry = 0;
+    platform.serial.answer(WithCrc("F784020000"));
+    QString version = QStringLiteral("stale");
+    EXPECT_FALSE(ReadFirmwareVersion(g, version));
+    EXPECT_TRUE(version.isEmpty());
+}
+
+TEST_F(DeviceTest, ABaudRateWithoutARowIsNoNumberForNoParityAndZeroForOdd)
+{
+    ASSERT_TRUE(EnsureCommOpen(g, comm));
+    EXPECT_THROW(WriteDeviceComm(g, QStringLiteral("KV470-RM64T"), QStringLiteral("1"), QStringLiteral("110"),
+                     QStringLiteral("N"), false),
+        UnhandledError);
+    platform.serial.answer(WithCrc("F71000800002"));
+    EXPECT_TRUE(WriteDeviceComm(g, QStringLiteral("KV470-RM64T"), QStringLiteral("1"), QStringLiteral("110"),
+        QStringLiteral("ODD"), false));
+    EXPECT_EQ(quint8(platform.serial.written.back().at(10)), 0x80);
+}
