@@ -23,7 +23,8 @@ public:
     void expectKeyInString(
         const QString& caption, const QString& prompt, const QString& defaultText, const QString& answer)
     {
-        Expected e {QStringLiteral("frmKeyInString")};
+        Expected e;
+        e.form = QStringLiteral("frmKeyInString");
         e.caption = caption;
         e.prompt = prompt;
         e.defaultText = defaultText;
@@ -32,14 +33,16 @@ public:
     }
     void expectAddUser(const QString& proposedName, NewUser answer)
     {
-        Expected e {QStringLiteral("frmAddUser")};
+        Expected e;
+        e.form = QStringLiteral("frmAddUser");
         e.defaultText = proposedName;
         e.newUser = answer;
         m_expected.push_back(e);
     }
     void expectEditGroupList(bool isNewGroup, std::function<void()> action = {})
     {
-        Expected e {QStringLiteral("frmEditGroupList")};
+        Expected e;
+        e.form = QStringLiteral("frmEditGroupList");
         e.isNewGroup = isNewGroup;
         e.action = std::move(action);
         m_expected.push_back(e);
@@ -115,13 +118,22 @@ private:
                           << (m_expected.empty()
                                      ? std::string()
                                      : ", while expecting " + m_expected.front().form.toStdString());
-            return {form, {}, {}, {}, KeyInStringCancel(), {}, false, {}};
+            Expected cancelled;
+            cancelled.form = form;
+            cancelled.answer = QStringLiteral("連絡人按下取消鍵");
+            return cancelled;
         }
         Expected e = m_expected.front();
         m_expected.pop_front();
         return e;
     }
-    static QString KeyInStringCancel() { return QStringLiteral("連絡人按下取消鍵"); }
+    void expectEditor(const QString& form, std::function<void()> action)
+    {
+        Expected e;
+        e.form = form;
+        e.action = std::move(action);
+        m_expected.push_back(e);
+    }
 
     std::deque<Expected> m_expected;
 };
