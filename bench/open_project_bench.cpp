@@ -22,16 +22,6 @@
 
 namespace {
 
-class NoView : public ProjectView
-{
-public:
-    void RefreshFormObj() override { }
-    void mkRecentFilePathMenu() override { }
-    void setStatusText(const QString&, const QString&) override { }
-    void setMousePointer(int) override { }
-    std::optional<WindowPlacement> windowPlacement() const override { return std::nullopt; }
-};
-
 const int GroupCount = 100;
 const int GroupsPerContact = 3;
 
@@ -80,9 +70,7 @@ int main()
     QDir::setCurrent(app);
 
     HeadlessPlatform platform;
-    NoView view;
     VORNAGlobal g(platform);
-    g.setView(&view);
     InitApplication(g, app);
 
     const QString path = QDir(install.root()).filePath(QStringLiteral("Project/Limits.cmb"));

@@ -16,6 +16,14 @@ public:
     void setStatusText(const QString& panelKey, const QString& text) override;
     void setMousePointer(int) override { }
     std::optional<WindowPlacement> windowPlacement() const override { return std::nullopt; }
+    int nodeCount() const override { return 0; }
+    QString nodeTag(int) const override { return {}; }
+    int addNode(int, const QString&, const QString&, const QString&, const QString&) override { return -1; }
+    void removeNode(int) override { }
+    void selectNode(int) override { }
+    void refreshTree() override { }
+    void mklvNodeContent() override { }
+    void LocateCurRecord(NodeTagItems&, qint16, bool& found) override { found = false; }
 
 private:
     bool m_verbose;

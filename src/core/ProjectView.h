@@ -4,6 +4,12 @@
 
 #include <QString>
 
+#include "VBArray.h"
+
+// A node's Tag parsed into its fields: Items(1) the kind word, Items(2) the record's name
+// or number. Every caller declares its own.
+using NodeTagItems = VBArray<QString, 1, 4>;
+
 // What the project operations need of the main window. The window's model implements
 // it; tests use a recording fake. Declared here so that the operations never reach up
 // into the window's library.
@@ -39,6 +45,25 @@ public:
     // the timer has no pause.
     virtual void startSleep() { }
     virtual bool isInDelay() const { return false; }
+
+    // The tree tvProjectContent. A node is known by its index in collection order, from 0;
+    // -1 stands for no node.
+    virtual int nodeCount() const = 0;
+    virtual QString nodeTag(int node) const = 0;
+    // Adds a node as the last child of parent; returns its index.
+    virtual int addNode(
+        int parent, const QString& key, const QString& text, const QString& image, const QString& tag)
+        = 0;
+    // Removes the node and its children; -1 does nothing.
+    virtual void removeNode(int node) = 0;
+    // Makes the node the tree's selected item.
+    virtual void selectNode(int node) = 0;
+    // Repaints the tree after nodes were added, removed or selected.
+    virtual void refreshTree() = 0;
+    // Fills the content list for the tree's selected node.
+    virtual void mklvNodeContent() = 0;
+    // Makes the record that the parsed Tag names the current row of its shared recordset.
+    virtual void LocateCurRecord(NodeTagItems& Items, qint16 count, bool& found) = 0;
 };
 
 // The view of a program without a window (vorna-cli) and of a program whose window is not
@@ -56,4 +81,12 @@ public:
     void setStatusText(const QString&, const QString&) override { }
     void setMousePointer(int) override { }
     std::optional<WindowPlacement> windowPlacement() const override { return std::nullopt; }
+    int nodeCount() const override { return 0; }
+    QString nodeTag(int) const override { return {}; }
+    int addNode(int, const QString&, const QString&, const QString&, const QString&) override { return -1; }
+    void removeNode(int) override { }
+    void selectNode(int) override { }
+    void refreshTree() override { }
+    void mklvNodeContent() override { }
+    void LocateCurRecord(NodeTagItems&, qint16, bool& found) override { found = false; }
 };

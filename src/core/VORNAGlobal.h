@@ -7,6 +7,7 @@
 #include "ADOUtil.h"
 #include "MLUtil.h"
 #include "Platform.h"
+#include "ProjectDialogs.h"
 #include "ProjectView.h"
 #include "VBArray.h"
 
@@ -116,6 +117,10 @@ public:
     ProjectView& view() const { return m_view ? *m_view : NullProjectView::instance(); }
     void setView(ProjectView* view) { m_view = view; }
 
+    // The editor dialogs as the operations see them; none until they are wired.
+    ProjectDialogs& dialogs() const { return m_dialogs ? *m_dialogs : NullProjectDialogs::instance(); }
+    void setDialogs(ProjectDialogs* dialogs) { m_dialogs = dialogs; }
+
     QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName) const
     {
         return ml.GetText(DefaultText, Seq, ID, ModuleName);
@@ -123,4 +128,5 @@ public:
 
 private:
     ProjectView* m_view = nullptr;
+    ProjectDialogs* m_dialogs = nullptr;
 };

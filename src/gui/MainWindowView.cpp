@@ -134,6 +134,19 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
         [this](const QModelIndex& current) {
             m_model.lvNodeContent.SelectedItem = current.isValid() ? current.row() : -1;
         });
+    // A double click also expands or collapses a branch, as the control does of its own.
+    connect(m_tvProjectContent, &QTreeView::clicked, this, [this] {
+        m_model.tvProjectContent_NodeClick();
+        refresh();
+    });
+    connect(m_tvProjectContent, &QTreeView::doubleClicked, this, [this] {
+        m_model.tvProjectContent_DblClick();
+        refresh();
+    });
+    connect(m_lvNodeContent, &QTreeView::doubleClicked, this, [this] {
+        m_model.lvNodeContent_DblClick();
+        refresh();
+    });
 
     auto* grip = new SplitterGrip(m_client);
     grip->setObjectName(QStringLiteral("imgSplitter"));

@@ -406,19 +406,6 @@ void frmMain::tmrSleep_Timer()
     tmrSleep.setEnabled(false);
 }
 
-void frmMain::mktvProjContent()
-{
-    tvProjectContent.Nodes.clear();
-    tvProjectContent.SelectedItem = -1;
-}
-
-void frmMain::mklvNodeContent()
-{
-    lvNodeContent.ColumnHeaders.clear();
-    lvNodeContent.ListItems.clear();
-    lvNodeContent.SelectedItem = -1;
-}
-
 void frmMain::mkRecentFilePathMenu()
 {
     for (int i = 1; i <= 4; ++i) {

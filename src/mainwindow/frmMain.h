@@ -11,6 +11,7 @@
 #include "ProjectView.h"
 
 class VORNAGlobal;
+class Recordset;
 class frmAbout;
 
 // The main window as a model: every control's state as plain members, in twips, and the
@@ -177,8 +178,16 @@ public:
 
     void tmrSleep_Timer();
 
+    // The tree and its tags are in ProjectTree.cpp, the list in ContentList.cpp.
     void mktvProjContent();
-    void mklvNodeContent();
+    void mklvNodeContent() override;
+    void LocateCurRecord(NodeTagItems& Items, qint16 count, bool& found) override;
+    void PutTableTolvNodeContent(const QString& TableName, Recordset& rs, const QString& FilterField,
+        const QString& FilterValue = QString());
+    void PutRecordTolvNodeContent(const QString& TableName, Recordset& rs);
+    void tvProjectContent_NodeClick();
+    void tvProjectContent_DblClick();
+    void lvNodeContent_DblClick();
     void mkRecentFilePathMenu() override;
 
     void mnuFile_Click();
@@ -205,6 +214,14 @@ public:
     std::optional<WindowPlacement> windowPlacement() const override;
     void startSleep() override;
     bool isInDelay() const override { return mIsInDelay; }
+
+    int nodeCount() const override;
+    QString nodeTag(int node) const override;
+    int addNode(int parent, const QString& key, const QString& text, const QString& image,
+        const QString& tag) override;
+    void removeNode(int node) override;
+    void selectNode(int node) override;
+    void refreshTree() override;
 
 private:
     void setControlText(const QString& objectPath, const QString& text);

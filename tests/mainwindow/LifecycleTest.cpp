@@ -66,7 +66,7 @@ TEST_F(MainWindowTest, LoadFormObjWelcomesAndBlanksTheProjectTexts)
     EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QString());
     EXPECT_EQ(main.panel(QStringLiteral("ConnectStatus")).Text, QStringLiteral("Offline"));
     EXPECT_EQ(main.lbltvProjectContentCaption.Caption, QString());
-    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral(" 清單檢視:"));
+    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QString()) << "no node selected";
     EXPECT_TRUE(main.tvProjectContent.Nodes.empty());
     EXPECT_TRUE(main.lvNodeContent.ListItems.empty());
 }

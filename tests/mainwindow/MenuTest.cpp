@@ -152,10 +152,15 @@ TEST_F(MainWindowTest, TheRefreshKeyRebuildsOnlyWithAProject)
         = {frmMain::Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
     main.shortcut(QStringLiteral("F5"));
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 1u);
+}
 
-    g.project.ProjectName = QStringLiteral("Site");
+TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOfTheOpenProject)
+{
+    newProject();
+    main.tvProjectContent.Nodes
+        = {frmMain::Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
     main.shortcut(QStringLiteral("F5"));
-    EXPECT_TRUE(main.tvProjectContent.Nodes.empty());
+    EXPECT_EQ(main.tvProjectContent.Nodes.size(), 4u + 1u + 64u);
 }
 
 TEST_F(ProjectWindowTest, TheNewProjectKeyShowsTheNewProjectDialog)

@@ -1,0 +1,285 @@
+#include "ADOUtil.h"
+#include "ProjectTree.h"
+#include "VBUtil.h"
+#include "VORNAGlobal.h"
+#include "frmMain.h"
+
+namespace {
+
+const QString Module = QStringLiteral("VORNAMain");
+const QString CRLF = QStringLiteral("\r\n");
+
+// Width of a column added without one, as the list control gives it.
+constexpr double DefaultColumnWidth = 1440;
+
+QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
+{
+    return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
+}
+
+// A column of a table view: its text and width when the table is empty, and when it has
+// records. The zone columns differ between the two by design.
+struct TableColumn
+{
+    const char* text;
+    int emptyId;
+    double emptyWidth;
+    int filledId;
+    double filledWidth;
+};
+
+struct TableLayout
+{
+    std::vector<TableColumn> columns;
+    std::vector<const char*> fields; // the row's text, then its sub-items
+};
+
+const TableLayout GroupTable {
+    {{"連絡人群組名稱", 1197, 1500, 1227, 1500}, {"連絡人群組說明", 1198, 1800, 1228, 1800}},
+    {"GroupName", "GroupDsc"}};
+
+const TableLayout GroupMemberTable {
+    {{"連絡人", 1200, 1000, 1230, 1000}, {"電話號碼", 1201, 1500, 1231, 1500},
+        {"連絡人群組名稱", 1202, 1500, 1232, 1500}, {"說明", 1203, 1500, 1233, 1500},
+        {"暫停使用", 1204, 1000, 1234, 1000}},
+    {"UserName", "PhoneNumber", "GroupName", "UserDsc", "IsDisable"}};
+
+const TableLayout UserTable {{{"連絡人名稱", 1403, 1500, 1438, 1500}, {"連絡人說明", 1404, 1500, 1439, 1500}},
+    {"UserName", "UserDsc"}};
+
+const TableLayout ZoneTable {
+    {{"警報區", 1206, 800, 1236, 1000}, {"警報區名稱", 1207, 1500, 1237, 1500},
+        {"連絡人群組名稱", 1208, 1500, 1238, 1500}, {"說明", 1209, 1200, 1239, 1300},
+        {"警報發起訊息", 1210, 1200, 1240, 1500}, {"警報復歸訊息", 1211, 1200, 1241, 1500},
+        {"暫停使用", 1212, 1000, 1242, 1000}},
+    {"ZoneNo", "ZoneName", "GroupName", "ZoneDsc", "AlarmSMS", "ResetSMS", "IsDisable"}};
+
+// A row of a record sheet: its label and the field it shows.
+struct SheetRow
+{
+    const char* label;
+    int id;
+    const char* field;
+};
+
+// "暫使使用:" and the zone's "暫停使用" without a colon are the sheet's own words.
+const SheetRow UserSheet[] = {{"電話號碼:", 1348, "PhoneNumber"}, {"暫使使用:", 1350, "IsDisable"},
+    {"連絡人群組名稱:", 1352, "GroupName"}, {"連絡人:", 1354, "UserName"}, {"說明:", 1356, "UserDsc"}};
+
+const SheetRow ZoneSheet[] = {{"警報區:", 1333, "ZoneNo"}, {"警報區名稱:", 1335, "ZoneName"},
+    {"暫停使用", 1337, "IsDisable"}, {"連絡人群組名稱:", 1339, "GroupName"}, {"說明:", 1341, "ZoneDsc"},
+    {"警報發起訊息:", 1343, "AlarmSMS"}, {"警報復歸訊息:", 1345, "ResetSMS"}};
+
+QString Text(const Recordset& rs, const char* field)
+{
+    return NullToEmpty(rs.Fields(QString::fromLatin1(field)));
+}
+
+} // namespace
+
+void frmMain::mklvNodeContent()
+{
+    ListView& lv = lvNodeContent;
+    if (tvProjectContent.SelectedItem < 0) {
+        lv.ListItems.clear();
+        lv.SelectedItem = -1;
+        lv.ColumnHeaders.clear();
+        lbllvNodeContentCaption.Caption = QString();
+        notifyChanged();
+        return;
+    }
+    const QString tag = tvProjectContent.Nodes[tvProjectContent.SelectedItem].Tag;
+    if (tag.isEmpty()) {
+        m_g.platform.msgBox(T(m_g, "系統內部錯誤，被選中節點的夾帶資訊是為空。", 1, 1107), MsgBox::Critical,
+            T(m_g, "系統內部錯誤", 2, 1107));
+        return;
+    }
+    NodeTagItems Items;
+    qint16 count = 0;
+    ParseNodeTag(tag, Items, count);
+    bool found = false;
+    LocateCurRecord(Items, count, found);
+
+    ProjectState& p = m_g.project;
+    const QString& kind = Items(1);
+    QString& caption = lbllvNodeContentCaption.Caption;
+    if (kind == QLatin1String("ProjName") && count == 1) {
+        caption = T(m_g, "資料", 1, 1289);
+        lv.ColumnHeaders = {{T(m_g, "項目", 1, 1292), 1500}, {T(m_g, "項目說明", 1, 1293), 1500}};
+        lv.ListItems = {{T(m_g, "連絡人", 1, 1295), {T(m_g, "連絡人清單", 1, 1296)}},
+            {T(m_g, "群組", 1, 1297), {T(m_g, "群組清單", 1, 1298)}},
+            {T(m_g, "警報區", 1, 1299), {T(m_g, "警報區清單", 1, 1300)}}};
+        lv.SelectedItem = -1;
+    } else if (kind == QLatin1String("UserGroups") && count == 1) {
+        caption = T(m_g, "連絡人群組", 1, 1113);
+        PutTableTolvNodeContent(QStringLiteral("UserGroups"), p.rsUserGroups, QString());
+    } else if (kind == QLatin1String("UserGroups") && count == 2) {
+        caption = T(m_g, "連絡人群組名稱:", 1, 1117) + Items(2);
+        PutTableTolvNodeContent(QStringLiteral("Users"), p.rsUsers, QStringLiteral("GroupName"), Items(2));
+    } else if (kind == QLatin1String("Users") && count == 1) {
+        caption = T(m_g, "連絡人", 1, 1312);
+        PutTableTolvNodeContent(QStringLiteral("Users"), p.rsUsers, QString());
+    } else if (kind == QLatin1String("Users") && count == 2) {
+        caption = T(m_g, "連絡人內容:", 1, 1121) + Items(2);
+        PutRecordTolvNodeContent(QStringLiteral("Users"), p.rsUsers);
+    } else if (kind == QLatin1String("Zones") && count == 1) {
+        caption = T(m_g, "警報區域", 1, 1125);
+        PutTableTolvNodeContent(QStringLiteral("Zones"), p.rsZones, QString());
+    } else if (kind == QLatin1String("Zones") && count == 2) {
+        caption = T(m_g, "警報區=", 1, 1129) + Items(2);
+        PutRecordTolvNodeContent(QStringLiteral("Zones"), p.rsZones);
+    }
+    notifyChanged();
+}
+
+void frmMain::PutTableTolvNodeContent(
+    const QString& TableName, Recordset& rs, const QString& FilterField, const QString& FilterValue)
+{
+    ListView& lv = lvNodeContent;
+    const bool memberFilter
+        = TableName == QLatin1String("Users") && FilterField == QLatin1String("GroupName");
+    const TableLayout* layout = nullptr;
+    if (TableName == QLatin1String("UserGroups"))
+        layout = &GroupTable;
+    else if (TableName == QLatin1String("Users"))
+        layout = FilterField == QLatin1String("GroupName") ? &GroupMemberTable : &UserTable;
+    else if (TableName == QLatin1String("Zones"))
+        layout = &ZoneTable;
+
+    const bool empty = rs.RecordCount() == 0;
+    lv.ColumnHeaders.clear();
+    if (layout) {
+        for (const TableColumn& c : layout->columns)
+            lv.ColumnHeaders.push_back(empty ? ColumnHeader {T(m_g, c.text, 1, c.emptyId), c.emptyWidth}
+                                             : ColumnHeader {T(m_g, c.text, 1, c.filledId), c.filledWidth});
+    } else {
+        for (int i = 0; i < rs.FieldCount(); ++i)
+            lv.ColumnHeaders.push_back({rs.FieldName(i), DefaultColumnWidth});
+    }
+    lv.ListItems.clear();
+    lv.SelectedItem = -1;
+    if (empty)
+        return;
+
+    // Exact comparison: a list entry that differs from the group's name in case is no match.
+    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) {
+        bool matches = true;
+        if (memberFilter) {
+            matches = false;
+            for (const QString& entry : Text(rs, "GroupName").split(CRLF))
+                if (entry == FilterValue)
+                    matches = true;
+        } else if (!FilterField.isEmpty()) {
+            matches = NullToEmpty(rs.Fields(FilterField)) == FilterValue;
+        }
+        if (!matches)
+            continue;
+        ListItem item;
+        if (layout) {
+            item.Text = Text(rs, layout->fields.front());
+            for (size_t i = 1; i < layout->fields.size(); ++i)
+                item.SubItems.push_back(Text(rs, layout->fields[i]));
+        } else {
+            item.Text = NullToEmpty(rs.Fields(0));
+            for (int i = 1; i < rs.FieldCount(); ++i)
+                item.SubItems.push_back(NullToEmpty(rs.Fields(i)));
+        }
+        lv.ListItems.push_back(item);
+    }
+}
+
+void frmMain::PutRecordTolvNodeContent(const QString& TableName, Recordset& rs)
+{
+    ListView& lv = lvNodeContent;
+    lv.ColumnHeaders.clear();
+    lv.ListItems.clear();
+    lv.SelectedItem = -1;
+
+    auto addSheet = [&](const auto& rows) {
+        for (const SheetRow& r : rows)
+            lv.ListItems.push_back({T(m_g, r.label, 1, r.id), {Text(rs, r.field)}});
+    };
+    if (TableName == QLatin1String("Users")) {
+        lv.ColumnHeaders = {{T(m_g, "項目", 1, 1322), 1500}, {T(m_g, "內容", 1, 1323), 4000}};
+        addSheet(UserSheet);
+    } else if (TableName == QLatin1String("Zones")) {
+        lv.ColumnHeaders = {{T(m_g, "項目", 1, 1325), 1500}, {T(m_g, "內容", 1, 1326), 1500}};
+        addSheet(ZoneSheet);
+    } else {
+        lv.ColumnHeaders
+            = {{T(m_g, "項目", 1, 1328), DefaultColumnWidth}, {T(m_g, "內容", 1, 1329), DefaultColumnWidth}};
+        for (int i = 0; i < rs.FieldCount(); ++i)
+            lv.ListItems.push_back({rs.FieldName(i), {NullToEmpty(rs.Fields(i))}});
+    }
+}
+
+void frmMain::lvNodeContent_DblClick()
+{
+    ListView& lv = lvNodeContent;
+    TreeView& tv = tvProjectContent;
+    if (lv.SelectedItem < 0 || tv.SelectedItem < 0)
+        return;
+    const QString rowText = lv.ListItems[lv.SelectedItem].Text;
+    ProjectState& p = m_g.project;
+
+    // A row of the zone table acts as its zone node.
+    QString tag = tv.Nodes[tv.SelectedItem].Tag;
+    if (tag == QLatin1String("Zones"))
+        tag += QStringLiteral(",") + rowText;
+    NodeTagItems Items;
+    qint16 count = 0;
+    ParseNodeTag(tag, Items, count);
+    bool found = false;
+
+    // A group's list of contacts has no double click of its own.
+    if (count != 1) {
+        if (Items(1) == QLatin1String("Users") && count >= 2) {
+            LocateCurRecord(Items, count, found);
+            m_g.dialogs().showEditTelList();
+        } else if (Items(1) == QLatin1String("Zones") && count >= 2) {
+            LocateCurRecord(Items, count, found);
+            m_g.dialogs().showEditZoneList();
+        }
+        return;
+    }
+
+    // On the project sheet a row leads to its branch, matched by its word or its default
+    // caption only; the three cases differ in caption lookup and selection on purpose.
+    auto openBranch = [&](const QString& key) {
+        for (int i = 0; i < static_cast<int>(tv.Nodes.size()); ++i) {
+            if (tv.Nodes[i].Key == key) {
+                tv.Nodes[i].Expanded = true;
+                tv.SelectedItem = i;
+                return;
+            }
+        }
+    };
+    const bool onRoot = Items(1) == QLatin1String("ProjName");
+    QString& caption = lbllvNodeContentCaption.Caption;
+    if (onRoot && (rowText == QLatin1String("Users") || rowText == QStringLiteral("連絡人"))) {
+        caption = QStringLiteral("連絡人");
+        PutTableTolvNodeContent(QStringLiteral("Users"), p.rsUsers, QString());
+        openBranch(QStringLiteral("Users"));
+    } else if (Items(1) == QLatin1String("Users")) {
+        // The caption is set before Items(2) is filled, so it ends at the colon.
+        caption = T(m_g, "連絡人內容:", 1, 1121) + Items(2);
+        Items(2) = rowText;
+        LocateCurRecord(Items, 2, found);
+        m_g.dialogs().showEditTelList();
+    }
+    if (onRoot && (rowText == QLatin1String("Groups") || rowText == QStringLiteral("群組"))) {
+        caption = T(m_g, "連絡人群組", 1, 1113);
+        PutTableTolvNodeContent(QStringLiteral("UserGroups"), p.rsUserGroups, QString());
+        openBranch(QStringLiteral("UserGroups"));
+    } else if (Items(1) == QLatin1String("UserGroups")) {
+        Items(2) = rowText;
+        LocateCurRecord(Items, 2, found);
+        m_g.dialogs().showEditGroupList(false);
+    }
+    if (onRoot && (rowText == QStringLiteral("警報區") || rowText == QLatin1String("Zones"))) {
+        caption = T(m_g, "警報區域", 1, 1125);
+        PutTableTolvNodeContent(QStringLiteral("Zones"), p.rsZones, QString());
+        openBranch(QStringLiteral("Zones"));
+    }
+    notifyChanged();
+}

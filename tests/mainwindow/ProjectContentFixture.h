@@ -1,0 +1,78 @@
+#pragma once
+
+#include "ADOUtil.h"
+#include "MainWindowFixture.h"
+#include "ScriptedDialogs.h"
+#include "VBUtil.h"
+
+// A new project with contacts, groups and two named zones, its tree built:
+//   contacts Ann (suspended; groups Fire and UserGroup1), a row without a name, Bob (group
+//   "fire"), "A,B" (group Fire); groups UserGroup1, a row without a name, Fire, "A,B";
+//   zone 3 "Hall" on Fire and suspended, zone 7 without a name.
+class ProjectContentTest : public ProjectWindowTest
+{
+public:
+    ProjectContentTest()
+    {
+        g.setDialogs(&dialogs);
+        newProject();
+        addGroup(QString());
+        addGroup(QStringLiteral("Fire"));
+        addGroup(QStringLiteral("A,B"));
+        g.project.rsUserGroups.setField(QStringLiteral("GroupDsc"), QStringLiteral("comma"));
+        g.project.rsUserGroups.Update();
+        addUser(QStringLiteral("Ann"), QStringLiteral("Fire\r\nUserGroup1"), QStringLiteral("0911"), true);
+        addUser(QString(), QString(), QString(), false);
+        addUser(QStringLiteral("Bob"), QStringLiteral("fire"), QStringLiteral("0912"), false);
+        addUser(QStringLiteral("A,B"), QStringLiteral("Fire"), QStringLiteral("0913"), false);
+        setZone(3, QStringLiteral("Hall"), QStringLiteral("Fire"), true);
+        main.mktvProjContent();
+    }
+
+    void addUser(const QString& name, const QString& groups, const QString& phone, bool disabled)
+    {
+        Recordset& rs = g.project.rsUsers;
+        rs.AddNew();
+        rs.setField(QStringLiteral("UserName"), name);
+        rs.setField(QStringLiteral("PhoneNumber"), phone);
+        rs.setField(QStringLiteral("UserDsc"), name.isEmpty() ? QString() : name + QStringLiteral(" dsc"));
+        rs.setField(QStringLiteral("GroupName"), groups);
+        rs.setField(QStringLiteral("IsDisable"), disabled);
+        rs.Update();
+    }
+
+    void setZone(int zoneNo, const QString& name, const QString& target, bool disabled)
+    {
+        Recordset& rs = g.project.rsZones;
+        ASSERT_TRUE(FindRecord(rs, QStringLiteral("ZoneNo"), QString::number(zoneNo), false));
+        rs.setField(QStringLiteral("ZoneName"), name);
+        rs.setField(QStringLiteral("GroupName"), target);
+        rs.setField(QStringLiteral("AlarmSMS"), QStringLiteral("fire in ") + name);
+        rs.setField(QStringLiteral("IsDisable"), disabled);
+        rs.Update();
+    }
+
+    // Selects the node with the Tag as a click does, and fills the list.
+    void click(const QString& tag)
+    {
+        main.tvProjectContent.SelectedItem = nodeIndex(tag);
+        main.tvProjectContent_NodeClick();
+    }
+
+    int nodeIndex(const QString& tag) const
+    {
+        const auto& nodes = main.tvProjectContent.Nodes;
+        for (int i = 0; i < static_cast<int>(nodes.size()); ++i)
+            if (nodes[i].Tag == tag)
+                return i;
+        ADD_FAILURE() << "no node " << tag.toStdString();
+        return -1;
+    }
+
+    QString current(Recordset& rs, const QString& field) const
+    {
+        return rs.IsEOF() || rs.IsBOF() ? QStringLiteral("<none>") : NullToEmpty(rs.Fields(field));
+    }
+
+    ScriptedDialogs dialogs;
+};

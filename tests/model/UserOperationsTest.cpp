@@ -1,0 +1,187 @@
+#include <functional>
+
+#include "CaseName.h"
+#include "ModelFixture.h"
+#include "UnhandledError.h"
+#include "VORNAUtil.h"
+
+namespace {
+
+struct CountCase
+{
+    const char* name;
+    const char* userName;
+    const char* groupList;
+    qint16 targets;
+    qint16 users;
+};
+
+const CountCase CountCases[] = {
+    {"one group", "Ann", "A", 1, 1},
+    {"three groups", "Ann", "A\r\nB\r\nC", 3, 1},
+    {"no group counts as a contact only", "Ann", "", 0, 1},
+    {"no name counts as a target only", "", "A", 1, 0},
+    {"no name and no group count nowhere", "", "", 0, 0},
+};
+
+class CountTest : public ModelTest, public ::testing::WithParamInterface<CountCase>
+{ };
+
+TEST_P(CountTest, TargetsAreListEntriesAndContactsAreNamedRows)
+{
+    const CountCase& c = GetParam();
+    addUser(QString::fromUtf8(c.userName), QString::fromUtf8(c.groupList));
+    p().TelNoCount = 77;
+    EXPECT_EQ(CountTelNo(p()), c.targets);
+    EXPECT_EQ(p().TelNoCount, c.targets);
+    EXPECT_EQ(CountUsers(p()), c.users);
+}
+
+INSTANTIATE_TEST_SUITE_P(Counts, CountTest, ::testing::ValuesIn(CountCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+struct LimitCase
+{
+    const char* name;
+    std::function<void(ModelTest&)> setUp;
+    const char* boxText; // nullptr: the dialog opens
+    const char* boxTitle = nullptr;
+};
+
+const LimitCase LimitCases[] = {
+    {"as many contacts as the model holds",
+        [](ModelTest& t) {
+            t.addUser(QStringLiteral("User1"), QString());
+            t.addUser(QStringLiteral("User3"), QString());
+        },
+        "連絡人已超過最大筆數[2]，不得再增加連絡人！", "連絡人已超過最大筆數"},
+    {"as many targets as the model holds",
+        [](ModelTest& t) { t.addUser(QStringLiteral("User1"), QStringLiteral("A\r\nB")); },
+        "通知對象[群組/連絡人]已超過最大筆數[2]，不得再增加通知對象[群組/連絡人]！",
+        "通知對象[群組/連絡人]已超過最大筆數"},
+    {"a drifted count is recounted first",
+        [](ModelTest& t) {
+            t.addUser(QStringLiteral("User1"), QStringLiteral("A"));
+            t.p().TelNoCount = 2;
+        },
+        nullptr},
+};
+
+class AddUserLimitTest : public ModelTest, public ::testing::WithParamInterface<LimitCase>
+{ };
+
+TEST_P(AddUserLimitTest, LimitsAreTestedBeforeTheDialog)
+{
+    const LimitCase& c = GetParam();
+    c.setUp(*this);
+    p().MaxTelNo = 2;
+    if (c.boxText)
+        platform.expectBox(48, QString::fromUtf8(c.boxText), QString::fromUtf8(c.boxTitle));
+    else
+        dialogs.expectAddUser(QStringLiteral("User2"), {});
+    AddUser(g);
+    EXPECT_EQ(
+        p().rsUsers.RecordCount(), 1 + (c.boxText && QString::fromUtf8(c.boxTitle).startsWith(u"連絡人")));
+    EXPECT_FALSE(p().IsProjectModified);
+}
+
+INSTANTIATE_TEST_SUITE_P(Limits, AddUserLimitTest, ::testing::ValuesIn(LimitCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+TEST_F(ModelTest, AddUserStoresTheContactBeforeItsEditorAndCountsOneTarget)
+{
+    addUser(QStringLiteral("Old"), QStringLiteral("UserGroup1\r\nB"));
+    dialogs.expectAddUser(
+        QStringLiteral("User1"), {QStringLiteral("Ann"), QStringLiteral("UserGroup1\r\nB")});
+    dialogs.expectEditTelList([&] {
+        EXPECT_EQ(NullToEmpty(p().rsUsers.Fields(QStringLiteral("UserName"))), QStringLiteral("Ann"));
+    });
+
+    AddUser(g);
+
+    EXPECT_EQ(
+        field(p().rsUsers, QStringLiteral("UserName"), QStringLiteral("Ann"), QStringLiteral("GroupName")),
+        QStringLiteral("UserGroup1\r\nB"));
+    EXPECT_EQ(
+        field(p().rsUsers, QStringLiteral("UserName"), QStringLiteral("Ann"), QStringLiteral("PhoneNumber")),
+        QString());
+    // Two targets before, one added for a contact of two groups: the running count drifts.
+    EXPECT_EQ(p().TelNoCount, 3);
+    EXPECT_EQ(CountTelNo(p()), 4);
+    const RecordingView::Node added {
+        1, {}, QStringLiteral("Ann"), QStringLiteral("UserName"), QStringLiteral("Users,Ann")};
+    EXPECT_EQ(view.nodes.back(), added);
+    EXPECT_EQ(view.selectedNode, 5);
+    EXPECT_EQ(platform.doEventsCount, 1);
+    EXPECT_EQ(view.listFillCount, 2);
+    EXPECT_TRUE(p().IsProjectModified);
+}
+
+TEST_F(ModelTest, AddUserStopsSilentlyOnAnEmptyNameAndWithABoxOnAReservedOne)
+{
+    dialogs.expectAddUser(QStringLiteral("User1"), {QString(), QStringLiteral("UserGroup1")});
+    AddUser(g);
+    dialogs.expectAddUser(QStringLiteral("User1"), {QStringLiteral("none"), QStringLiteral("UserGroup1")});
+    platform.expectBoxWithAnyText(16, QStringLiteral("不合法的使用者群組名稱"));
+    AddUser(g);
+    EXPECT_EQ(p().rsUsers.RecordCount(), 0);
+    EXPECT_EQ(view.nodes.size(), 5u);
+}
+
+TEST_F(ModelTest, DeleteUserLowersTheCountByOneWhateverItsGroups)
+{
+    addUser(QStringLiteral("A"), QStringLiteral("UserGroup1\r\nB"), QStringLiteral("0911"));
+    addUser(QStringLiteral("Bob"), QStringLiteral("UserGroup1"));
+    view.addNode(1, {}, QStringLiteral("A"), QStringLiteral("UserName"), QStringLiteral("Users,A"));
+    view.addNode(1, {}, QStringLiteral("Bob"), QStringLiteral("UserName"), QStringLiteral("Users,Bob"));
+    CountTelNo(p());
+    FindRecord(p().rsUsers, QStringLiteral("UserName"), QStringLiteral("A"), false);
+    platform.expectBox(52, QStringLiteral("確定是否要刪除這個連絡人[A:0911]?"),
+        QStringLiteral("是否確定刪除這個連絡人"), MsgBox::Yes);
+
+    EXPECT_TRUE(DeleteUser(g));
+
+    EXPECT_EQ(column(p().rsUsers, QStringLiteral("UserName")), QStringList {QStringLiteral("Bob")});
+    EXPECT_EQ(p().TelNoCount, 2);
+    EXPECT_EQ(CountTelNo(p()), 1);
+    EXPECT_EQ(view.tags().back(), QStringLiteral("Users,Bob"));
+    EXPECT_EQ(view.nodes.size(), 6u);
+    EXPECT_EQ(view.statusHistory,
+        (std::vector<QString> {QStringLiteral("正在刪除這筆連絡人資料[A]中..."), QString()}));
+    EXPECT_EQ(NullToEmpty(p().rsUsers.Fields(QStringLiteral("UserName"))), QStringLiteral("Bob"));
+    EXPECT_TRUE(p().IsProjectModified);
+}
+
+TEST_F(ModelTest, DeleteUserAnsweredNoKeepsTheContact)
+{
+    addUser(QStringLiteral("A"), QString(), QString());
+    p().rsUsers.MoveFirst();
+    platform.expectBox(52, QStringLiteral("確定是否要刪除這個連絡人[A:]?"),
+        QStringLiteral("是否確定刪除這個連絡人"), MsgBox::No);
+    EXPECT_FALSE(DeleteUser(g));
+    EXPECT_EQ(p().rsUsers.RecordCount(), 1);
+}
+
+TEST_F(ModelTest, DeletingWithoutACurrentContactEndsTheProgram)
+{
+    try {
+        DeleteUser(g);
+        FAIL() << "no current row must end the program";
+    } catch (const UnhandledError& e) {
+        EXPECT_EQ(e.text(),
+            QStringLiteral("TelList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人名稱失敗。"));
+        EXPECT_EQ(e.title(), QStringLiteral("刪除連絡人名稱失敗"));
+        EXPECT_EQ(e.flags(), 16);
+    }
+}
+
+TEST_F(ModelTest, FindNodeByTagComparesTheWholeTagExactly)
+{
+    view.addNode(
+        2, {}, QStringLiteral("x"), QStringLiteral("UserGroups"), QStringLiteral("UserGroups,usergroup1"));
+    EXPECT_EQ(FindNodeByTag(view, QStringLiteral("UserGroups,UserGroup1")), 4);
+    EXPECT_EQ(FindNodeByTag(view, QStringLiteral("UserGroups,usergroup1")), 5);
+    EXPECT_EQ(FindNodeByTag(view, QStringLiteral("UserGroups,User")), -1);
+}
+
+} // namespace

@@ -1,0 +1,197 @@
+#include <functional>
+
+#include "CaseName.h"
+#include "ModelFixture.h"
+#include "UnhandledError.h"
+#include "ValidUtil.h"
+
+namespace {
+
+const QString Reserved = QStringLiteral("[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]");
+
+enum class Refusal { None, Empty, Reserved, Duplicate };
+
+struct NameCase
+{
+    const char* name;
+    const char* proposed;
+    Refusal refusal;
+};
+
+// Both checks run against a group and a contact each called "Existing".
+const NameCase NameCases[] = {
+    {"a new name passes", "Office", Refusal::None},
+    {"empty is refused", "", Refusal::Empty},
+    {"blanks are a name, as nothing trims here", " ", Refusal::None},
+    {"all in lower case is reserved", "all", Refusal::Reserved},
+    {"All Group in mixed case is reserved", "All Group", Refusal::Reserved},
+    {"ALL USER GROUP is reserved", "ALL USER GROUP", Refusal::Reserved},
+    {"none is reserved", "none", Refusal::Reserved},
+    {"the Chinese word is reserved exactly", "所有群組", Refusal::Reserved},
+    {"a variant of the Chinese word passes", "所有群組A", Refusal::None},
+    {"a trailing blank escapes the reserved words", "all group ", Refusal::None},
+    {"NONE2 passes", "NONE2", Refusal::None},
+    {"a duplicate in another case is refused", "eXISTING", Refusal::Duplicate},
+    {"a comma passes", "a,b", Refusal::None},
+};
+
+class NameCheckTest : public ModelTest, public ::testing::WithParamInterface<NameCase>
+{ };
+
+TEST_P(NameCheckTest, GroupAndContactNamesAreCheckedAlike)
+{
+    const NameCase& c = GetParam();
+    const QString name = QString::fromUtf8(c.proposed);
+    addGroup(QStringLiteral("Existing"));
+    addUser(QStringLiteral("Existing"), QString());
+
+    switch (c.refusal) {
+    case Refusal::None:
+        break;
+    case Refusal::Empty:
+        platform.expectBox(
+            16, QStringLiteral("本使用者群組名稱不得為空白。"), QStringLiteral("本使用者群組名稱不得為空白"));
+        platform.expectBox(
+            16, QStringLiteral("本使用者名稱不得為空白。"), QStringLiteral("本使用者名稱不得為空白"));
+        break;
+    case Refusal::Reserved:
+        // The contact's box speaks of a group name in its first line and title as well.
+        platform.expectBox(16,
+            QStringLiteral("不合法的使用者群組名稱！") + CRLF + QStringLiteral("本使用者群組名稱[") + name
+                + QStringLiteral("]不得和以下名稱相同:") + CRLF + Reserved,
+            QStringLiteral("不合法的使用者群組名稱"));
+        platform.expectBox(16,
+            QStringLiteral("不合法的使用者群組名稱！") + CRLF + QStringLiteral("本使用者名稱[") + name
+                + QStringLiteral("]不得和以下名稱相同:") + CRLF + Reserved,
+            QStringLiteral("不合法的使用者群組名稱"));
+        break;
+    case Refusal::Duplicate:
+        platform.expectBox(16, QStringLiteral("本使用者群組名稱[") + name + QStringLiteral("]已經存在。"),
+            QStringLiteral("本使用者群組名稱已經存在"));
+        platform.expectBox(16, QStringLiteral("本電話使用者名稱[") + name + QStringLiteral("]已經存在。"),
+            QStringLiteral("本電話使用者名稱已經存在"));
+        break;
+    }
+    EXPECT_EQ(IsValidGroupName(g, name), c.refusal == Refusal::None);
+    EXPECT_EQ(IsValidUserName(g, name), c.refusal == Refusal::None);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, NameCheckTest, ::testing::ValuesIn(NameCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+TEST_F(ModelTest, NameChecksLeaveTheCurrentRowsWhereTheyStand)
+{
+    addGroup(QStringLiteral("Second"));
+    addUser(QStringLiteral("Ann"), QString());
+    ASSERT_TRUE(FindRecord(p().rsUserGroups, QStringLiteral("GroupName"), QStringLiteral("Second"), false));
+    EXPECT_TRUE(IsValidGroupName(g, QStringLiteral("Third")));
+    EXPECT_TRUE(IsValidUserName(g, QStringLiteral("Bob")));
+    EXPECT_EQ(NullToEmpty(p().rsUserGroups.Fields(QStringLiteral("GroupName"))), QStringLiteral("Second"));
+    EXPECT_EQ(NullToEmpty(p().rsUsers.Fields(QStringLiteral("UserName"))), QStringLiteral("Ann"));
+}
+
+struct ReadyCase
+{
+    const char* name;
+    std::function<void(ModelTest&)> setUp;
+    const char* text; // the box, after "下載取消！" and CR LF; nullptr when the project passes
+    const char* title = "下載取消";
+};
+
+void DeleteAllGroups(ModelTest& t)
+{
+    for (t.p().rsUserGroups.MoveFirst(); !t.p().rsUserGroups.IsEOF(); t.p().rsUserGroups.MoveNext())
+        t.p().rsUserGroups.Delete();
+}
+
+const ReadyCase ReadyCases[] = {
+    {"no group", DeleteAllGroups, "未設定使用者群組及使用者。"},
+    {"a group without a name", [](ModelTest& t) { t.addGroup(QString()); }, "未設定使用者群組及使用者。"},
+    {"groups but no contact give their number",
+        [](ModelTest& t) {
+            t.addGroup(QStringLiteral("B"));
+            t.addGroup(QStringLiteral("C"));
+        },
+        "3筆使用者群組未設定使用者。"},
+    {"a contact of one group without a number",
+        [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QStringLiteral("UserGroup1"), QString()); },
+        "此使用者群組名稱[UserGroup1]下的使用者[Ann]未設定電話號碼。"},
+    {"a contact of one group without a name",
+        [](ModelTest& t) { t.addUser(QString(), QStringLiteral("UserGroup1")); },
+        "此使用者群組名稱[UserGroup1]未設定使用者。"},
+    {"a suspended contact without a number passes",
+        [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QStringLiteral("UserGroup1"), QString(), true); },
+        nullptr},
+    {"a contact of two groups is not checked",
+        [](ModelTest& t) {
+            t.addGroup(QStringLiteral("B"));
+            t.addUser(
+                QStringLiteral("Ann"), QStringLiteral("UserGroup1") + CRLF + QStringLiteral("B"), QString());
+            t.addUser(QStringLiteral("Bob"), QStringLiteral("UserGroup1"));
+        },
+        nullptr},
+    {"a contact of no group is not checked",
+        [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QString(), QString()); }, nullptr},
+    {"the group list is compared exactly",
+        [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QStringLiteral("usergroup1"), QString()); },
+        nullptr},
+    {"a group without members passes", [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QString()); },
+        nullptr},
+    {"128 targets pass",
+        [](ModelTest& t) {
+            t.addUser(QStringLiteral("Ann"), QString());
+            t.p().ProjTelCount = 128;
+            t.p().ProjGroupCount = 128;
+        },
+        nullptr},
+    {"129 groups by the sizing are refused",
+        [](ModelTest& t) {
+            t.addUser(QStringLiteral("Ann"), QString());
+            t.p().ProjGroupCount = 129;
+        },
+        "專案的群組不得超過128筆。"},
+    {"129 targets are refused",
+        [](ModelTest& t) {
+            t.addUser(QStringLiteral("Ann"), QString());
+            t.p().ProjTelCount = 129;
+        },
+        "專案的通知對象[群組/連絡人]不得超過128筆。"},
+    {"100 groups pass",
+        [](ModelTest& t) {
+            for (int i = 2; i <= 100; ++i)
+                t.addGroup(QStringLiteral("G%1").arg(i));
+            t.addUser(QStringLiteral("Ann"), QStringLiteral("G100"));
+        },
+        nullptr},
+};
+
+class IsProjectReadyTest : public ModelTest, public ::testing::WithParamInterface<ReadyCase>
+{ };
+
+TEST_P(IsProjectReadyTest, StopsAtTheFirstFailingStep)
+{
+    const ReadyCase& c = GetParam();
+    c.setUp(*this);
+    if (c.text)
+        platform.expectBox(
+            16, QStringLiteral("下載取消！") + CRLF + QString::fromUtf8(c.text), QString::fromUtf8(c.title));
+    EXPECT_EQ(IsProjectReady(g), c.text == nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Steps, IsProjectReadyTest, ::testing::ValuesIn(ReadyCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+
+TEST_F(ModelTest, The101stGroupEndsTheProgramInIsProjectReady)
+{
+    for (int i = 2; i <= 101; ++i)
+        addGroup(QStringLiteral("G%1").arg(i));
+    addUser(QStringLiteral("Ann"), QStringLiteral("G2"));
+    try {
+        IsProjectReady(g);
+        FAIL() << "a 101st group must not pass";
+    } catch (const UnhandledError& e) {
+        EXPECT_EQ(e.text(), QStringLiteral("Subscript out of range"));
+    }
+}
+
+} // namespace
