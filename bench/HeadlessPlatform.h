@@ -19,9 +19,6 @@ public:
     }
     std::optional<QString> showOpen(const FileDialogOptions&) override { return std::nullopt; }
     std::optional<QString> showSave(const FileDialogOptions&) override { return std::nullopt; }
-    void showModal(FormModel& form) override { form.Visible = false; }
-    void showModeless(FormModel& form) override { form.Visible = true; }
-    void hideForm(FormModel& form) override { form.Visible = false; }
     void refreshForm(FormModel&) override { }
     void setMousePointer(int) override { }
     void doEvents() override { }
@@ -41,6 +38,11 @@ public:
     // The benchmarks measure no port.
     std::unique_ptr<SerialLine> createSerialLine() override { return nullptr; }
     [[noreturn]] void endProcess(int status) override { std::exit(status); }
+
+protected:
+    void runModal(FormModel&) override { }
+    void showWindow(FormModel&) override { }
+    void hideWindow(FormModel&) override { }
 
 private:
     std::map<QString, QString> m_settings;

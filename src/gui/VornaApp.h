@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include <QString>
 
 #include "VORNAGlobal.h"
@@ -12,9 +10,7 @@
 
 class QApplication;
 class QtPlatform;
-class AboutView;
 class MainWindowView;
-class SplashView;
 
 struct StartOptions
 {
@@ -43,11 +39,12 @@ public:
     frmAbout about;
     frmMessage message;
 
-    std::unique_ptr<SplashView> splashView;
-    std::unique_ptr<MainWindowView> mainView;
-    std::unique_ptr<AboutView> aboutView;
+    // The main window's view, once it is shown.
+    MainWindowView* mainView() const;
 
 private:
+    template<class View, class Model> void addView(Model& form);
+
     QtPlatform& m_platform;
 };
 

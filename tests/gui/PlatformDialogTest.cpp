@@ -82,7 +82,7 @@ TEST_F(PlatformDialogTest, FileNewInTheWindowTakesANewNameAndMakesTheProject)
     atNextModal([&](QWidget* modal) {
         auto* dialog = qobject_cast<QFileDialog*>(modal);
         ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->parentWidget(), vorna.mainView.get());
+        EXPECT_EQ(dialog->parentWidget(), vorna.mainView());
         const auto* types = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
         filterShown = types
             && comboTexts(types)
@@ -147,7 +147,7 @@ TEST_F(PlatformDialogTest, ABoxHasTheGivenButtonsTitleAndIconAndBelongsToTheMain
 
     EXPECT_EQ(answer, MsgBox::No);
     EXPECT_EQ(seen.title, QStringLiteral("是否儲存專案"));
-    EXPECT_EQ(seen.parent, vorna.mainView.get());
+    EXPECT_EQ(seen.parent, vorna.mainView());
     EXPECT_EQ(seen.icon, QMessageBox::Warning);
     EXPECT_TRUE(seen.windowIcon);
     EXPECT_EQ(seen.buttons.size(), 3);
