@@ -177,13 +177,14 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
 
     buildMenus();
 
-    m_tmrSleep.setSingleShot(false);
-    connect(&m_tmrSleep, &QTimer::timeout, this, [this] { m_model.tmrSleep_Timer(); });
+    m_tmrSleep = new QTimer(this);
+    m_tmrSleep->setObjectName(m_model.tmrSleep.Name);
+    connect(m_tmrSleep, &QTimer::timeout, this, [this] { m_model.tmrSleep_Timer(); });
     m_model.tmrSleep.onEnabledChanged = [this] {
         if (m_model.tmrSleep.Enabled)
-            m_tmrSleep.start(m_model.tmrSleep.Interval);
+            m_tmrSleep->start(m_model.tmrSleep.Interval);
         else
-            m_tmrSleep.stop();
+            m_tmrSleep->stop();
     };
 
     refresh();

@@ -62,5 +62,5 @@ private:
     ProjectTreeModel* m_treeModel = nullptr;
     NodeListModel* m_listModel = nullptr;
     std::map<QString, QAction*> m_actions; // by entry name; a top entry's is its menu's action
-    QTimer m_tmrSleep;
+    QTimer* m_tmrSleep = nullptr;
 };

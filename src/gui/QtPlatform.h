@@ -29,6 +29,8 @@ public:
     void dropViews();
     // The view of a form, or null while the form has not been shown.
     FormView* existingView(const QString& formName) const;
+    // The view of a form, made now if it was not yet.
+    FormView& viewOf(FormModel& form);
 
     // "caption|pattern|caption|pattern" to "caption (pattern);;caption (pattern)".
     static QString QtFilter(const QString& filter);
@@ -65,7 +67,6 @@ private:
         FormView* view = nullptr;
         QPointer<QWidget> window;
     };
-    FormView& viewOf(FormModel& form);
     QWidget* mainWindow() const;
     std::optional<QString> fileDialog(const FileDialogOptions& options, bool save);
 

@@ -47,6 +47,11 @@ MainWindowView* VornaApp::mainView() const
     return dynamic_cast<MainWindowView*>(m_platform.existingView(mainForm.formName()));
 }
 
+std::vector<FormModel*> VornaApp::forms()
+{
+    return {&splash, &mainForm, &about, &message};
+}
+
 void VornaApp::Main(const StartOptions& options)
 {
     const QString appPath

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include <QString>
 
 #include "VORNAGlobal.h"
@@ -41,6 +43,8 @@ public:
 
     // The main window's view, once it is shown.
     MainWindowView* mainView() const;
+    // Every form of the program, each with a view that the platform makes on its first showing.
+    std::vector<FormModel*> forms();
 
 private:
     template<class View, class Model> void addView(Model& form);

@@ -25,23 +25,6 @@
 
 namespace {
 
-// Plays the user at the next modal window: waits for it to come up, then hands it over.
-// The action must close it, or the test hangs where a user would be left looking at it.
-void atNextModal(std::function<void(QWidget*)> action)
-{
-    auto* poll = new QTimer;
-    poll->setInterval(10);
-    QObject::connect(poll, &QTimer::timeout, [poll, action] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || !modal->isVisible())
-            return;
-        poll->stop();
-        poll->deleteLater();
-        action(modal);
-    });
-    poll->start();
-}
-
 QAbstractButton* dialogButton(QWidget* dialog, QDialogButtonBox::StandardButton which)
 {
     auto* box = dialog->findChild<QDialogButtonBox*>();
