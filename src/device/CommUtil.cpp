@@ -37,6 +37,13 @@ qint64 DateDiff(const QString& interval, const QDateTime& from, const QDateTime&
 
 } // namespace
 
+CommControl& LinkComm(VORNAGlobal& g)
+{
+    if (!g.link.CommCtl)
+        throw UnhandledError(QStringLiteral("Object variable or With block variable not set"));
+    return *g.link.CommCtl;
+}
+
 bool EnsureCommOpen(VORNAGlobal& g, CommControl& comm)
 {
     if (comm.PortOpen())

@@ -3,6 +3,7 @@
 #include "CaseName.h"
 #include "CommUtil.h"
 #include "DeviceFixture.h"
+#include "DownloadSteps.h"
 #include "ProjectImage.h"
 
 namespace {
@@ -81,13 +82,13 @@ protected:
 TEST_F(ProjectImageTest, TheTwoWorkedRecordsByteForByte)
 {
     CommBuffer cmd(256);
-    SetPhoneBookRecord(g, cmd, 2, {"0912345678", false, 2, 10});
+    ASSERT_EQ(SetPhoneBookRecord(g, cmd, 2, {"0912345678", false, 2, 10}), 19);
     EXPECT_EQ(Hex(cmd.bytes(1, 19)), "F7 50 43 02 0E 00 02 0A 02 30 39 31 32 33 34 35 36 37 38");
 
     const ShortMsgEntry ab {false, 0, "AB", 2, 4};
-    SetShortMsgRecord(g, cmd, ab, EncodeMessageText(g, "AB", true), true);
+    ASSERT_EQ(SetShortMsgRecord(g, cmd, ab, true), 13);
     EXPECT_EQ(Hex(cmd.bytes(1, 13)), "F7 50 53 04 08 41 00 04 00 00 41 00 42");
-    SetShortMsgRecord(g, cmd, ab, EncodeMessageText(g, "AB", false), false);
+    ASSERT_EQ(SetShortMsgRecord(g, cmd, ab, false), 11);
     EXPECT_EQ(Hex(cmd.bytes(1, 11)), "F7 50 53 04 06 40 00 02 00 41 42");
 }
 
@@ -139,6 +140,19 @@ TEST_F(ProjectImageTest, TheSizeFollowsTheEncodingOfTheMoment)
     BuildProjectImage(g, image);
     EXPECT_EQ(g.project.ProjectImageSize, 10 + 4 + 6 + 4);
     EXPECT_EQ(Hex(EncodeMessageText(g, QStringLiteral("火"), false)), "A4 F5");
+}
+
+TEST_F(ProjectImageTest, AnImageOfExactlyTheMemoryGoesAndOneByteMoreIsRefused)
+{
+    g.project.MaxMemoryByte = 12288;
+    g.project.ProjectImageSize = 12288;
+    EXPECT_TRUE(IsImageSizeAllowed(g));
+    g.project.ProjectImageSize = 12289;
+    platform.expectBox(MsgBox::Critical,
+        QStringLiteral(
+            "專案下載失敗!\r\n欲下載的專案 [12289 Byte] 過大, 請更改專案內容。記憶空間為 12288Byte."),
+        QStringLiteral("下載專案"));
+    EXPECT_FALSE(IsImageSizeAllowed(g));
 }
 
 TEST_F(ProjectImageTest, ACodePageThatQtLacksStopsTheProgram)
