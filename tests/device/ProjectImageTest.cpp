@@ -8,70 +8,14 @@
 
 namespace {
 
-// A project of the shipped template with its groups and zones replaced by the test's own.
-class ProjectImageTest : public DeviceTest
+class ProjectImageTest : public DeviceTest, public ProjectRows
 {
 protected:
     ProjectImageTest()
+        : ProjectRows(g)
     {
         newProject();
-        clear(g.project.rsUserGroups);
-        clear(g.project.rsZones);
-    }
-
-    static void clear(Recordset& rs)
-    {
-        rs.MoveFirst();
-        while (!rs.IsEOF()) {
-            rs.Delete();
-            rs.MoveNext();
-        }
-    }
-
-    void group(const QString& name)
-    {
-        Recordset& rs = g.project.rsUserGroups;
-        rs.AddNew();
-        rs.setField("GroupName", name);
-        rs.Update();
-    }
-
-    void user(const QString& name, const QString& phone, const QString& groups, bool disabled = false)
-    {
-        Recordset& rs = g.project.rsUsers;
-        rs.AddNew();
-        rs.setField("UserName", name);
-        rs.setField("PhoneNumber", phone);
-        rs.setField("GroupName", groups);
-        rs.setField("IsDisable", disabled);
-        rs.Update();
-    }
-
-    void zone(
-        int no, const QString& target, const QString& alarm, const QString& reset, bool disabled = false)
-    {
-        Recordset& rs = g.project.rsZones;
-        rs.AddNew();
-        rs.setField("ZoneNo", no);
-        rs.setField("GroupName", target);
-        rs.setField("AlarmSMS", alarm);
-        rs.setField("ResetSMS", reset);
-        rs.setField("IsDisable", disabled);
-        rs.Update();
-    }
-
-    void unicode(bool on)
-    {
-        g.project.rsBasic.MoveFirst();
-        g.project.rsBasic.setField("IsUnicode", on);
-        g.project.rsBasic.Update();
-    }
-
-    static QByteArray File(const char* name)
-    {
-        QFile f(QString::fromLatin1(name));
-        EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << name;
-        return f.readAll();
+        clearGroupsAndZones();
     }
 
     ProjectImage image;
