@@ -43,6 +43,5 @@ AboutView::AboutView(frmAbout& model, QWidget* parent)
     grid->setColumnStretch(1, 1);
     // Wide enough for the longest caption of each language; the layout grows it if need be.
     setMinimumWidth(380);
-    grid->setSizeConstraint(QLayout::SetMinimumSize);
     refresh();
 }

@@ -92,6 +92,7 @@ struct MenuHandler
 // Top menus whose click sets up their entries before they drop down.
 const MenuHandler kMenuSetUps[] = {
     {"mnuFile", &frmMain::mnuFile_Click},
+    {"mnuProj", &frmMain::mnuProj_Click},
 };
 
 const MenuHandler kMenuClicks[] = {
@@ -101,6 +102,13 @@ const MenuHandler kMenuClicks[] = {
     {"mnuFileSaveAs", &frmMain::mnuFileSaveAs_Click},
     {"mnuFileBasic", &frmMain::mnuFileBasic_Click},
     {"mnuFileExit", &frmMain::mnuFileExit_Click},
+    {"mnuProjAddGroupList", &frmMain::mnuProjAddGroupList_Click},
+    {"mnuProjAddTelList", &frmMain::mnuProjAddTelList_Click},
+    {"mnuProjEditGroupList", &frmMain::mnuProjEditGroupList_Click},
+    {"mnuProjEditTelList", &frmMain::mnuProjEditTelList_Click},
+    {"mnuProjEditZoneList", &frmMain::mnuProjEditZoneList_Click},
+    {"mnuProjDeleteGroupList", &frmMain::mnuProjDeleteGroupList_Click},
+    {"mnuProjDeleteTelList", &frmMain::mnuProjDeleteTelList_Click},
     {"mnuViewRefresh", &frmMain::mnuViewRefresh_Click},
     {"mnuHelpAbout", &frmMain::mnuHelpAbout_Click},
 };

@@ -93,6 +93,15 @@ public:
     void mnuFileBasic_Click();
     void mnuFileMRU_Click(int Index);
     void mnuFileExit_Click();
+    // The Project menu is in ProjectMenu.cpp.
+    void mnuProj_Click();
+    void mnuProjAddGroupList_Click();
+    void mnuProjAddTelList_Click();
+    void mnuProjEditGroupList_Click();
+    void mnuProjEditTelList_Click();
+    void mnuProjEditZoneList_Click();
+    void mnuProjDeleteGroupList_Click();
+    void mnuProjDeleteTelList_Click();
     void mnuViewRefresh_Click();
     void mnuHelpAbout_Click();
 

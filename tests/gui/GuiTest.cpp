@@ -104,12 +104,6 @@ TEST(GuiStart, TheProgramStartsWithItsMainWindowShowingNoProject)
             QStringLiteral("結束(&X)")}));
     for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
         EXPECT_FALSE(window->findChild<QAction*>(QString::fromLatin1(name))->isEnabled()) << name;
-
-    QAbstractItemModelTester treeTester(
-        window->treeModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    QAbstractItemModelTester listTester(
-        window->listModel(), QAbstractItemModelTester::FailureReportingMode::Fatal);
-    vorna.mainForm.RefreshFormObj();
 }
 
 TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
