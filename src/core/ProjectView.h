@@ -68,7 +68,7 @@ public:
 
 // The view of a program without a window (vorna-cli) and of a program whose window is not
 // made yet: every call does nothing.
-class NullProjectView final : public ProjectView
+class NullProjectView : public ProjectView
 {
 public:
     static NullProjectView& instance()
