@@ -58,6 +58,11 @@ public:
     virtual void removeNode(int node) = 0;
     // Makes the node the tree's selected item.
     virtual void selectNode(int node) = 0;
+    // A node's text, Tag and colour (SystemColor::GrayText, or an RGB colour); -1 does
+    // nothing, and so does a view without a tree.
+    virtual void setNodeText(int, const QString&) { }
+    virtual void setNodeTag(int, const QString&) { }
+    virtual void setNodeForeColor(int, quint32) { }
     // Repaints the tree after nodes were added, removed or selected.
     virtual void refreshTree() = 0;
     // Fills the content list for the tree's selected node.
@@ -68,7 +73,7 @@ public:
 
 // The view of a program without a window (vorna-cli) and of a program whose window is not
 // made yet: every call does nothing.
-class NullProjectView final : public ProjectView
+class NullProjectView : public ProjectView
 {
 public:
     static NullProjectView& instance()

@@ -1,12 +1,12 @@
 #include "ProjectImage.h"
 
 #include <QFile>
-#include <QStringEncoder>
 
 #include "CommBuffer.h"
 #include "CommControl.h"
 #include "CommProtocol.h"
 #include "CommUtil.h"
+#include "MultiByte.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 
@@ -25,26 +25,11 @@ bool Flag(const Recordset& rs, const char* field)
     return !v.isNull() && v.toBool();
 }
 
-QString CodePage(VORNAGlobal& g)
-{
-    return g.link.CodePage.isEmpty() ? DefaultCodePage : g.link.CodePage;
-}
-
-QByteArray Encode8Bit(VORNAGlobal& g, const QString& text)
-{
-    const QString name = CodePage(g);
-    QStringEncoder encoder(name.toLatin1().constData());
-    if (!encoder.isValid())
-        throw UnhandledError(QStringLiteral("The code page ") + name
-            + QStringLiteral(" is not available: Qt was built without this text codec."));
-    return encoder.encode(text);
-}
-
 // The 8-bit code of one character; a character that takes two bytes has a code above
 // 255, which no byte field takes.
 int CharCode(VORNAGlobal& g, QChar ch)
 {
-    const QByteArray b = Encode8Bit(g, QString(ch));
+    const QByteArray b = ToMultiByte(g, QString(ch));
     if (b.size() == 1)
         return quint8(b[0]);
     return b.size() == 2 ? quint8(b[0]) * 256 + quint8(b[1]) : 0;
@@ -167,7 +152,7 @@ bool BuildShortMsgList(VORNAGlobal& g, ProjectImage& image)
 QByteArray EncodeMessageText(VORNAGlobal& g, const QString& text, bool unicode)
 {
     if (!unicode)
-        return Encode8Bit(g, text);
+        return ToMultiByte(g, text);
     QByteArray bytes;
     bytes.reserve(text.size() * 2);
     for (QChar unit : text) {

@@ -41,9 +41,6 @@ struct ProjectImage
     bool IsUnicodeSMS = false;
 };
 
-// The code page of 8-bit texts when the profile names none.
-inline const QString DefaultCodePage = QStringLiteral("Big5");
-
 bool BuildProjectImage(VORNAGlobal& g, ProjectImage& image);
 bool BuildPhoneBookList(VORNAGlobal& g, ProjectImage& image);
 bool BuildShortMsgList(VORNAGlobal& g, ProjectImage& image);

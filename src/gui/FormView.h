@@ -4,6 +4,9 @@
 
 #include <QDialog>
 
+class QBoxLayout;
+class QFrame;
+
 #include "FormBinder.h"
 #include "FormModel.h"
 #include "Platform.h"
@@ -44,6 +47,9 @@ public:
         else
             this->unsetCursor();
         m_binder.paint();
+        if (Control* focus = m_form.takeFocusRequest())
+            if (QWidget* w = this->template findChild<QWidget*>(focus->Name))
+                w->setFocus();
     }
 
 protected:
@@ -60,8 +66,19 @@ public:
 
 protected:
     void setCancel(FormBinder::Handler cancel) { m_cancel = std::move(cancel); }
+    // The row of a dialog's OK and Cancel buttons, at its right: OK is the default button that
+    // Enter presses, and Escape and the close box click Cancel.
+    QBoxLayout* okCancelRow(
+        Label& cmdOK, FormBinder::Handler okClick, Label& cmdCancel, FormBinder::Handler cancelClick);
+    // A horizontal rule between groups of controls.
+    QFrame* rule(Control& line);
+    // The widget that has the focus each time the dialog is shown, so that the keys always
+    // start from the same place; without one the dialog keeps the focus where it was.
+    void setFirstFocus(QWidget* widget) { m_firstFocus = widget; }
+    void showEvent(QShowEvent* event) override;
     void reject() override;
 
 private:
     FormBinder::Handler m_cancel;
+    QWidget* m_firstFocus = nullptr;
 };

@@ -4,6 +4,9 @@
 #include <QDir>
 
 #include "AboutView.h"
+#include "EditGroupListView.h"
+#include "EditZoneListView.h"
+#include "KeyInStringView.h"
 #include "MainWindowView.h"
 #include "MessageView.h"
 #include "QtPlatform.h"
@@ -18,20 +21,26 @@ VornaApp::VornaApp(QtPlatform& platform)
     , mainForm(g)
     , about(g)
     , message(g)
+    , projectForms(g)
     , m_platform(platform)
 {
     g.link.BusyForm = &message;
+    g.setDialogs(&projectForms);
     mainForm.about = &about;
     addView<SplashView>(splash);
     addView<MainWindowView>(mainForm);
     addView<AboutView>(about);
     addView<MessageView>(message);
+    addView<KeyInStringView>(projectForms.keyInString);
+    addView<EditGroupListView>(projectForms.editGroupList);
+    addView<EditZoneListView>(projectForms.editZoneList);
 }
 
 VornaApp::~VornaApp()
 {
     m_platform.dropViews();
     g.setView(nullptr);
+    g.setDialogs(nullptr);
     g.link.BusyForm = nullptr;
 }
 
@@ -49,7 +58,10 @@ MainWindowView* VornaApp::mainView() const
 
 std::vector<FormModel*> VornaApp::forms()
 {
-    return {&splash, &mainForm, &about, &message};
+    std::vector<FormModel*> all {&splash, &mainForm, &about, &message};
+    for (FormModel* form : projectForms.forms())
+        all.push_back(form);
+    return all;
 }
 
 void VornaApp::Main(const StartOptions& options)

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include "ProjectForms.h"
 #include "VORNAGlobal.h"
 #include "frmAbout.h"
 #include "frmMain.h"
@@ -40,6 +41,7 @@ public:
     frmMain mainForm;
     frmAbout about;
     frmMessage message;
+    ProjectForms projectForms;
 
     // The main window's view, once it is shown.
     MainWindowView* mainView() const;

@@ -11,6 +11,12 @@ QString mainText(const VORNAGlobal& g, const char* text, int seq, int id)
         QStringLiteral("VORNAMain"));
 }
 
+void setEntry(Menu& entry, const QString& caption, bool enabled)
+{
+    entry.Caption = caption;
+    entry.Enabled = enabled;
+}
+
 } // namespace
 
 // The Project menu works on the selected node: it sets its entries for the node's kind and
@@ -42,12 +48,9 @@ void frmMain::mnuProj_Click()
     qint16 count = 0;
     ParseNodeTag(tvProjectContent.Nodes[tvProjectContent.SelectedItem].Tag, Items, count);
     const auto plainGroupCaptions = [&] {
-        editGroup.Caption = mainText(m_g, "編輯連絡人群組", 1, 872);
-        editGroup.Enabled = false;
-        deleteGroup.Caption = mainText(m_g, "刪除連絡人群組", 1, 874);
-        deleteGroup.Enabled = false;
-        addGroup.Caption = mainText(m_g, "新增連絡人群組", 1, 876);
-        addGroup.Enabled = true;
+        setEntry(editGroup, mainText(m_g, "編輯連絡人群組", 1, 872), false);
+        setEntry(deleteGroup, mainText(m_g, "刪除連絡人群組", 1, 874), false);
+        setEntry(addGroup, mainText(m_g, "新增連絡人群組", 1, 876), true);
     };
 
     if (count == 1) {
@@ -55,35 +58,25 @@ void frmMain::mnuProj_Click()
             return;
         if (Items(1) == QLatin1String("Users")) {
             plainGroupCaptions();
-            editTel.Caption = mainText(m_g, "編輯連絡人", 1, 878);
-            editTel.Enabled = false;
-            deleteTel.Caption = mainText(m_g, "刪除連絡人", 1, 880);
-            deleteTel.Enabled = false;
-            addTel.Caption = mainText(m_g, "新增連絡人", 1, 882);
-            addTel.Enabled = true;
-            editZone.Caption = mainText(m_g, "編輯警報點", 1, 884);
-            editZone.Enabled = false;
+            setEntry(editTel, mainText(m_g, "編輯連絡人", 1, 878), false);
+            setEntry(deleteTel, mainText(m_g, "刪除連絡人", 1, 880), false);
+            setEntry(addTel, mainText(m_g, "新增連絡人", 1, 882), true);
+            setEntry(editZone, mainText(m_g, "編輯警報點", 1, 884), false);
         }
     } else {
         if (Items(1) == QLatin1String("UserGroups") && count >= 2) {
-            editGroup.Caption
-                = mainText(m_g, "編輯連絡人群組[", 1, 1030) + Items(2) + mainText(m_g, "]", 2, 1030);
-            editGroup.Enabled = true;
-            deleteGroup.Caption
-                = mainText(m_g, "刪除連絡人群組[", 1, 1032) + Items(2) + mainText(m_g, "]", 2, 1032);
-            deleteGroup.Enabled = true;
-            addGroup.Caption = mainText(m_g, "新增連絡人群組", 1, 876);
-            addGroup.Enabled = true;
+            setEntry(editGroup,
+                mainText(m_g, "編輯連絡人群組[", 1, 1030) + Items(2) + mainText(m_g, "]", 2, 1030), true);
+            setEntry(deleteGroup,
+                mainText(m_g, "刪除連絡人群組[", 1, 1032) + Items(2) + mainText(m_g, "]", 2, 1032), true);
+            setEntry(addGroup, mainText(m_g, "新增連絡人群組", 1, 876), true);
         } else {
             plainGroupCaptions();
         }
-        if (Items(1) == QLatin1String("Zones") && count >= 2) {
-            editZone.Caption = mainText(m_g, "編輯警報點[", 1, 919) + Items(2) + QStringLiteral("]");
-            editZone.Enabled = true;
-        } else {
-            editZone.Caption = mainText(m_g, "編輯警報點", 1, 922);
-            editZone.Enabled = false;
-        }
+        if (Items(1) == QLatin1String("Zones") && count >= 2)
+            setEntry(editZone, mainText(m_g, "編輯警報點[", 1, 919) + Items(2) + QStringLiteral("]"), true);
+        else
+            setEntry(editZone, mainText(m_g, "編輯警報點", 1, 922), false);
     }
     bool found = false;
     LocateCurRecord(Items, count, found);

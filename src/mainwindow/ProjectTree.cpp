@@ -195,6 +195,24 @@ void frmMain::selectNode(int node)
     tvProjectContent.SelectedItem = node;
 }
 
+void frmMain::setNodeText(int node, const QString& text)
+{
+    if (node >= 0 && node < nodeCount())
+        tvProjectContent.Nodes[node].Text = text;
+}
+
+void frmMain::setNodeTag(int node, const QString& tag)
+{
+    if (node >= 0 && node < nodeCount())
+        tvProjectContent.Nodes[node].Tag = tag;
+}
+
+void frmMain::setNodeForeColor(int node, quint32 color)
+{
+    if (node >= 0 && node < nodeCount())
+        tvProjectContent.Nodes[node].ForeColor = color;
+}
+
 void frmMain::refreshTree()
 {
     notifyChanged();

@@ -125,6 +125,9 @@ public:
         const QString& tag) override;
     void removeNode(int node) override;
     void selectNode(int node) override;
+    void setNodeText(int node, const QString& text) override;
+    void setNodeTag(int node, const QString& tag) override;
+    void setNodeForeColor(int node, quint32 color) override;
     void refreshTree() override;
 
 private:

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include <QString>
@@ -35,6 +36,8 @@ public:
     virtual std::span<const FormTextPath> formTexts() const { return {}; }
     // Runs when the form is loaded: at its first showing, and again after an unload.
     virtual void Form_Load() { }
+    // Runs each time the form is shown, once it is visible.
+    virtual void Form_Activate() { }
 
     QString Caption;
     bool Visible = false;
@@ -51,6 +54,11 @@ public:
     // The text property that a form-text path names, or null when the path reaches no control.
     // A dotted path names a part of a control, or a control placed on a container.
     QString* textProperty(const QString& path, const QString& property);
+
+    // Moves the keyboard focus to a control; the view does so at its next painting.
+    void SetFocus(Control& control) { m_focusRequest = &control; }
+    // The control that the focus was last sent to, once; null when it was not sent since.
+    Control* takeFocusRequest() { return std::exchange(m_focusRequest, nullptr); }
 
     // The view registers onChanged so that the model can ask for a repaint in the middle of
     // a long operation.
@@ -70,4 +78,5 @@ protected:
 private:
     std::vector<Control*> m_controls;
     bool m_loaded = false;
+    Control* m_focusRequest = nullptr;
 };

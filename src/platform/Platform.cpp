@@ -6,6 +6,7 @@ void Platform::showModal(FormModel& form)
 {
     form.Load();
     form.Visible = true;
+    form.Form_Activate();
     runModal(form);
     form.Visible = false;
 }
@@ -14,6 +15,7 @@ void Platform::showModeless(FormModel& form)
 {
     form.Load();
     form.Visible = true;
+    form.Form_Activate();
     showWindow(form);
 }
 

@@ -13,21 +13,7 @@
 
 namespace {
 
-class FormViewsTest : public ::testing::Test
-{
-protected:
-    FormViewsTest()
-        : platform(QDir(folder.root()).filePath(QStringLiteral("settings.ini")))
-        , vorna(platform)
-    {
-        guiApp();
-        vorna.Main({folder.appPath(), false});
-    }
-
-    TestFolder folder;
-    QtPlatform platform;
-    VornaApp vorna;
-};
+using FormViewsTest = VornaWindowTest;
 
 } // namespace
 

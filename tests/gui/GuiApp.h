@@ -5,6 +5,13 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+#include "QtPlatform.h"
+#include "TestFolder.h"
+#include "VornaApp.h"
 #include "VornaApplication.h"
 
 // The one application object of the GUI tests, made on first use.
@@ -34,3 +41,21 @@ inline void atNextModal(std::function<void(QWidget*)> action)
     });
     poll->start();
 }
+
+// The program started in a fresh installation, its main window shown, the splash's wait skipped.
+class VornaWindowTest : public ::testing::Test
+{
+protected:
+    VornaWindowTest()
+        : platform(QDir(folder.root()).filePath(QStringLiteral("settings.ini")))
+        , vorna(platform)
+    {
+        guiApp();
+        vorna.Main({folder.appPath(), false});
+    }
+    ~VornaWindowTest() override { InstallToolkitTranslation(QStringLiteral("English")); }
+
+    TestFolder folder;
+    QtPlatform platform;
+    VornaApp vorna;
+};

@@ -39,22 +39,7 @@ QStringList comboTexts(const QComboBox* combo)
     return texts;
 }
 
-class PlatformDialogTest : public ::testing::Test
-{
-protected:
-    PlatformDialogTest()
-        : platform(QDir(folder.root()).filePath(QStringLiteral("settings.ini")))
-        , vorna(platform)
-    {
-        guiApp();
-        vorna.Main({folder.appPath(), false});
-    }
-    ~PlatformDialogTest() override { InstallToolkitTranslation(QStringLiteral("English")); }
-
-    TestFolder folder;
-    QtPlatform platform;
-    VornaApp vorna;
-};
+using PlatformDialogTest = VornaWindowTest;
 
 } // namespace
 

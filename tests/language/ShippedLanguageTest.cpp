@@ -160,7 +160,7 @@ TEST_F(ShippedLanguageTest, DeliveredProfileFollowsTheSystemLocale)
         SCOPED_TRACE(c.locale);
         platform.localeName = QString::fromUtf8(c.locale);
         MLUtil ml(platform);
-        EXPECT_EQ(ml.InitML(), 3);
+        EXPECT_EQ(ml.InitML(), 6);
         EXPECT_EQ(ml.AppliedLangName, QStringLiteral("AUTO"));
         EXPECT_EQ(ml.GetText(QStringLiteral("default"), 2, 976, QStringLiteral("VORNAMain")).toStdString(),
             c.welcome);

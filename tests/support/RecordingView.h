@@ -17,6 +17,7 @@ public:
         QString Text;
         QString Image;
         QString Tag;
+        quint32 ForeColor = 0;
         bool operator==(const Node&) const = default;
     };
 
@@ -83,6 +84,21 @@ public:
             --selectedNode;
     }
     void selectNode(int node) override { selectedNode = node; }
+    void setNodeText(int node, const QString& text) override
+    {
+        if (node >= 0)
+            nodes.at(node).Text = text;
+    }
+    void setNodeTag(int node, const QString& tag) override
+    {
+        if (node >= 0)
+            nodes.at(node).Tag = tag;
+    }
+    void setNodeForeColor(int node, quint32 color) override
+    {
+        if (node >= 0)
+            nodes.at(node).ForeColor = color;
+    }
     void refreshTree() override { ++treeRefreshCount; }
     void mklvNodeContent() override { ++listFillCount; }
     void LocateCurRecord(NodeTagItems& Items, qint16 count, bool& found) override

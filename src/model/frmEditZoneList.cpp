@@ -1,0 +1,212 @@
+#include "frmEditZoneList.h"
+
+#include "FormText.h"
+#include "MultiByte.h"
+#include "UnhandledError.h"
+#include "VBUtil.h"
+#include "VORNAGlobal.h"
+#include "VORNAUtil.h"
+
+namespace {
+
+const QString Module = QStringLiteral("EditZoneList");
+const QString All = QStringLiteral("ALL");
+
+const FormTextPath kFormTexts[] = {{""}, {"txtAlarmSMS", "Text"}, {"txtZoneDsc", "Text"},
+    {"txtResetSMS", "Text"}, {"chkIsDisable"}, {"txtZoneName", "Text"}, {"cmdCancel"}, {"cmdOK"},
+    {"lblZoneNo"}, {"Label5"}, {"Label4"}, {"Label6"}, {"Label3"}, {"Label2"}, {"Label1"}};
+
+QString Text(const Recordset& rs, const char* field)
+{
+    return NullToEmpty(rs.Fields(QString::fromLatin1(field)));
+}
+
+// A stored Boolean; the store's default (null) reads as False.
+bool Flag(const Recordset& rs, const char* field)
+{
+    const QVariant value = rs.Fields(QString::fromLatin1(field));
+    return !value.isNull() && value.toBool();
+}
+
+} // namespace
+
+frmEditZoneList::frmEditZoneList(VORNAGlobal& g)
+    : m_g(g)
+{
+    Caption = QStringLiteral("警報區");
+    Label3.Caption = QStringLiteral("警   報   點 :");
+    Label2.Caption = QStringLiteral("警報點名稱 : ");
+    Label4.Caption = QStringLiteral("警報點說明 :");
+    Label1.Caption = QStringLiteral("連絡人群組名稱 :");
+    Label5.Caption = QStringLiteral("警報發起訊息 :");
+    Label6.Caption = QStringLiteral("警報復歸訊息 :");
+    chkIsDisable.Caption = QStringLiteral("暫停使用");
+    cmdOK.Caption = QStringLiteral("確定");
+    cmdCancel.Caption = QStringLiteral("取消");
+    txtZoneName.MaxLength = 40;
+    txtZoneDsc.MultiLine = true;
+    for (TextBox* message : {&txtAlarmSMS, &txtResetSMS}) {
+        message->MultiLine = true;
+        message->MaxLength = 140;
+    }
+}
+
+std::span<const FormTextPath> frmEditZoneList::formTexts() const
+{
+    return kFormTexts;
+}
+
+QString frmEditZoneList::T(const char* defaultText, int seq, int id) const
+{
+    return m_g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
+}
+
+bool frmEditZoneList::IsUnicode() const
+{
+    return Flag(m_g.project.rsBasic, "IsUnicode");
+}
+
+frmEditZoneList::MessageSize frmEditZoneList::MessageSizeOf(const QString& message) const
+{
+    if (IsUnicode())
+        return {static_cast<int>(message.size()), 70};
+    return {static_cast<int>(ToMultiByte(m_g, message).size()), 160};
+}
+
+void frmEditZoneList::Form_Load()
+{
+    ApplyFormText(m_g.ml, *this);
+}
+
+void frmEditZoneList::LoadFormObj()
+{
+    Load();
+    FocusControl = nullptr;
+    const Recordset& rs = m_g.project.rsZones;
+    lblZoneNo.Caption = Text(rs, "ZoneNo");
+    txtZoneName.Text = Text(rs, "ZoneName");
+    txtZoneDsc.Text = Text(rs, "ZoneDsc");
+    txtAlarmSMS.Text = Text(rs, "AlarmSMS");
+    txtResetSMS.Text = Text(rs, "ResetSMS");
+    chkIsDisable.Value = Flag(rs, "IsDisable") ? CheckBox::Checked : CheckBox::Unchecked;
+    mkcmbGroupName();
+    OldGroupText = cmbGroupName.Text;
+    OldZoneName = txtZoneName.Text;
+}
+
+// "NONE" is the only row of a project without groups. With groups there is no empty
+// choice: a zone without a target shows the first group, which OK then stores.
+void frmEditZoneList::mkcmbGroupName()
+{
+    cmbGroupName.Clear();
+    cmbGroupName.AddItem(QStringLiteral("NONE"));
+    Recordset& groups = m_g.project.rsUserGroups;
+    if (groups.RecordCount() > 0) {
+        cmbGroupName.Clear();
+        Recordset clone = groups.Clone();
+        for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext()) {
+            const QString name = Text(clone, "GroupName");
+            if (!name.isEmpty())
+                cmbGroupName.AddItem(name, name);
+        }
+        clone.Close();
+        cmbGroupName.AddItem(T("所有連絡人群組", 1, 208), All);
+    }
+
+    const QString target = Text(m_g.project.rsZones, "GroupName");
+    if (target.isEmpty()) {
+        cmbGroupName.ListIndex = 0;
+        cmbGroupName.Text = cmbGroupName.List[0];
+    } else if (target == All) {
+        SelectGroupText(T("所有連絡人群組", 1, 315));
+    } else {
+        SelectGroupText(target);
+    }
+}
+
+// A drop-down list takes only a text that it holds.
+void frmEditZoneList::SelectGroupText(const QString& text)
+{
+    for (int i = 0; i < cmbGroupName.ListCount(); ++i) {
+        if (cmbGroupName.List[i] == text) {
+            cmbGroupName.ListIndex = i;
+            cmbGroupName.Text = text;
+            return;
+        }
+    }
+    throw UnhandledError(QStringLiteral("'Text' property is read-only"));
+}
+
+// The alarm message is checked first; the reset message only once the alarm message fits.
+void frmEditZoneList::CheckFormObj(bool& IsValid)
+{
+    const auto refused = [this](TextBox& message, const QString& text, const QString& title) {
+        if (MessageSizeOf(message.Text).fits())
+            return false;
+        m_g.platform.msgBox(text, MsgBox::Critical, title);
+        FocusControl = &message;
+        return true;
+    };
+    const bool unicode = IsUnicode();
+    IsValid = false;
+    if (refused(txtAlarmSMS,
+            unicode ? T("警報發起訊息長度不得超過70個字!", 1, 255)
+                    : T("警報發起訊息長度不得超過160個位元組!", 1, 268),
+            T("警報發起訊息長度超過限制", 2, 255)))
+        return;
+    if (refused(txtResetSMS,
+            unicode ? T("警報復歸訊息長度不得超過70個字!", 1, 261)
+                    : T("警報復歸訊息長度不得超過160個位元組!", 1, 274),
+            T("警報復歸訊息長度超過限制", 2, 274)))
+        return;
+    IsValid = true;
+}
+
+void frmEditZoneList::SaveFormObj()
+{
+    ProjectState& p = m_g.project;
+    ProjectView& view = m_g.view();
+    Recordset& rs = p.rsZones;
+    const QString zoneNo = lblZoneNo.Caption;
+    rs.setField(QStringLiteral("ZoneNo"), zoneNo.toInt());
+    rs.setField(QStringLiteral("ZoneName"), txtZoneName.Text);
+    rs.setField(QStringLiteral("ZoneDsc"), txtZoneDsc.Text);
+    const QVariant target = cmbGroupName.selectedData();
+    if (target.isValid())
+        rs.setField(QStringLiteral("GroupName"), target.toString());
+    rs.setField(QStringLiteral("AlarmSMS"), txtAlarmSMS.Text);
+    rs.setField(QStringLiteral("ResetSMS"), txtResetSMS.Text);
+    const bool disabled = chkIsDisable.Value == CheckBox::Checked;
+    rs.setField(QStringLiteral("IsDisable"), disabled);
+    rs.Update();
+
+    const QString tag = QStringLiteral("Zones,") + zoneNo;
+    const int node = FindNodeByTag(view, tag);
+    if (txtZoneName.Text != OldZoneName) {
+        view.setNodeText(node, QStringLiteral("#") + zoneNo + QStringLiteral("-") + txtZoneName.Text);
+        view.setNodeTag(node, tag);
+        view.selectNode(node);
+    }
+    view.setNodeForeColor(node, disabled ? SystemColor::GrayText : 0);
+
+    view.mklvNodeContent();
+    p.IsProjectModified = true;
+}
+
+void frmEditZoneList::cmdOK_Click()
+{
+    bool IsValid = false;
+    CheckFormObj(IsValid);
+    if (!IsValid) {
+        if (FocusControl)
+            SetFocus(*FocusControl);
+        return;
+    }
+    SaveFormObj();
+    m_g.platform.hideForm(*this);
+}
+
+void frmEditZoneList::cmdCancel_Click()
+{
+    m_g.platform.hideForm(*this);
+}

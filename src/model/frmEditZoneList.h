@@ -1,0 +1,66 @@
+#pragma once
+
+#include "FormModel.h"
+
+class VORNAGlobal;
+
+// The editor of an alarm zone: its name, description, target group, the two messages and
+// whether it is suspended.
+class frmEditZoneList : public FormModel
+{
+public:
+    explicit frmEditZoneList(VORNAGlobal& g);
+    QString formName() const override { return QStringLiteral("frmEditZoneList"); }
+    std::span<const FormTextPath> formTexts() const override;
+
+    // What a message takes of its room in the device: UTF-16 units of 70 in a Unicode
+    // project, else bytes of 160 in the 8-bit code page; CR LF counts two either way.
+    struct MessageSize
+    {
+        int used = 0;
+        int limit = 0;
+        bool fits() const { return used <= limit; }
+    };
+    MessageSize MessageSizeOf(const QString& message) const;
+
+    void Form_Load() override;
+    // Fills the form from the current row of rsZones.
+    void LoadFormObj();
+    void mkcmbGroupName();
+    void CheckFormObj(bool& IsValid);
+    void SaveFormObj();
+    void cmdOK_Click();
+    void cmdCancel_Click();
+
+    // The control that a refused check sends the focus to.
+    Control* FocusControl = nullptr;
+    QString OldGroupText;
+    QString OldZoneName;
+
+    Label Label3 {*this, "Label3"};
+    Label lblZoneNo {*this, "lblZoneNo"};
+    Label Label2 {*this, "Label2"};
+    TextBox txtZoneName {*this, "txtZoneName"};
+    Label Label4 {*this, "Label4"};
+    TextBox txtZoneDsc {*this, "txtZoneDsc"};
+    Label Label1 {*this, "Label1"};
+    // Each row's value is what SaveFormObj stores: a group's name, "ALL", or nothing for
+    // "NONE", which leaves the stored target as it was.
+    ComboBox cmbGroupName {*this, "cmbGroupName"};
+    Control Line1 {*this, "Line1"};
+    Label Label5 {*this, "Label5"};
+    TextBox txtAlarmSMS {*this, "txtAlarmSMS"};
+    Label Label6 {*this, "Label6"};
+    TextBox txtResetSMS {*this, "txtResetSMS"};
+    Control Line2 {*this, "Line2"};
+    CheckBox chkIsDisable {*this, "chkIsDisable"};
+    CommandButton cmdOK {*this, "cmdOK"};
+    CommandButton cmdCancel {*this, "cmdCancel"};
+
+private:
+    QString T(const char* defaultText, int seq, int id) const;
+    bool IsUnicode() const;
+    void SelectGroupText(const QString& text);
+
+    VORNAGlobal& m_g;
+};
