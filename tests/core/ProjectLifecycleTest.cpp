@@ -36,11 +36,6 @@ protected:
     {
         platform.expectBox(52, boxQuestionReplace(path), "此檔案已經存在", answer);
     }
-    void expectSaveFailed(const QString& path)
-    {
-        platform.expectBox(
-            MsgBox::Critical, "儲存專案失敗。\n專案檔案[" + path + "]檔案無法儲存。", "儲存專案失敗");
-    }
 };
 
 } // namespace
@@ -311,7 +306,8 @@ TEST_P(BlockedSaveTest, ShowsItsBoxAndLeavesTheProjectBroken)
         QFile::remove(path);
         QDir().mkpath(path + "/in the way");
     }
-    expectSaveFailed(path);
+    platform.expectBox(
+        MsgBox::Critical, "儲存專案失敗。\n專案檔案[" + path + "]檔案無法儲存。", "儲存專案失敗");
     EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
 
     EXPECT_EQ(QFileInfo(path).isDir(), !GetParam().readOnly);

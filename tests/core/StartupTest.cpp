@@ -4,19 +4,6 @@
 #include "frmAbout.h"
 #include "frmSplash.h"
 
-TEST_F(CoreTest, StartSetsTheSharedStateAndReadsTheRecentList)
-{
-    start();
-    EXPECT_EQ(g.program.AppPath, folder.appPath());
-    EXPECT_EQ(g.link.Timeout, 2);
-    EXPECT_EQ(g.link.Retry, 3);
-    EXPECT_EQ(g.system.MRUCount, 0);
-    EXPECT_EQ(g.system.SystemConn.State(), 1);
-    EXPECT_EQ(g.system.rsModelList.State(), 1);
-    EXPECT_GT(g.system.rsCommBaudList.RecordCount(), 0);
-    EXPECT_TRUE(g.project.ProjectName.isEmpty());
-}
-
 struct StartFailureCase
 {
     const char* name;
