@@ -42,11 +42,14 @@ if [ ${#missing[@]} -gt 0 ]; then
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}"
 fi
 
-cmake -S "$here" -B "$build" -DCMAKE_BUILD_TYPE=Release -DVORNA_BUILD_TESTS="$([ "$mode" = test ] && echo ON || echo OFF)"
+# The test build also turns every warning into an error.
+testing=$([ "$mode" = test ] && echo ON || echo OFF)
+cmake -S "$here" -B "$build" -DCMAKE_BUILD_TYPE=Release -DVORNA_BUILD_TESTS="$testing" \
+    -DCMAKE_COMPILE_WARNING_AS_ERROR="$testing"
 cmake --build "$build" -j"$(nproc)"
 
 if [ "$mode" = test ]; then
-    QT_QPA_PLATFORM=offscreen ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
+    ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
 else
     # The program finds its profile and language file through the current directory.
     cd "$build/VORNA"

@@ -7,21 +7,24 @@
 #include "FormModel.h"
 #include "Platform.h"
 
-// A platform without a display for the benchmarks: any box or dialog means the measured
+// A platform without a display for the benchmarks: an unexpected box means the measured
 // path went wrong, so it is printed and the benchmark stops.
 class HeadlessPlatform : public Platform
 {
 public:
+    // The answer to every question when set (a benchmark that confirms a delete); otherwise
+    // any box stops the benchmark.
+    int boxAnswer = 0;
+
     int msgBox(const QString& text, int flags, const QString& title) override
     {
+        if (boxAnswer != 0 && (flags & MsgBox::ButtonMask) != MsgBox::OKOnly)
+            return boxAnswer;
         std::fprintf(stderr, "unexpected box [%s] %d: %s\n", qPrintable(title), flags, qPrintable(text));
         std::exit(1);
     }
     std::optional<QString> showOpen(const FileDialogOptions&) override { return std::nullopt; }
     std::optional<QString> showSave(const FileDialogOptions&) override { return std::nullopt; }
-    void showModal(FormModel& form) override { form.Visible = false; }
-    void showModeless(FormModel& form) override { form.Visible = true; }
-    void hideForm(FormModel& form) override { form.Visible = false; }
     void refreshForm(FormModel&) override { }
     void setMousePointer(int) override { }
     void doEvents() override { }
@@ -41,6 +44,11 @@ public:
     // The benchmarks measure no port.
     std::unique_ptr<SerialLine> createSerialLine() override { return nullptr; }
     [[noreturn]] void endProcess(int status) override { std::exit(status); }
+
+protected:
+    void runModal(FormModel&) override { }
+    void showWindow(FormModel&) override { }
+    void hideWindow(FormModel&) override { }
 
 private:
     std::map<QString, QString> m_settings;

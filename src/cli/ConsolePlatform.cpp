@@ -171,20 +171,12 @@ std::optional<QString> ConsolePlatform::showSave(const FileDialogOptions&)
     return takeDialogPath();
 }
 
-void ConsolePlatform::showModal(FormModel& form)
-{
-    form.Visible = true;
-}
+// The console has no windows: a form shown modally returns at once.
+void ConsolePlatform::runModal(FormModel&) { }
 
-void ConsolePlatform::showModeless(FormModel& form)
-{
-    form.Visible = true;
-}
+void ConsolePlatform::showWindow(FormModel&) { }
 
-void ConsolePlatform::hideForm(FormModel& form)
-{
-    form.Visible = false;
-}
+void ConsolePlatform::hideWindow(FormModel&) { }
 
 void ConsolePlatform::refreshForm(FormModel&) { }
 

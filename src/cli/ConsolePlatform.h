@@ -26,9 +26,6 @@ public:
     int msgBox(const QString& text, int flags, const QString& title) override;
     std::optional<QString> showOpen(const FileDialogOptions& options) override;
     std::optional<QString> showSave(const FileDialogOptions& options) override;
-    void showModal(FormModel& form) override;
-    void showModeless(FormModel& form) override;
-    void hideForm(FormModel& form) override;
     void refreshForm(FormModel& form) override;
     void setMousePointer(int pointer) override;
     void doEvents() override;
@@ -40,6 +37,11 @@ public:
     QString systemLocaleName() override;
     std::unique_ptr<SerialLine> createSerialLine() override;
     [[noreturn]] void endProcess(int status) override;
+
+protected:
+    void runModal(FormModel& form) override;
+    void showWindow(FormModel& form) override;
+    void hideWindow(FormModel& form) override;
 
 private:
     int answer(const QString& text, int flags, const QString& title);

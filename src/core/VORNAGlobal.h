@@ -10,6 +10,7 @@
 #include "ProjectDialogs.h"
 #include "ProjectView.h"
 #include "VBArray.h"
+#include "Version.h"
 
 class CommControl;
 class frmMessage;
@@ -19,9 +20,9 @@ struct AppInfo
 {
     QString Title = QStringLiteral("VORNA");
     QString EXEName = QStringLiteral("VORNA");
-    int Major = VORNA_VERSION_MAJOR;
-    int Minor = VORNA_VERSION_MINOR;
-    int Revision = VORNA_VERSION_PATCH;
+    int Major = Version::Major;
+    int Minor = Version::Minor;
+    int Revision = Version::Revision;
 };
 
 // The common dialog's properties that persist between uses (it is one shared control).

@@ -24,6 +24,6 @@ void SaveWindowPlacement(VORNAGlobal& g);
 // status 0 on the way out with SaveWindowState, 1 on the failed starts without it.
 [[noreturn]] void ExitApplication(VORNAGlobal& g, bool SaveWindowState);
 
-// The wait of Main's step 5: while the whole-second difference from its start is at
+// The splash's wait at start: while the whole-second difference from its start is at
 // most 2 and the splash has not been clicked, let events run. About 3 seconds.
 void WaitForSplash(VORNAGlobal& g, const std::function<bool()>& splashClicked);

@@ -1,31 +1,42 @@
 #include "frmAbout.h"
 
+#include "FormText.h"
 #include "VORNAGlobal.h"
+
+namespace {
+
+const FormTextPath kFormTexts[] = {{""}, {"cmdOK"}, {"Label1"}, {"lblTitle"}, {"lblVersion"}};
+
+} // namespace
+
+frmAbout::frmAbout(VORNAGlobal& g)
+    : m_g(g)
+{
+    Caption = QStringLiteral("關於 GSM Pellamatic");
+    cmdOK.Caption = QStringLiteral("確定");
+    Label1.Caption = QStringLiteral("簡訊報警機 ");
+    lblTitle.Caption = QStringLiteral("2G/3G Quillbeacon");
+    lblVersion.Caption = QStringLiteral("版本:");
+}
+
+std::span<const FormTextPath> frmAbout::formTexts() const
+{
+    return kFormTexts;
+}
 
 void frmAbout::Form_Load()
 {
-    ApplyFormText();
-    lblVersion += QStringLiteral("%1.%2.%3")
-                      .arg(m_g.program.App.Major)
-                      .arg(m_g.program.App.Minor)
-                      .arg(m_g.program.App.Revision);
+    ApplyFormText(m_g.ml, *this);
+    lblVersion.Caption += QStringLiteral("%1.%2.%3")
+                              .arg(m_g.program.App.Major)
+                              .arg(m_g.program.App.Minor)
+                              .arg(m_g.program.App.Revision);
 }
 
-void frmAbout::ApplyFormText()
-{
-    const MLUtil& ml = m_g.ml;
-    const QString form = formName();
-    const QString caption = QStringLiteral("Caption");
-    Caption = ml.GetFormText(form, QString(), caption);
-    cmdOK = ml.GetFormText(form, QStringLiteral("cmdOK"), caption);
-    Label1 = ml.GetFormText(form, QStringLiteral("Label1"), caption);
-    lblTitle = ml.GetFormText(form, QStringLiteral("lblTitle"), caption);
-    lblVersion = ml.GetFormText(form, QStringLiteral("lblVersion"), caption);
-}
-
+// The box is unloaded, not hidden, so that each showing loads it afresh.
 void frmAbout::cmdOK_Click()
 {
-    m_g.platform.hideForm(*this);
+    m_g.platform.unloadForm(*this);
 }
 
 void frmAbout::picIcon_MouseDown(int Button, int Shift)

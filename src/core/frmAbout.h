@@ -10,26 +10,23 @@ class VORNAGlobal;
 class frmAbout : public FormModel
 {
 public:
-    explicit frmAbout(VORNAGlobal& g)
-        : m_g(g)
-    {
-        Caption = QStringLiteral("關於 GSM Pellamatic");
-    }
+    explicit frmAbout(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmAbout"); }
+    std::span<const FormTextPath> formTexts() const override;
 
     // Opens the register service window; handed over by the entry point.
     std::function<void()> openServiceWindow;
 
-    void Form_Load();
-    void ApplyFormText();
+    void Form_Load() override;
     void cmdOK_Click();
     // Button and Shift as the platform reports them: 1 left; Shift 1, Ctrl 2, Alt 4.
     void picIcon_MouseDown(int Button, int Shift);
 
-    QString cmdOK = QStringLiteral("確定");
-    QString Label1 = QStringLiteral("簡訊報警機 ");
-    QString lblTitle = QStringLiteral("2G/3G Quillbeacon");
-    QString lblVersion = QStringLiteral("版本:");
+    Control picIcon {*this, "picIcon"};
+    CommandButton cmdOK {*this, "cmdOK"};
+    Label Label1 {*this, "Label1"};
+    Label lblTitle {*this, "lblTitle"};
+    Label lblVersion {*this, "lblVersion"};
 
 private:
     VORNAGlobal& m_g;

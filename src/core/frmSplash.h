@@ -4,29 +4,38 @@
 
 class VORNAGlobal;
 
-// The splash window shown during start-up. Any click on it ends the wait.
+// The splash window shown during start-up. A click on the frame, the image or a label other
+// than Label3 ends the wait; nothing else in the window reacts.
 class frmSplash : public FormModel
 {
 public:
-    explicit frmSplash(VORNAGlobal& g)
-        : m_g(g)
-    { }
+    explicit frmSplash(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmSplash"); }
+    std::span<const FormTextPath> formTexts() const override;
 
-    void Form_Load();
-    void ApplyFormText();
-    // A click on the frame, the image or any label: sets the click flag and hides the window.
-    void Control_Click();
+    void Form_Load() override;
+    void fraMainFrame_Click() { Control_Click(); }
+    void Image1_Click() { Control_Click(); }
+    void Label1_Click() { Control_Click(); }
+    void Label2_Click() { Control_Click(); }
+    void lblCompanyProduct_Click() { Control_Click(); }
+    void lblProductName_Click() { Control_Click(); }
+    void lblVersion_Click() { Control_Click(); }
     bool clicked() const { return m_clicked; }
 
-    QString Label1 = QStringLiteral("適用機型: ");
-    QString Label2 = QStringLiteral("VORNA-RM64MT");
-    QString Label3 = QStringLiteral("Contignration Utility");
-    QString lblProductName = QStringLiteral("簡訊報警機   設定工具");
-    QString lblCompanyProduct = QStringLiteral("2G/3G Quillbeacon");
-    QString lblVersion = QStringLiteral("版本");
+    Control fraMainFrame {*this, "fraMainFrame"};
+    Control Image1 {*this, "Image1"};
+    Label Label1 {*this, "Label1"};
+    Label Label2 {*this, "Label2"};
+    Label Label3 {*this, "Label3"};
+    Label lblProductName {*this, "lblProductName"};
+    Label lblCompanyProduct {*this, "lblCompanyProduct"};
+    Label lblVersion {*this, "lblVersion"};
 
 private:
+    // Sets the click flag and hides the window.
+    void Control_Click();
+
     VORNAGlobal& m_g;
     bool m_clicked = false;
 };

@@ -219,8 +219,7 @@ bool WriteDeviceComm(VORNAGlobal& g, const QString& model, const QString& slaveI
 void ShowBusyMessage(VORNAGlobal& g, const QString& title, const QString& text)
 {
     frmMessage& form = BusyForm(g);
-    if (!form.IsLoaded)
-        form.Form_Load();
+    form.Load();
     form.MousePointer = Pointer::Hourglass;
     form.LoadFormObj(title, text);
     g.platform.showModeless(form);

@@ -1,23 +1,27 @@
 #include "frmMessage.h"
 
+#include "FormText.h"
 #include "VORNAGlobal.h"
+
+namespace {
+
+const FormTextPath kFormTexts[] = {{""}, {"lblMessage"}};
+
+} // namespace
+
+std::span<const FormTextPath> frmMessage::formTexts() const
+{
+    return kFormTexts;
+}
 
 void frmMessage::Form_Load()
 {
-    IsLoaded = true;
-    ApplyFormText();
-}
-
-void frmMessage::ApplyFormText()
-{
-    Caption = m_g.ml.GetFormText(formName(), QString(), QStringLiteral("Caption"));
-    lblMessage = m_g.ml.GetFormText(formName(), QStringLiteral("lblMessage"), QStringLiteral("Caption"));
-    notifyChanged();
+    ApplyFormText(m_g.ml, *this);
 }
 
 void frmMessage::LoadFormObj(const QString& tmpCaption, const QString& tmpMessage)
 {
     Caption = tmpCaption;
-    lblMessage = tmpMessage;
+    lblMessage.Caption = tmpMessage;
     notifyChanged();
 }

@@ -15,13 +15,11 @@ public:
         : m_g(g)
     { }
     QString formName() const override { return QStringLiteral("frmMessage"); }
+    std::span<const FormTextPath> formTexts() const override;
 
-    QString lblMessage;
-    int MousePointer = 0;
-    bool IsLoaded = false;
+    Label lblMessage {*this, "lblMessage"};
 
-    void Form_Load();
-    void ApplyFormText();
+    void Form_Load() override;
     void LoadFormObj(const QString& tmpCaption, const QString& tmpMessage);
 
 private:

@@ -167,12 +167,12 @@ QStringList keys()
     return all;
 }
 
-QPixmap pixmap(const QString& key, int size)
+QImage image(const QString& key, int size)
 {
     const IconDesign* d = find(key);
     if (!d || size <= 0)
         return {};
-    QPixmap pm(size, size);
+    QImage pm(size, size, QImage::Format_ARGB32_Premultiplied);
     pm.fill(Qt::transparent);
     QPainter p(&pm);
     p.setRenderHint(QPainter::Antialiasing);
@@ -191,6 +191,11 @@ QPixmap pixmap(const QString& key, int size)
     p.setBrush(Qt::NoBrush);
     d->glyph(p);
     return pm;
+}
+
+QPixmap pixmap(const QString& key, int size)
+{
+    return QPixmap::fromImage(image(key, size));
 }
 
 QIcon icon(const QString& key)

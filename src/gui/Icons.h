@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QImage>
 #include <QPixmap>
 #include <QString>
 #include <QStringList>
@@ -11,6 +12,10 @@ namespace Icons {
 
 // The ten keys, in the image list's order.
 QStringList keys();
+
+// The image at any size, drawn without a display (the installed icon is made from it);
+// a null image for an unknown key.
+QImage image(const QString& key, int size);
 
 // The image at 16 or 32 pixels (any size draws); a null pixmap for an unknown key.
 QPixmap pixmap(const QString& key, int size);

@@ -67,7 +67,7 @@ protected:
     }
 };
 
-void place(QWidget* w, const frmMain::ControlRect& r)
+void place(QWidget* w, const Control& r)
 {
     w->setGeometry(MainWindowView::px(r.Left), MainWindowView::px(r.Top), MainWindowView::px(r.Width),
         MainWindowView::px(r.Height));
@@ -76,10 +76,9 @@ void place(QWidget* w, const frmMain::ControlRect& r)
 } // namespace
 
 MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
-    : QMainWindow(parent)
+    : BoundView<QMainWindow>(model, parent)
     , m_model(model)
 {
-    setObjectName(QStringLiteral("frmMain"));
     setWindowIcon(Icons::icon(QStringLiteral("VORNA")));
     setMinimumWidth(px(3000));
 
@@ -90,24 +89,24 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     setCentralWidget(client);
 
     m_picTitles = new QWidget(m_client);
-    m_picTitles->setObjectName(QStringLiteral("picTitles"));
+    m_binder.bind(m_picTitles, m_model.picTitles);
     m_lbltvProjectContentCaption = new QLabel(m_picTitles);
-    m_lbltvProjectContentCaption->setObjectName(QStringLiteral("lbltvProjectContentCaption"));
+    m_binder.bind(m_lbltvProjectContentCaption, m_model.lbltvProjectContentCaption);
     m_lbllvNodeContentCaption = new QLabel(m_picTitles);
-    m_lbllvNodeContentCaption->setObjectName(QStringLiteral("lbllvNodeContentCaption"));
+    m_binder.bind(m_lbllvNodeContentCaption, m_model.lbllvNodeContentCaption);
     for (QLabel* l : {m_lbltvProjectContentCaption, m_lbllvNodeContentCaption}) {
         l->setFrameShape(QFrame::Panel);
         l->setFrameShadow(QFrame::Sunken);
     }
 
     m_tvProjectContent = new QTreeView(m_client);
-    m_tvProjectContent->setObjectName(QStringLiteral("tvProjectContent"));
+    m_binder.bind(m_tvProjectContent, m_model.tvProjectContent);
     m_tvProjectContent->setHeaderHidden(true);
     m_treeModel = new ProjectTreeModel(m_model.tvProjectContent, this);
     m_tvProjectContent->setModel(m_treeModel);
 
     m_lvNodeContent = new QTreeView(m_client);
-    m_lvNodeContent->setObjectName(QStringLiteral("lvNodeContent"));
+    m_binder.bind(m_lvNodeContent, m_model.lvNodeContent);
     m_lvNodeContent->setRootIsDecorated(false);
     m_lvNodeContent->setItemsExpandable(false);
     m_lvNodeContent->setUniformRowHeights(true);
@@ -135,28 +134,22 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
             m_model.lvNodeContent.SelectedItem = current.isValid() ? current.row() : -1;
         });
     // A double click also expands or collapses a branch, as the control does of its own.
-    connect(m_tvProjectContent, &QTreeView::clicked, this, [this] {
-        m_model.tvProjectContent_NodeClick();
-        refresh();
-    });
-    connect(m_tvProjectContent, &QTreeView::doubleClicked, this, [this] {
-        m_model.tvProjectContent_DblClick();
-        refresh();
-    });
-    connect(m_lvNodeContent, &QTreeView::doubleClicked, this, [this] {
-        m_model.lvNodeContent_DblClick();
-        refresh();
-    });
+    connect(m_tvProjectContent, &QTreeView::clicked, this,
+        [this] { m_binder.run([this] { m_model.tvProjectContent_NodeClick(); }); });
+    connect(m_tvProjectContent, &QTreeView::doubleClicked, this,
+        [this] { m_binder.run([this] { m_model.tvProjectContent_DblClick(); }); });
+    connect(m_lvNodeContent, &QTreeView::doubleClicked, this,
+        [this] { m_binder.run([this] { m_model.lvNodeContent_DblClick(); }); });
 
     auto* grip = new SplitterGrip(m_client);
-    grip->setObjectName(QStringLiteral("imgSplitter"));
+    m_binder.bind(grip, m_model.imgSplitter);
     grip->onDown = [this] { m_model.imgSplitter_MouseDown(); };
     grip->onMove = [this](double x) { m_model.imgSplitter_MouseMove(x); };
     grip->onUp = [this] { m_model.imgSplitter_MouseUp(); };
     m_imgSplitter = grip;
 
     m_picSplitter = new QWidget(m_client);
-    m_picSplitter->setObjectName(QStringLiteral("picSplitter"));
+    m_binder.bind(m_picSplitter, m_model.picSplitter);
     m_picSplitter->setAutoFillBackground(true);
     QPalette bar = m_picSplitter->palette();
     bar.setColor(QPalette::Window, palette().color(QPalette::Dark));
@@ -164,9 +157,9 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     m_picSplitter->hide();
 
     m_sbStatusBar = new QStatusBar(m_client);
-    m_sbStatusBar->setObjectName(QStringLiteral("sbStatusBar"));
+    m_binder.bind(m_sbStatusBar, m_model.sbStatusBar);
     m_sbStatusBar->setSizeGripEnabled(false);
-    for (const frmMain::Panel& p : m_model.sbStatusBar.Panels) {
+    for (const Panel& p : m_model.sbStatusBar.Panels) {
         auto* label = new QLabel(m_sbStatusBar);
         label->setObjectName(p.Key);
         label->setFrameShape(QFrame::Panel);
@@ -184,29 +177,28 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
 
     buildMenus();
 
-    m_tmrSleep.setSingleShot(false);
-    connect(&m_tmrSleep, &QTimer::timeout, this, [this] { m_model.tmrSleep_Timer(); });
+    m_tmrSleep = new QTimer(this);
+    m_tmrSleep->setObjectName(m_model.tmrSleep.Name);
+    connect(m_tmrSleep, &QTimer::timeout, this, [this] { m_model.tmrSleep_Timer(); });
     m_model.tmrSleep.onEnabledChanged = [this] {
         if (m_model.tmrSleep.Enabled)
-            m_tmrSleep.start(m_model.tmrSleep.Interval);
+            m_tmrSleep->start(m_model.tmrSleep.Interval);
         else
-            m_tmrSleep.stop();
+            m_tmrSleep->stop();
     };
 
-    m_model.onChanged = [this] { refresh(); };
     refresh();
 }
 
 MainWindowView::~MainWindowView()
 {
-    m_model.onChanged = nullptr;
     m_model.tmrSleep.onEnabledChanged = nullptr;
 }
 
 void MainWindowView::buildMenus()
 {
     std::map<QString, QMenu*> menus;
-    for (const frmMain::MenuEntry& e : m_model.Menus) {
+    for (const Menu& e : m_model.Menus) {
         const QString name = e.Name;
         if (e.Parent.isEmpty()) {
             QMenu* menu = menuBar()->addMenu(e.Caption);
@@ -214,20 +206,16 @@ void MainWindowView::buildMenus()
             // The two bars around the recent entries both show when the entries are hidden.
             menu->setSeparatorsCollapsible(false);
             menu->menuAction()->setObjectName(name);
-            connect(menu, &QMenu::aboutToShow, this, [this, name] {
-                m_model.openMenu(name);
-                refresh();
-            });
+            connect(menu, &QMenu::aboutToShow, this,
+                [this, name] { m_binder.run([this, name] { m_model.openMenu(name); }); });
             menus[name] = menu;
             m_actions[name] = menu->menuAction();
             continue;
         }
         QAction* action = menus.at(e.Parent)->addAction(e.Caption);
         action->setObjectName(name);
-        connect(action, &QAction::triggered, this, [this, name] {
-            m_model.clickMenu(name);
-            refresh();
-        });
+        connect(action, &QAction::triggered, this,
+            [this, name] { m_binder.run([this, name] { m_model.clickMenu(name); }); });
         m_actions[name] = action;
         if (!e.Shortcut.isEmpty()) {
             // The key goes through the model, which sets the menu up before it decides.
@@ -235,21 +223,17 @@ void MainWindowView::buildMenus()
             shortcut->setObjectName(name + QStringLiteral("Shortcut"));
             shortcut->setContext(Qt::WindowShortcut);
             const QString key = e.Shortcut;
-            connect(shortcut, &QShortcut::activated, this, [this, key] {
-                m_model.shortcut(key);
-                refresh();
-            });
+            connect(shortcut, &QShortcut::activated, this,
+                [this, key] { m_binder.run([this, key] { m_model.shortcut(key); }); });
         }
     }
 }
 
 void MainWindowView::refresh()
 {
-    setWindowTitle(m_model.Caption);
-    m_lbltvProjectContentCaption->setText(m_model.lbltvProjectContentCaption.Caption);
-    m_lbllvNodeContentCaption->setText(m_model.lbllvNodeContentCaption.Caption);
+    BoundView<QMainWindow>::refresh();
 
-    for (const frmMain::Panel& p : m_model.sbStatusBar.Panels) {
+    for (const Panel& p : m_model.sbStatusBar.Panels) {
         m_panels.at(p.Key)->setText(p.Text);
         if (p.Key == QLatin1String("ConnectStatus") && p.Picture != m_connectImageKey) {
             m_connectImageKey = p.Picture;
@@ -267,7 +251,7 @@ void MainWindowView::refresh()
 
 void MainWindowView::refreshMenus()
 {
-    for (const frmMain::MenuEntry& e : m_model.Menus) {
+    for (const Menu& e : m_model.Menus) {
         QAction* a = m_actions.at(e.Name);
         const QSignalBlocker block(a);
         const bool separator = e.Caption == QLatin1String("-") && !e.Parent.isEmpty();

@@ -18,13 +18,12 @@ class ProjectTreeModel;
 // The main window: a thin view over frmMain. The panes are laid out by hand from the
 // model's geometry in twips (15 twips to the pixel); menus, tree, list and status bar
 // are painted from the model, and every event goes to the model's handler.
-class MainWindowView : public QMainWindow, public FormView
+class MainWindowView : public BoundView<QMainWindow>
 {
 public:
     explicit MainWindowView(frmMain& model, QWidget* parent = nullptr);
     ~MainWindowView() override;
 
-    QWidget* widget() override { return this; }
     void refresh() override;
 
     ProjectTreeModel* treeModel() const { return m_treeModel; }
@@ -63,6 +62,5 @@ private:
     ProjectTreeModel* m_treeModel = nullptr;
     NodeListModel* m_listModel = nullptr;
     std::map<QString, QAction*> m_actions; // by entry name; a top entry's is its menu's action
-    QTimer m_tmrSleep;
-    bool m_refreshing = false;
+    QTimer* m_tmrSleep = nullptr;
 };

@@ -1,6 +1,6 @@
 #include "NodeListModel.h"
 
-NodeListModel::NodeListModel(const frmMain::ListView& list, QObject* parent)
+NodeListModel::NodeListModel(const ListView& list, QObject* parent)
     : QAbstractTableModel(parent)
     , m_list(list)
     , m_columns(list.ColumnHeaders)
@@ -33,7 +33,7 @@ QVariant NodeListModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || role != Qt::DisplayRole || index.row() >= rowCount()
         || index.column() >= columnCount())
         return {};
-    const frmMain::ListItem& item = m_rows[index.row()];
+    const ListItem& item = m_rows[index.row()];
     if (index.column() == 0)
         return item.Text;
     const auto sub = static_cast<size_t>(index.column() - 1);

@@ -11,7 +11,7 @@
 class NodeListModel : public QAbstractTableModel
 {
 public:
-    explicit NodeListModel(const frmMain::ListView& list, QObject* parent = nullptr);
+    explicit NodeListModel(const ListView& list, QObject* parent = nullptr);
 
     // Returns true when the columns or rows changed and the model was reset.
     bool sync();
@@ -22,7 +22,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
-    const frmMain::ListView& m_list;
-    std::vector<frmMain::ColumnHeader> m_columns;
-    std::vector<frmMain::ListItem> m_rows;
+    const ListView& m_list;
+    std::vector<ColumnHeader> m_columns;
+    std::vector<ListItem> m_rows;
 };

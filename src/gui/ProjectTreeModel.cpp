@@ -8,7 +8,7 @@
 
 namespace {
 
-bool sameShown(const frmMain::Node& a, const frmMain::Node& b)
+bool sameShown(const Node& a, const Node& b)
 {
     return a.Parent == b.Parent && a.Key == b.Key && a.Text == b.Text && a.Image == b.Image && a.Tag == b.Tag
         && a.ForeColor == b.ForeColor;
@@ -16,7 +16,7 @@ bool sameShown(const frmMain::Node& a, const frmMain::Node& b)
 
 } // namespace
 
-ProjectTreeModel::ProjectTreeModel(const frmMain::TreeView& tree, QObject* parent)
+ProjectTreeModel::ProjectTreeModel(const TreeView& tree, QObject* parent)
     : QAbstractItemModel(parent)
     , m_tree(tree)
 {
@@ -107,16 +107,16 @@ QVariant ProjectTreeModel::data(const QModelIndex& index, int role) const
     const int node = nodeOf(index);
     if (node < 0)
         return {};
-    const frmMain::Node& n = m_nodes[node];
+    const Node& n = m_nodes[node];
     switch (role) {
     case Qt::DisplayRole:
         return n.Text;
     case Qt::DecorationRole:
         return Icons::icon(n.Image);
     case Qt::ForegroundRole:
-        if (n.ForeColor == frmMain::SystemWindowText)
+        if (n.ForeColor == SystemColor::WindowText)
             return {};
-        if (n.ForeColor == frmMain::SystemGrayText)
+        if (n.ForeColor == SystemColor::GrayText)
             return QApplication::palette().color(QPalette::Disabled, QPalette::Text);
         // Stored as 0xBBGGRR.
         return QColor(n.ForeColor & 0xff, (n.ForeColor >> 8) & 0xff, (n.ForeColor >> 16) & 0xff);

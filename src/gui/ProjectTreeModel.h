@@ -11,7 +11,7 @@
 class ProjectTreeModel : public QAbstractItemModel
 {
 public:
-    explicit ProjectTreeModel(const frmMain::TreeView& tree, QObject* parent = nullptr);
+    explicit ProjectTreeModel(const TreeView& tree, QObject* parent = nullptr);
 
     // Takes the window model's nodes over; returns true when the structure changed and
     // the model was reset. Expanded flags are the view's to apply.
@@ -31,8 +31,8 @@ private:
     void rebuildIndex();
     int parentOf(int node) const;
 
-    const frmMain::TreeView& m_tree;
-    std::vector<frmMain::Node> m_nodes;
+    const TreeView& m_tree;
+    std::vector<Node> m_nodes;
     std::vector<std::vector<int>> m_children; // by parent node + 1; [0] holds the top nodes
     std::vector<int> m_row;                   // each node's row under its parent
 };

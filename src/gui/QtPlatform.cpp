@@ -91,9 +91,27 @@ QtPlatform::QtPlatform(const QString& settingsFile)
     : m_settingsFile(settingsFile)
 { }
 
-void QtPlatform::registerView(const QString& formName, FormView& view)
+QtPlatform::~QtPlatform()
 {
-    m_views[formName] = &view;
+    dropViews();
+}
+
+void QtPlatform::addForm(const QString& formName, ViewFactory makeView)
+{
+    m_forms[formName].make = std::move(makeView);
+}
+
+void QtPlatform::dropViews()
+{
+    // A view with a parent window goes with it; the top-level ones are this platform's.
+    std::vector<QWidget*> topLevel;
+    for (auto& [name, form] : m_forms)
+        if (form.window && !form.window->parentWidget())
+            topLevel.push_back(form.window);
+    for (auto& [name, form] : m_forms)
+        form.view = nullptr;
+    for (QWidget* window : topLevel)
+        delete window;
 }
 
 QWidget* QtPlatform::dialogParent() const
@@ -104,19 +122,34 @@ QWidget* QtPlatform::dialogParent() const
         return modal;
     if (QWidget* active = QApplication::activeWindow())
         return active;
-    const auto main = m_views.find(QStringLiteral("frmMain"));
-    return main == m_views.end() ? nullptr : main->second->widget();
+    return mainWindow();
 }
 
-void QtPlatform::unregisterView(const QString& formName)
+QWidget* QtPlatform::mainWindow() const
 {
-    m_views.erase(formName);
+    const auto main = m_forms.find(QStringLiteral("frmMain"));
+    return main == m_forms.end() ? nullptr : main->second.window.data();
 }
 
-FormView* QtPlatform::viewOf(const FormModel& form) const
+FormView* QtPlatform::existingView(const QString& formName) const
 {
-    auto it = m_views.find(form.formName());
-    return it == m_views.end() ? nullptr : it->second;
+    const auto it = m_forms.find(formName);
+    return it == m_forms.end() || !it->second.window ? nullptr : it->second.view;
+}
+
+FormView& QtPlatform::viewOf(FormModel& form)
+{
+    const auto it = m_forms.find(form.formName());
+    if (it == m_forms.end() || !it->second.make)
+        throw UnhandledError(QStringLiteral("Form not available: ") + form.formName());
+    Form& entry = it->second;
+    if (!entry.window) {
+        // Every window but the main one belongs to it, so that it stays in front and centred.
+        QWidget* parent = form.formName() == QLatin1String("frmMain") ? nullptr : mainWindow();
+        entry.view = entry.make(form, parent);
+        entry.window = entry.view->widget();
+    }
+    return *entry.view;
 }
 
 QString QtPlatform::QtFilter(const QString& filter)
@@ -188,39 +221,33 @@ std::optional<QString> QtPlatform::showSave(const FileDialogOptions& options)
     return fileDialog(options, true);
 }
 
-void QtPlatform::showModal(FormModel& form)
+void QtPlatform::runModal(FormModel& form)
 {
-    FormView* view = viewOf(form);
-    auto* dialog = view ? qobject_cast<QDialog*>(view->widget()) : nullptr;
+    FormView& view = viewOf(form);
+    auto* dialog = qobject_cast<QDialog*>(view.widget());
     if (!dialog)
         throw UnhandledError(QStringLiteral("Form not available: ") + form.formName());
-    view->load();
-    form.Visible = true;
-    view->refresh();
+    view.refresh();
+    // exec returns when the form hides itself.
     dialog->exec();
-    form.Visible = false;
 }
 
-void QtPlatform::showModeless(FormModel& form)
+void QtPlatform::showWindow(FormModel& form)
 {
-    FormView* view = viewOf(form);
-    if (!view)
-        throw UnhandledError(QStringLiteral("Form not available: ") + form.formName());
-    form.Visible = true;
-    view->refresh();
-    view->widget()->show();
+    FormView& view = viewOf(form);
+    view.refresh();
+    view.widget()->show();
 }
 
-void QtPlatform::hideForm(FormModel& form)
+void QtPlatform::hideWindow(FormModel& form)
 {
-    form.Visible = false;
-    if (FormView* view = viewOf(form))
+    if (FormView* view = existingView(form.formName()))
         view->widget()->hide();
 }
 
 void QtPlatform::refreshForm(FormModel& form)
 {
-    if (FormView* view = viewOf(form)) {
+    if (FormView* view = existingView(form.formName())) {
         view->refresh();
         // A window shown a moment ago has to be mapped before it can paint.
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -13,10 +12,9 @@
 
 namespace {
 
-QLabel* makeLabel(QWidget* parent, const char* name, int pointDelta = 0, bool bold = false)
+QLabel* makeLabel(QWidget* parent, int pointDelta = 0, bool bold = false)
 {
     auto* label = new QLabel(parent);
-    label->setObjectName(QString::fromLatin1(name));
     QFont font = label->font();
     font.setPointSize(font.pointSize() + pointDelta);
     font.setBold(bold);
@@ -27,61 +25,56 @@ QLabel* makeLabel(QWidget* parent, const char* name, int pointDelta = 0, bool bo
 } // namespace
 
 SplashView::SplashView(frmSplash& model, QWidget* parent)
-    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
-    , m_model(model)
+    : BoundView<QWidget>(model, parent, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
 {
-    setObjectName(QStringLiteral("frmSplash"));
-    setFixedSize(480, 280);
-
     auto* frame = new QFrame(this);
-    frame->setObjectName(QStringLiteral("fraMainFrame"));
     frame->setFrameShape(QFrame::Box);
+    m_binder.bind(frame, model.fraMainFrame);
+    m_binder.onClick(frame, [&model] { model.fraMainFrame_Click(); });
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(6, 6, 6, 6);
     outer->addWidget(frame);
 
     auto* image = new QLabel(frame);
-    image->setObjectName(QStringLiteral("Image1"));
     image->setPixmap(Icons::pixmap(QStringLiteral("VORNA"), 32));
+    m_binder.bind(image, model.Image1);
+    m_binder.onClick(image, [&model] { model.Image1_Click(); });
 
-    m_lblCompanyProduct = makeLabel(frame, "lblCompanyProduct", 2);
-    m_lblProductName = makeLabel(frame, "lblProductName", 8, true);
-    m_Label3 = makeLabel(frame, "Label3", 1);
-    m_Label1 = makeLabel(frame, "Label1");
-    m_Label2 = makeLabel(frame, "Label2", 0, true);
-    m_lblVersion = makeLabel(frame, "lblVersion");
+    auto* lblCompanyProduct = makeLabel(frame, 2);
+    m_binder.bind(lblCompanyProduct, model.lblCompanyProduct);
+    m_binder.onClick(lblCompanyProduct, [&model] { model.lblCompanyProduct_Click(); });
+    auto* lblProductName = makeLabel(frame, 8, true);
+    lblProductName->setWordWrap(true);
+    m_binder.bind(lblProductName, model.lblProductName);
+    m_binder.onClick(lblProductName, [&model] { model.lblProductName_Click(); });
+    auto* Label3 = makeLabel(frame, 1);
+    m_binder.bind(Label3, model.Label3);
+    auto* Label1 = makeLabel(frame);
+    m_binder.bind(Label1, model.Label1);
+    m_binder.onClick(Label1, [&model] { model.Label1_Click(); });
+    auto* Label2 = makeLabel(frame, 0, true);
+    m_binder.bind(Label2, model.Label2);
+    m_binder.onClick(Label2, [&model] { model.Label2_Click(); });
+    auto* lblVersion = makeLabel(frame);
+    m_binder.bind(lblVersion, model.lblVersion);
+    m_binder.onClick(lblVersion, [&model] { model.lblVersion_Click(); });
 
     auto* grid = new QGridLayout(frame);
     grid->setContentsMargins(18, 18, 18, 18);
     grid->addWidget(image, 0, 0, 2, 1, Qt::AlignTop);
-    grid->addWidget(m_lblCompanyProduct, 0, 1, 1, 2);
-    grid->addWidget(m_lblProductName, 1, 1, 1, 2);
-    grid->addWidget(m_Label3, 2, 1, 1, 2);
+    grid->addWidget(lblCompanyProduct, 0, 1, 1, 2);
+    grid->addWidget(lblProductName, 1, 1, 1, 2);
+    grid->addWidget(Label3, 2, 1, 1, 2);
     grid->setRowStretch(3, 1);
-    grid->addWidget(m_Label1, 4, 1, Qt::AlignRight);
-    grid->addWidget(m_Label2, 4, 2);
-    grid->addWidget(m_lblVersion, 5, 2, Qt::AlignRight);
+    grid->addWidget(Label1, 4, 1, Qt::AlignRight);
+    grid->addWidget(Label2, 4, 2);
+    grid->addWidget(lblVersion, 5, 2, Qt::AlignRight);
     grid->setColumnStretch(2, 1);
 
+    // The size fits the longest title of the three languages; the window never shrinks below it.
+    setMinimumSize(520, 280);
+    refresh();
+    adjustSize();
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         move(screen->availableGeometry().center() - rect().center());
-    refresh();
-}
-
-SplashView::~SplashView() = default;
-
-void SplashView::refresh()
-{
-    m_Label1->setText(m_model.Label1);
-    m_Label2->setText(m_model.Label2);
-    m_Label3->setText(m_model.Label3);
-    m_lblProductName->setText(m_model.lblProductName);
-    m_lblCompanyProduct->setText(m_model.lblCompanyProduct);
-    m_lblVersion->setText(m_model.lblVersion);
-}
-
-void SplashView::mousePressEvent(QMouseEvent* event)
-{
-    event->accept();
-    m_model.Control_Click();
 }

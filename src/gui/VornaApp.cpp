@@ -5,6 +5,7 @@
 
 #include "AboutView.h"
 #include "MainWindowView.h"
+#include "MessageView.h"
 #include "QtPlatform.h"
 #include "SplashView.h"
 #include "UnhandledError.h"
@@ -20,15 +21,35 @@ VornaApp::VornaApp(QtPlatform& platform)
     , m_platform(platform)
 {
     g.link.BusyForm = &message;
+    mainForm.about = &about;
+    addView<SplashView>(splash);
+    addView<MainWindowView>(mainForm);
+    addView<AboutView>(about);
+    addView<MessageView>(message);
 }
 
 VornaApp::~VornaApp()
 {
-    for (const FormModel* form : {static_cast<const FormModel*>(&splash),
-             static_cast<const FormModel*>(&mainForm), static_cast<const FormModel*>(&about)})
-        m_platform.unregisterView(form->formName());
+    m_platform.dropViews();
     g.setView(nullptr);
     g.link.BusyForm = nullptr;
+}
+
+template<class View, class Model> void VornaApp::addView(Model& form)
+{
+    m_platform.addForm(form.formName(), [](FormModel& model, QWidget* parent) -> FormView* {
+        return new View(static_cast<Model&>(model), parent);
+    });
+}
+
+MainWindowView* VornaApp::mainView() const
+{
+    return dynamic_cast<MainWindowView*>(m_platform.existingView(mainForm.formName()));
+}
+
+std::vector<FormModel*> VornaApp::forms()
+{
+    return {&splash, &mainForm, &about, &message};
 }
 
 void VornaApp::Main(const StartOptions& options)
@@ -38,20 +59,12 @@ void VornaApp::Main(const StartOptions& options)
     InitApplication(g, QDir::toNativeSeparators(appPath));
     InstallToolkitTranslation(g.ml.CurAppliedLang);
 
-    splashView = std::make_unique<SplashView>(splash);
-    m_platform.registerView(splash.formName(), *splashView);
-    splash.Form_Load();
     m_platform.showModeless(splash);
     m_platform.refreshForm(splash);
 
-    // The main window is made and loaded here, but shown only after the splash.
-    mainView = std::make_unique<MainWindowView>(mainForm);
-    m_platform.registerView(mainForm.formName(), *mainView);
+    // The main window is loaded here, but shown only after the splash.
     g.setView(&mainForm);
-    aboutView = std::make_unique<AboutView>(about, mainView.get());
-    m_platform.registerView(about.formName(), *aboutView);
-    mainForm.about = &about;
-    mainForm.Form_Load();
+    mainForm.Load();
 
     if (options.waitForSplash)
         WaitForSplash(g, [this] { return splash.clicked(); });

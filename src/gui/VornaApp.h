@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include <vector>
 
 #include <QString>
 
@@ -12,9 +12,7 @@
 
 class QApplication;
 class QtPlatform;
-class AboutView;
 class MainWindowView;
-class SplashView;
 
 struct StartOptions
 {
@@ -43,11 +41,14 @@ public:
     frmAbout about;
     frmMessage message;
 
-    std::unique_ptr<SplashView> splashView;
-    std::unique_ptr<MainWindowView> mainView;
-    std::unique_ptr<AboutView> aboutView;
+    // The main window's view, once it is shown.
+    MainWindowView* mainView() const;
+    // Every form of the program, each with a view that the platform makes on its first showing.
+    std::vector<FormModel*> forms();
 
 private:
+    template<class View, class Model> void addView(Model& form);
+
     QtPlatform& m_platform;
 };
 

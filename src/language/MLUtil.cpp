@@ -11,18 +11,6 @@
 
 namespace {
 
-// Trims blanks only, as the loaders trim names: other white space stays part of the name.
-QString TrimBlanks(const QString& text)
-{
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text.at(first) == QLatin1Char(' '))
-        ++first;
-    while (last > first && text.at(last - 1) == QLatin1Char(' '))
-        --last;
-    return text.mid(first, last - first);
-}
-
 QString FieldText(const Recordset& rs, const QString& name)
 {
     return NullToEmpty(rs.Fields(name));
@@ -140,7 +128,7 @@ int MLUtil::LoadTextTable()
 
     int count = 0;
     while (!modules.IsEOF()) {
-        const QString name = TrimBlanks(FieldText(modules, QStringLiteral("ModuleName")));
+        const QString name = Trim(FieldText(modules, QStringLiteral("ModuleName")));
         if (!name.isEmpty()) {
             Recordset rows = OpenRecordset(MLConn,
                 QStringLiteral("SELECT * FROM [Text] WHERE [ModuleName]='") + name
@@ -183,7 +171,7 @@ int MLUtil::LoadFormTable()
 
     int count = 0;
     while (!forms.IsEOF()) {
-        const QString name = TrimBlanks(FieldText(forms, QStringLiteral("FormName")));
+        const QString name = Trim(FieldText(forms, QStringLiteral("FormName")));
         if (!name.isEmpty()) {
             Recordset rows = OpenRecordset(MLConn,
                 QStringLiteral("SELECT * FROM [Form] WHERE [FormName]='") + name + QStringLiteral("'  ;"),

@@ -23,7 +23,7 @@ QString Text(const Recordset& rs, const char* field)
 quint32 DisableColor(const Recordset& rs)
 {
     const QVariant value = rs.Fields(QStringLiteral("IsDisable"));
-    return !value.isNull() && value.toBool() ? frmMain::SystemGrayText : 0;
+    return !value.isNull() && value.toBool() ? SystemColor::GrayText : 0;
 }
 
 } // namespace

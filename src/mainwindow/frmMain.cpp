@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include "FormText.h"
+#include "MenuDesign.h"
 #include "ProjectFiles.h"
 #include "UnhandledError.h"
 #include "VORNAGlobal.h"
@@ -10,91 +12,8 @@
 
 namespace {
 
-struct MenuDesign
-{
-    const char* name;
-    const char* parent;
-    const char* caption;
-    const char* shortcut = "";
-    bool hidden = false;
-    bool checked = false;
-};
-
-// The menu bar as designed, in order, followed by the hidden popup of the tree and list.
-const MenuDesign kMenuDesign[] = {
-    {"mnuFile", "", "檔案(&F)"},
-    {"mnuFileNew", "mnuFile", "開新專案(&N)...", "Ctrl+N"},
-    {"mnuFileOpen", "mnuFile", "開啟專案(&O)", "Ctrl+O"},
-    {"mnuFileSave", "mnuFile", "儲存專案(&S)", "Ctrl+S"},
-    {"mnuFileSaveAs", "mnuFile", "另存專案(&A)"},
-    {"mnuFileBar0", "mnuFile", "-"},
-    {"mnuFileBasic", "mnuFile", "摘要資訊(&I)"},
-    {"mnuFileBar1", "mnuFile", "-"},
-    {"mnuFileMRU(1)", "mnuFile", "MRU1"},
-    {"mnuFileMRU(2)", "mnuFile", "MRU2"},
-    {"mnuFileMRU(3)", "mnuFile", "MRU3"},
-    {"mnuFileMRU(4)", "mnuFile", "MRU4"},
-    {"mnuFileBar2", "mnuFile", "-"},
-    {"mnuFileExit", "mnuFile", "結束(&X)"},
-    {"mnuProj", "", "專案(&P)"},
-    {"mnuProjAddGroupList", "mnuProj", "新增群組"},
-    {"mnuProjAddTelList", "mnuProj", "新增電話"},
-    {"mnuProjBar0", "mnuProj", "-"},
-    {"mnuProjEditGroupList", "mnuProj", "編輯群組"},
-    {"mnuProjEditTelList", "mnuProj", "編輯電話"},
-    {"mnuProjEditZoneList", "mnuProj", "編輯警報點"},
-    {"mnuProjBar1", "mnuProj", "-"},
-    {"mnuProjDeleteGroupList", "mnuProj", "刪除群組"},
-    {"mnuProjDeleteTelList", "mnuProj", "刪除電話"},
-    {"mnuView", "", "檢視(&V)"},
-    {"mnuViewToolbar", "mnuView", "工具列(&T)", "", true, true},
-    {"mnuViewStatusBar", "mnuView", "狀態列(&B)", "", true, true},
-    {"mnuViewBar0", "mnuView", "-", "", true},
-    {"mnuListViewMode(0)", "mnuView", "大圖示(&G)", "", true},
-    {"mnuListViewMode(1)", "mnuView", "小圖示(&M)", "", true},
-    {"mnuListViewMode(2)", "mnuView", "清單(&L)", "", true},
-    {"mnuListViewMode(3)", "mnuView", "詳細資料(&D)", "", true},
-    {"mnuViewBar1", "mnuView", "-", "", true},
-    {"mnuViewArrangeIcons", "mnuView", "排列圖示(&I)", "", true},
-    {"mnuViewBar2", "mnuView", "-", "", true},
-    {"mnuViewRefresh", "mnuView", "重新整理(&R)", "F5"},
-    {"mnuViewWebBrowser", "mnuView", "資訊網瀏覽器(&W)", "", true},
-    {"mnuTools", "", "工具(&T)"},
-    {"mnuToolsOptions", "mnuTools", "選項(&O)..."},
-    {"mnuDevice", "", "簡訊報警機(&A)"},
-    {"mnuDeviceConnect", "mnuDevice", "連線簡訊報警機"},
-    {"mnuDeviceBar0", "mnuDevice", "-"},
-    {"mnuDeviceDownLoad", "mnuDevice", "下載專案(&D)"},
-    {"mnuDeviceSetting", "mnuDevice", "裝置設定(&S)"},
-    {"mnuDeviceBar1", "mnuDevice", "-", "", true},
-    {"mnuHelp", "", "說明(&H)"},
-    {"mnuHelpContents", "mnuHelp", "內容(&C)", "", true},
-    {"mnuHelpSearchForHelpOn", "mnuHelp", "搜尋說明主題(&S)...", "", true},
-    {"mnuHelpBar0", "mnuHelp", "-", "", true},
-    {"mnuHelpAbout", "mnuHelp", "關於簡訊報警機(&A)"},
-    {"mnuProjConent", "", "專案內容", "", true},
-    {"mnuProjConentAddGroupList", "mnuProjConent", "新增群組"},
-    {"mnuProjConentAddTelList", "mnuProjConent", "新增電話"},
-    {"mnuProjConentBar1", "mnuProjConent", "-"},
-    {"mnuProjConentDeleteTelList", "mnuProjConent", "刪除電話"},
-    {"mnuProjConentDeleteGroupList", "mnuProjConent", "刪除群組"},
-    {"mnuProjConentEditGroupList", "mnuProjConent", "編輯群組"},
-    {"mnuProjConentEditTelList", "mnuProjConent", "編輯電話"},
-    {"mnuProjConentEditZoneList", "mnuProjConent", "編輯警報點"},
-    {"mnuProjConentBar2", "mnuProjConent", "-"},
-    {"mnuProjConentAddUser", "mnuProjConent", "加入連絡人"},
-    {"mnuProjConentAddGroup", "mnuProjConent", "加入新群組"},
-    {"mnuProjConentMoveUser", "mnuProjConent", "轉移到其它群組"},
-};
-
-struct FormText
-{
-    const char* path;
-    const char* property = "Caption";
-};
-
 // The window's entries of the form-text table, in the order they are applied.
-const FormText kFormTexts[] = {
+const FormTextPath kFormTexts[] = {
     {""},
     {"lbllvNodeContentCaption"},
     {"lbltvProjectContentCaption"},
@@ -173,6 +92,7 @@ struct MenuHandler
 // Top menus whose click sets up their entries before they drop down.
 const MenuHandler kMenuSetUps[] = {
     {"mnuFile", &frmMain::mnuFile_Click},
+    {"mnuProj", &frmMain::mnuProj_Click},
 };
 
 const MenuHandler kMenuClicks[] = {
@@ -182,15 +102,30 @@ const MenuHandler kMenuClicks[] = {
     {"mnuFileSaveAs", &frmMain::mnuFileSaveAs_Click},
     {"mnuFileBasic", &frmMain::mnuFileBasic_Click},
     {"mnuFileExit", &frmMain::mnuFileExit_Click},
+    {"mnuProjAddGroupList", &frmMain::mnuProjAddGroupList_Click},
+    {"mnuProjAddTelList", &frmMain::mnuProjAddTelList_Click},
+    {"mnuProjEditGroupList", &frmMain::mnuProjEditGroupList_Click},
+    {"mnuProjEditTelList", &frmMain::mnuProjEditTelList_Click},
+    {"mnuProjEditZoneList", &frmMain::mnuProjEditZoneList_Click},
+    {"mnuProjDeleteGroupList", &frmMain::mnuProjDeleteGroupList_Click},
+    {"mnuProjDeleteTelList", &frmMain::mnuProjDeleteTelList_Click},
     {"mnuViewRefresh", &frmMain::mnuViewRefresh_Click},
     {"mnuHelpAbout", &frmMain::mnuHelpAbout_Click},
 };
 
-// A size that the control refuses (negative) is skipped, as the layout's error trap does.
+// A size that the control refuses (negative) is skipped: the layout goes on with the others.
 void setSize(double& property, double value)
 {
     if (value >= 0)
         property = value;
+}
+
+void place(Control& c, double left, double top, double width, double height)
+{
+    c.Left = left;
+    c.Top = top;
+    c.Width = width;
+    c.Height = height;
 }
 
 // A stored window measure: the text of a single-precision number.
@@ -214,22 +149,25 @@ frmMain::frmMain(VORNAGlobal& g)
     m_g.link.CommCtl = &CommCtl;
     Caption = QStringLiteral("VORNA 規劃程式");
 
-    picTitles = {0, 0, Width, 300};
+    place(picTitles, 0, 0, Width, 300);
     lbltvProjectContentCaption.Caption = QStringLiteral(" 專案名稱:");
-    static_cast<ControlRect&>(lbltvProjectContentCaption) = {0, 30, 2000, 240};
+    place(lbltvProjectContentCaption, 0, 30, 2000, 240);
     lbllvNodeContentCaption.Caption = QStringLiteral(" 清單檢視:");
-    static_cast<ControlRect&>(lbllvNodeContentCaption) = {2060, 30, 8600, 240};
-    static_cast<ControlRect&>(tvProjectContent) = {0, 300, 2000, 5595};
-    static_cast<ControlRect&>(lvNodeContent) = {2040, 300, 8620, 5595};
-    imgSplitter = {2000, 300, 45, 5595};
-    picSplitter = {2000, 300, 22, 5575, false};
-    static_cast<ControlRect&>(sbStatusBar) = {0, ScaleHeight - 315, Width, 315};
-    sbStatusBar.Panels = {{{QStringLiteral("Status"), QStringLiteral("狀態"), {}},
+    place(lbllvNodeContentCaption, 2060, 30, 8600, 240);
+    place(tvProjectContent, 0, 300, 2000, 5595);
+    place(lvNodeContent, 2040, 300, 8620, 5595);
+    place(imgSplitter, 2000, 300, 45, 5595);
+    place(picSplitter, 2000, 300, 22, 5575);
+    picSplitter.Visible = false;
+    place(sbStatusBar, 0, ScaleHeight - 315, Width, 315);
+    sbStatusBar.Panels = {{QStringLiteral("Status"), QStringLiteral("狀態"), {}},
         {QStringLiteral("ProjName"), QStringLiteral("專案名稱"), {}},
-        {QStringLiteral("ConnectStatus"), QStringLiteral("Offline"), {}}}};
+        {QStringLiteral("ConnectStatus"), QStringLiteral("Offline"), {}}};
+    tmrSleep.Enabled = false;
+    tmrSleep.Interval = 30;
 
-    for (const MenuDesign& d : kMenuDesign) {
-        MenuEntry e;
+    for (const MenuDesign& d : MenuDesigns()) {
+        Menu& e = Menus.emplace_back();
         e.Name = QString::fromUtf8(d.name);
         e.Parent = QString::fromUtf8(d.parent);
         e.Caption = QString::fromUtf8(d.caption);
@@ -237,24 +175,24 @@ frmMain::frmMain(VORNAGlobal& g)
         e.HiddenByDesign = d.hidden;
         e.Visible = !d.hidden;
         e.Checked = d.checked;
-        Menus.push_back(e);
+        registerControl(e);
     }
 }
 
-frmMain::MenuEntry& frmMain::menu(const QString& name)
+Menu& frmMain::menu(const QString& name)
 {
-    for (MenuEntry& e : Menus)
+    for (Menu& e : Menus)
         if (e.Name == name)
             return e;
     throw UnhandledError(QStringLiteral("Method or data member not found: ") + name);
 }
 
-const frmMain::MenuEntry& frmMain::menu(const QString& name) const
+const Menu& frmMain::menu(const QString& name) const
 {
     return const_cast<frmMain*>(this)->menu(name);
 }
 
-frmMain::Panel& frmMain::panel(const QString& key)
+Panel& frmMain::panel(const QString& key)
 {
     for (Panel& p : sbStatusBar.Panels)
         if (p.Key == key)
@@ -262,39 +200,20 @@ frmMain::Panel& frmMain::panel(const QString& key)
     throw UnhandledError(QStringLiteral("Element not found: ") + key);
 }
 
+std::span<const FormTextPath> frmMain::formTexts() const
+{
+    return kFormTexts;
+}
+
 void frmMain::Form_Load()
 {
-    ApplyFormText();
+    ApplyFormText(m_g.ml, *this);
     Left = settingSingle(m_g, "MainLeft", "200");
     Top = settingSingle(m_g, "MainTop", "200");
     Width = settingSingle(m_g, "MainWidth", "10800");
     Height = settingSingle(m_g, "MainHeight", "6900");
     mIsInDelay = false;
     notifyChanged();
-}
-
-void frmMain::ApplyFormText()
-{
-    for (const FormText& t : kFormTexts) {
-        const QString path = QString::fromLatin1(t.path);
-        setControlText(path, m_g.ml.GetFormText(formName(), path, QString::fromLatin1(t.property)));
-    }
-}
-
-void frmMain::setControlText(const QString& objectPath, const QString& text)
-{
-    static const QRegularExpression panelPath(QStringLiteral("^sbStatusBar\\.Panels\\((\\d)\\)$"));
-    if (objectPath.isEmpty()) {
-        Caption = text;
-    } else if (objectPath == QLatin1String("lbllvNodeContentCaption")) {
-        lbllvNodeContentCaption.Caption = text;
-    } else if (objectPath == QLatin1String("lbltvProjectContentCaption")) {
-        lbltvProjectContentCaption.Caption = text;
-    } else if (const auto m = panelPath.match(objectPath); m.hasMatch()) {
-        sbStatusBar.Panels.at(m.captured(1).toInt() - 1).Text = text;
-    } else {
-        menu(objectPath).Caption = text;
-    }
 }
 
 void frmMain::LoadFormObj()
@@ -409,7 +328,7 @@ void frmMain::tmrSleep_Timer()
 void frmMain::mkRecentFilePathMenu()
 {
     for (int i = 1; i <= 4; ++i) {
-        MenuEntry& e = menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
+        Menu& e = menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
         if (i > m_g.system.MRUCount) {
             e.Caption = QString();
             e.Enabled = false;
@@ -508,7 +427,7 @@ void frmMain::clickMenu(const QString& name)
 
 void frmMain::shortcut(const QString& key)
 {
-    for (const MenuEntry& e : Menus) {
+    for (const Menu& e : Menus) {
         if (e.Shortcut != key)
             continue;
         const QString name = e.Name;

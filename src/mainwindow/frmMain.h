@@ -1,7 +1,6 @@
 #pragma once
 
-#include <array>
-#include <functional>
+#include <deque>
 #include <vector>
 
 #include <QString>
@@ -24,111 +23,6 @@ public:
     ~frmMain() override;
     QString formName() const override { return QStringLiteral("frmMain"); }
 
-    // A control's place in twips. A failed assignment (a negative size) leaves it as it was.
-    struct ControlRect
-    {
-        double Left = 0;
-        double Top = 0;
-        double Width = 0;
-        double Height = 0;
-        bool Visible = true;
-        bool operator==(const ControlRect&) const = default;
-    };
-
-    struct Label : ControlRect
-    {
-        QString Caption;
-    };
-
-    struct Panel
-    {
-        QString Key;
-        QString Text;
-        QString Picture; // image key of ImgListVORNA, or empty
-        bool operator==(const Panel&) const = default;
-    };
-
-    struct StatusBar : ControlRect
-    {
-        std::array<Panel, 3> Panels;
-    };
-
-    // System colours as the tree stores them; any other value is an RGB colour (0xBBGGRR).
-    static constexpr quint32 SystemWindowText = 0x80000008;
-    static constexpr quint32 SystemGrayText = 0x80000011;
-
-    struct Node
-    {
-        int Parent = -1; // index into Nodes, -1 for a top node
-        QString Key;
-        QString Text;
-        QString Image;
-        QString Tag;
-        quint32 ForeColor = SystemWindowText;
-        bool Expanded = false;
-        bool operator==(const Node&) const = default;
-    };
-
-    struct TreeView : ControlRect
-    {
-        std::vector<Node> Nodes;
-        int SelectedItem = -1; // index into Nodes, -1 for none
-    };
-
-    struct ColumnHeader
-    {
-        QString Text;
-        double Width = 0;
-        bool operator==(const ColumnHeader&) const = default;
-    };
-
-    struct ListItem
-    {
-        QString Text;
-        std::vector<QString> SubItems; // SubItems(1) is SubItems[0]
-        bool operator==(const ListItem&) const = default;
-    };
-
-    // The list view's View values; the window keeps the detail view of its design.
-    static constexpr int lvwReport = 3;
-
-    struct ListView : ControlRect
-    {
-        std::vector<ColumnHeader> ColumnHeaders;
-        std::vector<ListItem> ListItems;
-        int SelectedItem = -1; // index into ListItems, -1 for none
-        int View = lvwReport;
-    };
-
-    // A menu entry. Top entries have an empty Parent; a Caption of "-" is a separator.
-    struct MenuEntry
-    {
-        QString Name; // "mnuFileOpen", "mnuFileMRU(1)"
-        QString Parent;
-        QString Caption;
-        QString Shortcut; // "Ctrl+N", or empty
-        bool Enabled = true;
-        bool Visible = true;
-        bool Checked = false;
-        bool HiddenByDesign = false;
-        bool operator==(const MenuEntry&) const = default;
-    };
-
-    // The pause timer of the command loop. Start and stop it with setEnabled so that the
-    // view's real timer follows.
-    struct Timer
-    {
-        bool Enabled = false;
-        int Interval = 30;
-        std::function<void()> onEnabledChanged;
-        void setEnabled(bool on)
-        {
-            Enabled = on;
-            if (onEnabledChanged)
-                onEnabledChanged();
-        }
-    };
-
     // Window geometry, twips. Width and Height are the window's outer size, ScaleHeight the
     // height of its client area below the menu bar (the view keeps it current).
     double Left = 200;
@@ -137,18 +31,19 @@ public:
     double Height = 6900;
     double ScaleHeight = 6210;
     int WindowState = 0; // 0 normal, 1 minimised, 2 maximised
-    int MousePointer = 0;
 
-    Label lbltvProjectContentCaption;
-    Label lbllvNodeContentCaption;
-    ControlRect picTitles;
-    ControlRect imgSplitter;
-    ControlRect picSplitter;
-    TreeView tvProjectContent;
-    ListView lvNodeContent;
-    StatusBar sbStatusBar;
-    std::vector<MenuEntry> Menus;
-    Timer tmrSleep;
+    Label lbltvProjectContentCaption {*this, "lbltvProjectContentCaption"};
+    Label lbllvNodeContentCaption {*this, "lbllvNodeContentCaption"};
+    Control picTitles {*this, "picTitles"};
+    Control imgSplitter {*this, "imgSplitter"};
+    Control picSplitter {*this, "picSplitter"};
+    TreeView tvProjectContent {*this, "tvProjectContent"};
+    ListView lvNodeContent {*this, "lvNodeContent"};
+    StatusBar sbStatusBar {*this, "sbStatusBar"};
+    // The menu bar and the popup of the tree and list, in the order of the menu table. A deque,
+    // so that the entries stay where they are registered.
+    std::deque<Menu> Menus;
+    Timer tmrSleep {*this, "tmrSleep"};
     // The serial control of the device link.
     CommControl CommCtl;
 
@@ -158,12 +53,12 @@ public:
     // The about box that Help About shows; wired by the entry point.
     frmAbout* about = nullptr;
 
-    MenuEntry& menu(const QString& name);
-    const MenuEntry& menu(const QString& name) const;
+    Menu& menu(const QString& name);
+    const Menu& menu(const QString& name) const;
     Panel& panel(const QString& key);
 
-    void Form_Load();
-    void ApplyFormText();
+    std::span<const FormTextPath> formTexts() const override;
+    void Form_Load() override;
     void LoadFormObj();
     void RefreshFormObj() override;
     void CheckFormObj();
@@ -198,6 +93,15 @@ public:
     void mnuFileBasic_Click();
     void mnuFileMRU_Click(int Index);
     void mnuFileExit_Click();
+    // The Project menu is in ProjectMenu.cpp.
+    void mnuProj_Click();
+    void mnuProjAddGroupList_Click();
+    void mnuProjAddTelList_Click();
+    void mnuProjEditGroupList_Click();
+    void mnuProjEditTelList_Click();
+    void mnuProjEditZoneList_Click();
+    void mnuProjDeleteGroupList_Click();
+    void mnuProjDeleteTelList_Click();
     void mnuViewRefresh_Click();
     void mnuHelpAbout_Click();
 
@@ -224,7 +128,5 @@ public:
     void refreshTree() override;
 
 private:
-    void setControlText(const QString& objectPath, const QString& text);
-
     VORNAGlobal& m_g;
 };

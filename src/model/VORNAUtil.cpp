@@ -53,15 +53,7 @@ void AppendLine(QString& text, const QString& line)
 QString KeyInString(VORNAGlobal& g, const QString& Caption, const QString& Prompt, const QString& Default,
     const QString& PasswordChar)
 {
-    QString answer = g.dialogs().showKeyInString(Caption, Prompt, Default, PasswordChar);
-    // Blanks only, as the box's trimming has it: tabs and line breaks stay.
-    qsizetype first = 0;
-    while (first < answer.size() && answer.at(first) == u' ')
-        ++first;
-    qsizetype last = answer.size();
-    while (last > first && answer.at(last - 1) == u' ')
-        --last;
-    return answer.mid(first, last - first);
+    return Trim(g.dialogs().showKeyInString(Caption, Prompt, Default, PasswordChar));
 }
 
 bool AddUserGroup(VORNAGlobal& g)

@@ -1,27 +1,73 @@
 #pragma once
 
 #include <functional>
+#include <span>
+#include <vector>
 
 #include <QString>
 
-// Base of every form model. A form model holds its controls' state as plain members;
-// a view (or a test) reads that state. The view registers onChanged so that the model
-// can ask for a repaint in the middle of a long operation.
+#include "Controls.h"
+
+// One entry of a form's form-text table: the control's path ("" for the form itself,
+// "cmdOK", "mnuFileMRU(1)", "sbStatusBar.Panels(1)", "SSTab1.txtPorjName") and the property.
+struct FormTextPath
+{
+    const char* path;
+    const char* property = "Caption";
+};
+
+// Base of every form model. A form model holds its controls' state as registered members
+// and implements its handlers under their own names; a view (or a test) reads that state.
+// Forms are shown and hidden through the platform port, which loads a form on its first
+// showing (Form_Load) and keeps it loaded until it is unloaded.
 class FormModel
 {
 public:
+    FormModel() = default;
+    // Its controls point back into it.
+    FormModel(const FormModel&) = delete;
+    FormModel& operator=(const FormModel&) = delete;
     virtual ~FormModel() = default;
 
     // The form's name as the form-text table knows it ("frmMain", "frmAbout").
     virtual QString formName() const = 0;
+    // The form's entries of the form-text table, in the order they are applied.
+    virtual std::span<const FormTextPath> formTexts() const { return {}; }
+    // Runs when the form is loaded: at its first showing, and again after an unload.
+    virtual void Form_Load() { }
 
     QString Caption;
     bool Visible = false;
+    int MousePointer = 0;
 
+    bool isLoaded() const { return m_loaded; }
+    // Loads the form unless it is loaded already.
+    void Load();
+    void Unload() { m_loaded = false; }
+
+    // The controls in the order they were declared.
+    const std::vector<Control*>& controls() const { return m_controls; }
+    Control* findControl(const QString& name) const;
+    // The text property that a form-text path names, or null when the path reaches no control.
+    // A dotted path names a part of a control, or a control placed on a container.
+    QString* textProperty(const QString& path, const QString& property);
+
+    // The view registers onChanged so that the model can ask for a repaint in the middle of
+    // a long operation.
     std::function<void()> onChanged;
     void notifyChanged()
     {
         if (onChanged)
             onChanged();
     }
+
+protected:
+    friend struct Control;
+    // Controls that are not members of their own (the entries of a menu table) register here;
+    // the control must stay where it is for the life of the form.
+    void registerControl(Control& control) { m_controls.push_back(&control); }
+
+private:
+    std::vector<Control*> m_controls;
+    bool m_loaded = false;
 };

@@ -64,10 +64,14 @@ public:
     virtual std::optional<QString> showOpen(const FileDialogOptions& options) = 0;
     virtual std::optional<QString> showSave(const FileDialogOptions& options) = 0;
 
-    // Windows. showModal returns when the form has hidden itself.
-    virtual void showModal(FormModel& form) = 0;
-    virtual void showModeless(FormModel& form) = 0;
-    virtual void hideForm(FormModel& form) = 0;
+    // Windows. Every shell shows and hides a form by these same steps: a form is loaded
+    // (Form_Load) at its first showing and again after an unload; showModal returns when the
+    // form has hidden itself.
+    void showModal(FormModel& form);
+    void showModeless(FormModel& form);
+    void hideForm(FormModel& form);
+    // Hides the form and unloads it, so that its next showing loads it again.
+    void unloadForm(FormModel& form);
     // Paints the form at once, without waiting for the event loop.
     virtual void refreshForm(FormModel& form) = 0;
 
@@ -94,4 +98,10 @@ public:
 
     // Ends the process with the given status. Open windows are simply dropped.
     [[noreturn]] virtual void endProcess(int status) = 0;
+
+protected:
+    // The shell's part of showing and hiding: runModal returns when the form is hidden.
+    virtual void runModal(FormModel& form) = 0;
+    virtual void showWindow(FormModel& form) = 0;
+    virtual void hideWindow(FormModel& form) = 0;
 };

@@ -35,7 +35,7 @@ private:
 
 // A keyset cursor over one table, or a read-only snapshot of a SELECT statement.
 //
-// It behaves like the server-side keyset cursor the program was written against:
+// The project's procedures walk and edit tables through it and count on these properties:
 //  - rows keep their positions while others are added or deleted;
 //  - Update writes the current row into the file at once (no batch, no transaction);
 //  - AddNew first commits a row still under edit, and moving off an edited row commits it;

@@ -1,26 +1,15 @@
 #include "SettingUtil.h"
 
 #include "UnhandledError.h"
+#include "VBUtil.h"
 
 namespace {
 
 constexpr int ProfileLineLimit = 1000;
 
-// Trims spaces only: tabs and line breaks are part of the text.
-QString TrimBlanks(const QString& s)
-{
-    qsizetype start = 0;
-    qsizetype end = s.length();
-    while (start < end && s[start] == u' ')
-        ++start;
-    while (end > start && s[end - 1] == u' ')
-        --end;
-    return s.mid(start, end - start);
-}
-
 void StoreLine(const QString& line, int number, QStringList& Lines)
 {
-    const QString trimmed = TrimBlanks(line);
+    const QString trimmed = Trim(line);
     if (number <= Lines.size() && !trimmed.isEmpty())
         Lines[number - 1] = trimmed;
 }
@@ -35,7 +24,7 @@ int InStr(const QString& text, QChar c)
 
 int SplitLines(const QString& Text, QStringList& Lines)
 {
-    QString text = TrimBlanks(Text);
+    QString text = Trim(Text);
     for (;;) {
         if (text.endsWith(QStringLiteral("\r\n")))
             text.chop(2);
@@ -80,14 +69,14 @@ QString GetProfileString(
         const int open = InStr(line, u'[');
         const int close = InStr(line, u']');
         if (close - open >= 2) {
-            currentSection = TrimBlanks(line.mid(open, close - open - 1).toUpper());
+            currentSection = Trim(line.mid(open, close - open - 1).toUpper());
             continue;
         }
         const int equals = InStr(line, u'=');
         if (equals >= 3) {
-            const QString key = TrimBlanks(line.left(equals - 1).toUpper());
+            const QString key = Trim(line.left(equals - 1).toUpper());
             if (key == wantedKey && currentSection == wantedSection)
-                return TrimBlanks(line.mid(equals));
+                return Trim(line.mid(equals));
         }
     }
     return Default;

@@ -222,3 +222,14 @@ bool IsNumericValue(const QVariant& Value)
         return false;
     }
 }
+
+QString Trim(const QString& Text)
+{
+    qsizetype start = 0;
+    qsizetype end = Text.size();
+    while (start < end && Text[start] == u' ')
+        ++start;
+    while (end > start && Text[end - 1] == u' ')
+        --end;
+    return Text.mid(start, end - start);
+}

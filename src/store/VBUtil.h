@@ -4,6 +4,9 @@
 #include <QString>
 #include <QVariant>
 
+// Removes the spaces at both ends; tabs and line breaks are part of the text.
+QString Trim(const QString& Text);
+
 // Part of a path by mode: 0 base name, 1 folder with its closing separator, 2 file name
 // with extension, 3 extension without the dot. Both '\' and '/' count as separators.
 // The gaps of the rules are kept (see the tests). Any other mode is a deliberate stop

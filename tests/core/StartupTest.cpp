@@ -88,7 +88,7 @@ TEST_P(SplashWaitTest, WaitsForWholeSecondsOrAClick)
     if (c.clickAfter >= 0)
         platform.onDoEvents = [&] {
             if (platform.doEventsCount == c.clickAfter)
-                splash.Control_Click();
+                splash.Label1_Click();
         };
     const QDateTime begin = platform.clock;
     WaitForSplash(g, [&] { return splash.clicked(); });
@@ -107,19 +107,19 @@ TEST_F(CoreTest, SplashAndAboutTakeTheirCaptionsFromTheFormTable)
     start();
     frmSplash splash(g);
     splash.Form_Load();
-    EXPECT_EQ(splash.Label1, QStringLiteral("適用機型: "));
-    EXPECT_EQ(splash.lblProductName, QStringLiteral("簡訊報警機   設定工具"));
-    EXPECT_EQ(splash.lblVersion,
+    EXPECT_EQ(splash.Label1.Caption, QStringLiteral("適用機型: "));
+    EXPECT_EQ(splash.lblProductName.Caption, QStringLiteral("簡訊報警機   設定工具"));
+    EXPECT_EQ(splash.lblVersion.Caption,
         QStringLiteral("Version %1.%2.%3")
             .arg(g.program.App.Major)
             .arg(g.program.App.Minor)
             .arg(g.program.App.Revision));
-    EXPECT_EQ(splash.Label3, QStringLiteral("Contignration Utility"));
+    EXPECT_EQ(splash.Label3.Caption, QStringLiteral("Contignration Utility"));
 
     frmAbout about(g);
     about.Form_Load();
     EXPECT_EQ(about.Caption, QStringLiteral("關於 GSM Pellamatic"));
-    EXPECT_EQ(about.lblVersion,
+    EXPECT_EQ(about.lblVersion.Caption,
         QStringLiteral("版本:%1.%2.%3")
             .arg(g.program.App.Major)
             .arg(g.program.App.Minor)

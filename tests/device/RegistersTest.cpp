@@ -101,7 +101,7 @@ TEST_F(DeviceTest, ReadDeviceCommFillsTheRecordUnderTheBusyBox)
     EXPECT_EQ(info, (DeviceInfo {"RM64T", "", "07-08-0506-030401-02", "9600", "E", "5"}));
     EXPECT_EQ(Hex(platform.serial.written.at(2)), Hex(WithCrc("F70300800002")));
     EXPECT_EQ(message.Caption, QStringLiteral("裝置通訊設定"));
-    EXPECT_EQ(message.lblMessage, QStringLiteral("讀取裝置通訊設定中..."));
+    EXPECT_EQ(message.lblMessage.Caption, QStringLiteral("讀取裝置通訊設定中..."));
     EXPECT_FALSE(message.Visible);
     EXPECT_EQ(message.MousePointer, Pointer::Default);
 }

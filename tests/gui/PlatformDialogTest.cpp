@@ -25,23 +25,6 @@
 
 namespace {
 
-// Plays the user at the next modal window: waits for it to come up, then hands it over.
-// The action must close it, or the test hangs where a user would be left looking at it.
-void atNextModal(std::function<void(QWidget*)> action)
-{
-    auto* poll = new QTimer;
-    poll->setInterval(10);
-    QObject::connect(poll, &QTimer::timeout, [poll, action] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || !modal->isVisible())
-            return;
-        poll->stop();
-        poll->deleteLater();
-        action(modal);
-    });
-    poll->start();
-}
-
 QAbstractButton* dialogButton(QWidget* dialog, QDialogButtonBox::StandardButton which)
 {
     auto* box = dialog->findChild<QDialogButtonBox*>();
@@ -82,7 +65,7 @@ TEST_F(PlatformDialogTest, FileNewInTheWindowTakesANewNameAndMakesTheProject)
     atNextModal([&](QWidget* modal) {
         auto* dialog = qobject_cast<QFileDialog*>(modal);
         ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->parentWidget(), vorna.mainView.get());
+        EXPECT_EQ(dialog->parentWidget(), vorna.mainView());
         const auto* types = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
         filterShown = types
             && comboTexts(types)
@@ -147,7 +130,7 @@ TEST_F(PlatformDialogTest, ABoxHasTheGivenButtonsTitleAndIconAndBelongsToTheMain
 
     EXPECT_EQ(answer, MsgBox::No);
     EXPECT_EQ(seen.title, QStringLiteral("是否儲存專案"));
-    EXPECT_EQ(seen.parent, vorna.mainView.get());
+    EXPECT_EQ(seen.parent, vorna.mainView());
     EXPECT_EQ(seen.icon, QMessageBox::Warning);
     EXPECT_TRUE(seen.windowIcon);
     EXPECT_EQ(seen.buttons.size(), 3);

@@ -3,8 +3,8 @@
 
 namespace {
 
-using Column = frmMain::ColumnHeader;
-using Row = frmMain::ListItem;
+using Column = ColumnHeader;
+using Row = ListItem;
 
 struct NodeContentCase
 {

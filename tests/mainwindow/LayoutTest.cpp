@@ -156,16 +156,4 @@ TEST_F(MainWindowTest, MouseMovesWithoutAMouseDownDoNothing)
     EXPECT_FALSE(main.mbMoving);
 }
 
-TEST_F(MainWindowTest, TheSleepTimerEndsTheDelayAndStopsItself)
-{
-    int changes = 0;
-    main.tmrSleep.onEnabledChanged = [&] { ++changes; };
-    main.mIsInDelay = true;
-    main.tmrSleep.setEnabled(true);
-    main.tmrSleep_Timer();
-    EXPECT_FALSE(main.mIsInDelay);
-    EXPECT_FALSE(main.tmrSleep.Enabled);
-    EXPECT_EQ(changes, 2);
-}
-
 } // namespace

@@ -2,44 +2,28 @@
 
 #include <QFile>
 
+#include "FormText.h"
 #include "MainWindowFixture.h"
 
 namespace {
 
-// The window's object paths of the form-text table, in order.
-const std::array<const char*, 65> kFormPaths = {"", "lbllvNodeContentCaption", "lbltvProjectContentCaption",
-    "sbStatusBar.Panels(1)", "sbStatusBar.Panels(2)", "sbStatusBar.Panels(3)", "mnuFile", "mnuFileNew",
-    "mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFileBar0", "mnuFileBasic", "mnuFileBar1",
-    "mnuFileMRU(1)", "mnuFileMRU(2)", "mnuFileMRU(3)", "mnuFileMRU(4)", "mnuFileBar2", "mnuFileExit",
-    "mnuProj", "mnuProjAddGroupList", "mnuProjAddTelList", "mnuProjBar0", "mnuProjEditGroupList",
-    "mnuProjEditTelList", "mnuProjEditZoneList", "mnuProjBar1", "mnuProjDeleteGroupList",
-    "mnuProjDeleteTelList", "mnuView", "mnuViewToolbar", "mnuViewStatusBar", "mnuViewBar0",
-    "mnuListViewMode(0)", "mnuListViewMode(1)", "mnuListViewMode(2)", "mnuListViewMode(3)", "mnuViewBar1",
-    "mnuViewArrangeIcons", "mnuViewBar2", "mnuViewRefresh", "mnuTools", "mnuToolsOptions",
-    "mnuViewWebBrowser", "mnuDevice", "mnuDeviceConnect", "mnuDeviceBar0", "mnuDeviceDownLoad",
-    "mnuDeviceSetting", "mnuDeviceBar1", "mnuHelp", "mnuHelpContents", "mnuHelpSearchForHelpOn",
-    "mnuHelpBar0", "mnuHelpAbout", "mnuProjConent", "mnuProjConentAddGroupList", "mnuProjConentAddTelList",
-    "mnuProjConentEditGroupList", "mnuProjConentEditTelList", "mnuProjConentEditZoneList",
-    "mnuProjConentDeleteGroupList", "mnuProjConentDeleteTelList", "mnuProjConentBar1"};
-
-FormEntry formTableWithout(const QString& missing)
+FormEntry formTableWithout(const frmMain& main, const QString& missing)
 {
     FormEntry entry {QStringLiteral("frmMain"), {}};
-    for (const char* p : kFormPaths) {
-        const QString path = QString::fromLatin1(p);
-        if (path == missing)
-            continue;
-        const QString property = path.startsWith(QLatin1String("sbStatusBar")) ? QStringLiteral("Text")
-                                                                               : QStringLiteral("Caption");
-        entry.Items.push_back({path, property, QStringLiteral("orig"), QStringLiteral("T:") + path});
+    for (const FormTextPath& p : main.formTexts()) {
+        const QString path = QString::fromLatin1(p.path);
+        if (path != missing)
+            entry.Items.push_back(
+                {path, QString::fromLatin1(p.property), QStringLiteral("orig"), QStringLiteral("T:") + path});
     }
     return entry;
 }
 
 TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
 {
-    g.ml.FormTable = {formTableWithout(QStringLiteral("mnuFileOpen"))};
-    main.ApplyFormText();
+    ASSERT_EQ(main.formTexts().size(), 65u);
+    g.ml.FormTable = {formTableWithout(main, QStringLiteral("mnuFileOpen"))};
+    ApplyFormText(g.ml, main);
 
     EXPECT_EQ(main.Caption, QStringLiteral("T:"));
     EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral("T:lbllvNodeContentCaption"));
@@ -50,7 +34,7 @@ TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
         << "no row: the control goes blank";
 
     int translated = 0;
-    for (const frmMain::MenuEntry& e : main.Menus) {
+    for (const Menu& e : main.Menus) {
         if (e.Name == QLatin1String("mnuFileOpen"))
             continue;
         if (e.Caption == QStringLiteral("T:") + e.Name)
@@ -117,7 +101,7 @@ TEST_P(RecentMenuTest, ShowsTheEntriesInUseAndHidesTheRest)
     main.mnuFile_Click();
 
     for (int i = 1; i <= 4; ++i) {
-        const frmMain::MenuEntry& e = main.menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
+        const Menu& e = main.menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
         const bool used = i <= count;
         EXPECT_EQ(e.Caption, used ? g.system.MRUFilePath(i) : QString()) << i;
         EXPECT_EQ(e.Enabled, used) << i;
@@ -148,8 +132,7 @@ TEST_F(MainWindowTest, ARecentEntryOpensTheProjectOfItsCaption)
 
 TEST_F(MainWindowTest, TheRefreshKeyRebuildsOnlyWithAProject)
 {
-    main.tvProjectContent.Nodes
-        = {frmMain::Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
+    main.tvProjectContent.Nodes = {Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
     main.shortcut(QStringLiteral("F5"));
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 1u);
 }
@@ -157,8 +140,7 @@ TEST_F(MainWindowTest, TheRefreshKeyRebuildsOnlyWithAProject)
 TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOfTheOpenProject)
 {
     newProject();
-    main.tvProjectContent.Nodes
-        = {frmMain::Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
+    main.tvProjectContent.Nodes = {Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
     main.shortcut(QStringLiteral("F5"));
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 4u + 1u + 64u);
 }

@@ -5,9 +5,8 @@
 
 namespace {
 
-using Node = frmMain::Node;
-constexpr quint32 Grey = frmMain::SystemGrayText;
-constexpr quint32 Default = frmMain::SystemWindowText;
+constexpr quint32 Grey = SystemColor::GrayText;
+constexpr quint32 Default = SystemColor::WindowText;
 
 TEST_F(ProjectContentTest, TheTreeShowsTheThreeBranchesInRecordsetOrder)
 {

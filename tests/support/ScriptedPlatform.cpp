@@ -166,33 +166,31 @@ std::optional<QString> ScriptedPlatform::showSave(const FileDialogOptions& optio
     return fileDialog(Event::SaveDialog, options);
 }
 
-void ScriptedPlatform::showModal(FormModel& form)
+void ScriptedPlatform::runModal(FormModel& form)
 {
     events.push_back({Event::Modal, form.formName(), {}, 0, {}});
-    form.Visible = true;
     if (m_expected.empty() || m_expected.front().kind != Event::Modal
         || m_expected.front().text != form.formName()) {
         ADD_FAILURE() << "unexpected modal form " << form.formName().toStdString();
-        form.Visible = false;
         return;
     }
     Expectation e = m_expected.front();
     m_expected.pop_front();
-    if (e.action)
-        e.action(form);
-    form.Visible = false;
+    if (!e.action)
+        return;
+    e.action(form);
+    // In the window a form that stays shown never returns from its modal loop.
+    EXPECT_FALSE(form.Visible) << "the script left " << form.formName().toStdString() << " shown";
 }
 
-void ScriptedPlatform::showModeless(FormModel& form)
+void ScriptedPlatform::showWindow(FormModel& form)
 {
     events.push_back({Event::Modeless, form.formName(), {}, 0, {}});
-    form.Visible = true;
 }
 
-void ScriptedPlatform::hideForm(FormModel& form)
+void ScriptedPlatform::hideWindow(FormModel& form)
 {
     events.push_back({Event::Hide, form.formName(), {}, 0, {}});
-    form.Visible = false;
 }
 
 void ScriptedPlatform::refreshForm(FormModel&) { }

@@ -44,7 +44,8 @@ public:
         std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check = {});
     void expectSaveDialog(
         std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check = {});
-    // action runs while the form is shown modally; it plays the user (and must hide the form).
+    // action runs while the form is shown modally, after its load; it plays the user and must
+    // hide the form, as the window's modal loop waits for that. Without one the form returns at once.
     void expectModal(const QString& formName, std::function<void(FormModel&)> action = {});
 
     bool allExpectationsMet() const { return m_expected.empty(); }
@@ -74,9 +75,6 @@ public:
     int msgBox(const QString& text, int flags, const QString& title) override;
     std::optional<QString> showOpen(const FileDialogOptions& options) override;
     std::optional<QString> showSave(const FileDialogOptions& options) override;
-    void showModal(FormModel& form) override;
-    void showModeless(FormModel& form) override;
-    void hideForm(FormModel& form) override;
     void refreshForm(FormModel& form) override;
     void setMousePointer(int pointer) override;
     void doEvents() override;
@@ -88,6 +86,11 @@ public:
     QString systemLocaleName() override { return localeName; }
     std::unique_ptr<SerialLine> createSerialLine() override;
     [[noreturn]] void endProcess(int status) override;
+
+protected:
+    void runModal(FormModel& form) override;
+    void showWindow(FormModel& form) override;
+    void hideWindow(FormModel& form) override;
 
 private:
     struct Expectation

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <vector>
+
+#include <QObject>
+
+#include "Controls.h"
+
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QTreeWidget;
+class QWidget;
+
+// Ties the widgets of a view to the controls of its form model. Each widget takes its
+// control's name as objectName, is painted from the control's state with its signals
+// blocked, and hands its events to the model's handler of that name; after a handler the
+// whole form is painted again. Widgets write only control state: what reaches the project
+// is SaveFormObj's to write.
+class FormBinder : public QObject
+{
+public:
+    using Handler = std::function<void()>;
+
+    // repaint paints the whole form (the view's refresh), after every handler.
+    explicit FormBinder(std::function<void()> repaint, QObject* parent = nullptr);
+
+    // Name, Enabled and Visible only (a frame, a picture, a container).
+    void bind(QWidget* widget, Control& control);
+    void bind(QLabel* widget, Label& control);
+    void bind(QPushButton* widget, Label& control, Handler click);
+    void bind(QCheckBox* widget, CheckBox& control, Handler click = {});
+    void bind(QLineEdit* widget, TextBox& control, Handler change = {});
+    void bind(QPlainTextEdit* widget, TextBox& control, Handler change = {});
+    // click runs when the user picks a row.
+    void bind(QComboBox* widget, ComboBox& control, Handler click = {});
+    // A report list: click when the user selects a row, dblClick on a double click.
+    void bind(QTreeWidget* widget, ListView& control, Handler click = {}, Handler dblClick = {});
+
+    // A click (press and release of the left button over it) on a widget without a click
+    // signal of its own: a label, a frame, a picture.
+    void onClick(QWidget* widget, Handler click);
+    // A press of any button, with the button (1 left, 2 right, 4 middle) and the keys held
+    // (Shift 1, Ctrl 2, Alt 4).
+    void onMouseDown(QWidget* widget, std::function<void(int Button, int Shift)> mouseDown);
+
+    // Runs a handler, then paints the form.
+    void run(const Handler& handler);
+    // Paints every bound widget from its control.
+    void paint();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void add(QWidget* widget, Control& control, std::function<void()> paintState);
+
+    std::function<void()> m_repaint;
+    std::vector<std::function<void()>> m_painters;
+    std::map<QObject*, Handler> m_clicks;
+    std::map<QObject*, std::function<void(int, int)>> m_mouseDowns;
+};
