@@ -4,25 +4,10 @@
 #include "frmAbout.h"
 #include "frmSplash.h"
 
-TEST_F(CoreTest, StartSetsTheSharedStateAndReadsTheRecentList)
-{
-    start();
-    EXPECT_EQ(g.program.AppPath, folder.appPath());
-    EXPECT_EQ(g.link.CommPort, 1);
-    EXPECT_EQ(g.link.StationID, 247);
-    EXPECT_EQ(g.link.Timeout, 2);
-    EXPECT_EQ(g.link.Retry, 3);
-    EXPECT_EQ(g.system.MRUCount, 0);
-    EXPECT_EQ(g.system.SystemConn.State(), 1);
-    EXPECT_EQ(g.system.rsModelList.State(), 1);
-    EXPECT_GT(g.system.rsCommBaudList.RecordCount(), 0);
-    EXPECT_TRUE(g.project.ProjectName.isEmpty());
-}
-
 struct StartFailureCase
 {
     const char* name;
-    const char* removed;
+    const char* removed; // nothing: the start is made from the project folder instead
     const char* text;
     const char* title;
 };
@@ -33,8 +18,11 @@ class StartFailureTest : public CoreTest, public ::testing::WithParamInterface<S
 TEST_P(StartFailureTest, EndsTheStartWithItsEnglishBox)
 {
     const StartFailureCase c = GetParam();
-    QFile::remove(folder.path(QString::fromLatin1(c.removed)));
-    platform.expectBox(MsgBox::Critical, QString::fromUtf8(c.text), QString::fromUtf8(c.title));
+    if (c.removed)
+        QFile::remove(folder.path(c.removed));
+    else
+        ChDir(folder.projectDir());
+    platform.expectBox(MsgBox::Critical, c.text, c.title);
     try {
         start();
         FAIL() << "the start went on";
@@ -46,42 +34,35 @@ TEST_P(StartFailureTest, EndsTheStartWithItsEnglishBox)
 INSTANTIATE_TEST_SUITE_P(MissingFiles, StartFailureTest,
     ::testing::Values(StartFailureCase {"Profile", "VORNA.set",
                           "ML system failed!\nFile [VORNA.set] not exist.", "ML system failed"},
+        StartFailureCase {"StartedElsewhere", nullptr, "ML system failed!\nFile [VORNA.set] not exist.",
+            "ML system failed"},
         StartFailureCase {
             "LanguageFile", "VORNA.ml", "ML System Error! \nFile [VORNA.ml] not found.", "ML System Error"}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(CoreTest, AStartFromAnotherFolderCannotFindTheProfile)
-{
-    ChDir(folder.projectDir());
-    platform.expectBox(MsgBox::Critical, QStringLiteral("ML system failed!\nFile [VORNA.set] not exist."),
-        QStringLiteral("ML system failed"));
-    EXPECT_THROW(start(), ProcessEnded);
-}
-
 TEST_F(CoreTest, AMissingSystemDatabaseFailsAtTheRecentListWithoutABoxOfItsOwn)
 {
-    QFile::remove(folder.path(QStringLiteral("VORNA.sdb")));
+    QFile::remove(folder.path("VORNA.sdb"));
     EXPECT_THROW(start(), UnhandledError);
 }
 
 TEST_F(CoreTest, AFifthRecentRowIsASubscriptError)
 {
     {
-        Connection conn = OpenMDBConn(platform, folder.path(QStringLiteral("VORNA.sdb")), {}, {});
-        Recordset rs = OpenRecordset(conn, QStringLiteral("MRUList"), false);
+        Connection conn = OpenMDBConn(platform, folder.path("VORNA.sdb"), {}, {});
+        Recordset rs = OpenRecordset(conn, "MRUList", false);
         for (int i = 1; i <= 5; ++i) {
             rs.AddNew();
-            rs.setField(QStringLiteral("FilePath"), QStringLiteral("/p/%1.cmb").arg(i));
+            rs.setField("FilePath", QString("/p/%1.cmb").arg(i));
         }
         rs.Update();
-        rs.Close();
         conn.Close();
     }
     try {
         start();
         FAIL() << "five recent rows were accepted";
     } catch (const UnhandledError& e) {
-        EXPECT_EQ(e.text(), QStringLiteral("Subscript out of range"));
+        EXPECT_EQ(e.text(), "Subscript out of range");
     }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <functional>
 
 #include <QByteArray>
 #include <QElapsedTimer>
@@ -11,25 +10,11 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
-#include <QThread>
 
 #include <fcntl.h>
 #include <poll.h>
 #include <termios.h>
 #include <unistd.h>
-
-// Polls a condition until it holds or the deadline passes.
-inline bool WaitFor(const std::function<bool()>& condition, int deadlineMs = 5000)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition()) {
-        if (clock.elapsed() > deadlineMs)
-            return false;
-        QThread::msleep(2);
-    }
-    return true;
-}
 
 // vorna-devsim as a child process: started with the given options, its pseudo-terminal path
 // read from the first line of its output, stopped with SIGTERM.

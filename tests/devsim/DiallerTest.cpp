@@ -1,29 +1,15 @@
-#include <functional>
-
 #include <QJsonArray>
 
 #include <gtest/gtest.h>
 
 #include "CaseName.h"
-#include "Crc16.h"
 #include "Dialler.h"
+#include "Frames.h"
 #include "Options.h"
 
 using namespace devsim;
 
 namespace {
-
-QByteArray Hex(const char* hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
-QByteArray Sealed(const char* hex)
-{
-    QByteArray frame = Hex(hex);
-    AppendCrc(frame);
-    return frame;
-}
 
 // All the bytes that the dialler puts on the line for one request and the silence after it.
 QByteArray Answer(Dialler& dialler, const QByteArray& request)
@@ -37,27 +23,23 @@ QByteArray Answer(Dialler& dialler, const QByteArray& request)
     return out;
 }
 
-// The record frames of the image builder, CRC included: the number 0912345678 as second
-// entry of group 2, and the alarm text AB of zone 3 to all groups, in Unicode and in 8 bits.
-const QByteArray PhoneBookFrame = Hex("F75043020E00020A02303931323334353637388A65");
-const QByteArray UnicodeMessageFrame = Hex("F7505304084100040000410042B490");
-const QByteArray ByteMessageFrame = Hex("F7505304064000020041422CCB");
+// The record frames of the image builder with their CRC as it computes it: the phone-book
+// record, and the alarm text AB of zone 3 to all groups, in Unicode and in 8 bits.
+const QByteArray PhoneBookFrame = QByteArray::fromHex("F75043020E00020A02303931323334353637388A65");
+const QByteArray UnicodeMessageFrame = QByteArray::fromHex("F7505304084100040000410042B490");
+const QByteArray ByteMessageFrame = QByteArray::fromHex("F7505304064000020041422CCB");
 
-TEST(DiallerTest, ChecksumOfKnownFrames)
-{
-    EXPECT_EQ(Crc16(Hex("F70400060001")), 0x5DC5);
-    EXPECT_TRUE(CrcHolds(PhoneBookFrame));
-    EXPECT_TRUE(CrcHolds(UnicodeMessageFrame));
-    EXPECT_TRUE(CrcHolds(ByteMessageFrame));
-    EXPECT_FALSE(CrcHolds(Hex("F75043020E00020A02303931323334353637388A66")));
-}
+// Records whose length bytes disagree with their contents: a number of 9 digits under a
+// length of 0x0E, and a text of two bytes with one byte more in the frame.
+#define BAD_PHONE_RECORD "F75043020E000209023039313233343536373838"
+#define BAD_MESSAGE "F75053040640000200004142"
 
 struct RegisterCase
 {
     const char* name;
     QStringList options;
     std::vector<const char*> requests; // without CRC; all but the last prepare
-    const char* answer;                // to the last request, without CRC
+    const char* answer;                // to the last request, without CRC; nothing: silence
 };
 
 class RegisterTest : public testing::TestWithParam<RegisterCase>
@@ -68,18 +50,17 @@ TEST_P(RegisterTest, AnswersAsTheDevice)
     const RegisterCase& c = GetParam();
     Options options;
     QString message;
-    ASSERT_EQ(ParseOptions(QStringList {QStringLiteral("vorna-devsim")} + c.options, options, message),
-        ParseResult::Run)
+    ASSERT_EQ(ParseOptions(QStringList {"vorna-devsim"} + c.options, options, message), ParseResult::Run)
         << message.toStdString();
     Dialler dialler(options.dialler);
     QByteArray last;
     for (const char* request : c.requests)
         last = Answer(dialler, Sealed(request));
-    EXPECT_EQ(last.toHex().toUpper(), Sealed(c.answer).toHex().toUpper());
+    EXPECT_EQ(last.toHex().toUpper(), c.answer ? Sealed(c.answer).toHex().toUpper() : QByteArray());
 }
 
 const RegisterCase RegisterCases[] = {
-    {"connection probe", {}, {"F70400060001"}, "F704020000"},
+    {"connection probe", {}, {Probe}, "F704020000"},
     {"model id", {"--model-id", "4106"}, {"F70400000001"}, "F704024106"},
     {"firmware", {"--firmware", "0412"}, {"F70400010001"}, "F704020412"},
     {"serial in the order given", {"--serial", "A1B2C3D4E5F60718"}, {"F70400020004"},
@@ -91,8 +72,7 @@ const RegisterCase RegisterCases[] = {
     {"write answer echoes address and count", {}, {"F7100080000204000500C3"}, "F71000800002"},
     {"project checksum of no records", {}, {"F70300820001"}, "F70302FFFF"},
     {"alarm bits", {"--alarm-bits", "8000000000000101"}, {"F70100000040"}, "F701080101000000000080"},
-    {"record address after a record", {}, {"F75043020E00020A0230393132333435363738", "F70400060001"},
-        "F70402000E"},
+    {"record address after a record", {}, {PhoneRecord, Probe}, "F70402000E"},
     {"erase phone book", {}, {"F75040FF"}, "F75040FF"},
     {"erase short messages", {}, {"F75050FF"}, "F75050FF"},
     {"input register out of the map", {}, {"F704000C0001"}, "F78402"},
@@ -101,6 +81,10 @@ const RegisterCase RegisterCases[] = {
     {"register count zero", {}, {"F70400000000"}, "F78403"},
     {"unknown sub-function", {}, {"F75047FF"}, "F7D001"},
     {"unknown function", {}, {"F7050000FF00"}, "F78501"},
+    {"phone record whose lengths disagree", {}, {BAD_PHONE_RECORD}, "F7D003"},
+    {"message whose length byte disagrees", {}, {BAD_MESSAGE}, "F7D003"},
+    {"refused records take no memory", {}, {BAD_PHONE_RECORD, BAD_MESSAGE, Probe}, "F704020000"},
+    {"silent with SW2 off", {"--sw2-off"}, {Probe}, nullptr},
 };
 
 INSTANTIATE_TEST_SUITE_P(DiallerTest, RegisterTest, testing::ValuesIn(RegisterCases),
@@ -120,14 +104,13 @@ TEST(DiallerTest, KeepsTheRecordsOfTheImageBuilder)
     EXPECT_EQ(entry.frame, PhoneBookFrame.chopped(2));
 
     const QJsonObject json = dialler.toJson();
-    const QJsonObject message = json[QStringLiteral("shortMessages")].toArray().at(0).toObject();
-    EXPECT_EQ(message[QStringLiteral("number")].toInt(), 4);
-    EXPECT_EQ(message[QStringLiteral("flags")].toInt(), 0x41);
-    EXPECT_TRUE(message[QStringLiteral("unicode")].toBool());
-    EXPECT_EQ(message[QStringLiteral("text")].toString(), QStringLiteral("AB"));
-    EXPECT_EQ(message[QStringLiteral("data")].toString(), QStringLiteral("00410042"));
-    EXPECT_EQ(json[QStringLiteral("phoneBook")].toArray().at(0)[QStringLiteral("phoneNumber")].toString(),
-        QStringLiteral("0912345678"));
+    const QJsonObject message = json["shortMessages"].toArray().at(0).toObject();
+    EXPECT_EQ(message["number"].toInt(), 4);
+    EXPECT_EQ(message["flags"].toInt(), 0x41);
+    EXPECT_TRUE(message["unicode"].toBool());
+    EXPECT_EQ(message["text"].toString(), "AB");
+    EXPECT_EQ(message["data"].toString(), "00410042");
+    EXPECT_EQ(json["phoneBook"].toArray().at(0)["phoneNumber"].toString(), "0912345678");
 
     // The 8-bit form of the same text replaces the record of the same number.
     EXPECT_EQ(Answer(dialler, ByteMessageFrame), Sealed("F7505304"));
@@ -137,8 +120,8 @@ TEST(DiallerTest, KeepsTheRecordsOfTheImageBuilder)
 
     // An 8-bit text in the code page of the dialler's users is dumped readable.
     EXPECT_EQ(Answer(dialler, Sealed("F75053420840000400C4B5B3F8")), Sealed("F7505342"));
-    const QJsonArray messages = dialler.toJson()[QStringLiteral("shortMessages")].toArray();
-    EXPECT_EQ(messages.at(1)[QStringLiteral("text")].toString(), QString::fromUtf8("警報"));
+    EXPECT_EQ(
+        dialler.toJson()["shortMessages"].toArray().at(1)["text"].toString(), QString::fromUtf8("警報"));
 }
 
 TEST(DiallerTest, ErasesAreKeptApartAndCounted)
@@ -153,20 +136,9 @@ TEST(DiallerTest, ErasesAreKeptApartAndCounted)
     Answer(dialler, Sealed("F75040FF"));
     EXPECT_TRUE(dialler.memory().phoneBook().empty());
 
-    const QJsonObject erases = dialler.toJson()[QStringLiteral("erases")].toObject();
-    EXPECT_EQ(erases[QStringLiteral("phoneBook")].toInt(), 2);
-    EXPECT_EQ(erases[QStringLiteral("shortMessages")].toInt(), 1);
-}
-
-TEST(DiallerTest, RecordWhoseLengthsDisagreeIsRefused)
-{
-    Dialler dialler {DiallerSettings {}};
-    // Length byte 0x0E but a number of 9 digits.
-    EXPECT_EQ(Answer(dialler, Sealed("F75043020E000209023039313233343536373838")), Sealed("F7D003"));
-    EXPECT_TRUE(dialler.memory().phoneBook().empty());
-    // A text of two bytes with one byte more in the frame than its length byte says.
-    EXPECT_EQ(Answer(dialler, Sealed("F75053040640000200004142")), Sealed("F7D003"));
-    EXPECT_TRUE(dialler.memory().shortMessages().empty());
+    const QJsonObject erases = dialler.toJson()["erases"].toObject();
+    EXPECT_EQ(erases["phoneBook"].toInt(), 2);
+    EXPECT_EQ(erases["shortMessages"].toInt(), 1);
 }
 
 TEST(DiallerTest, SilentWithSw2OffButCounts)
@@ -174,12 +146,12 @@ TEST(DiallerTest, SilentWithSw2OffButCounts)
     DiallerSettings settings;
     settings.sw2On = false;
     Dialler dialler(settings);
-    EXPECT_TRUE(Answer(dialler, Sealed("F70400060001")).isEmpty());
+    EXPECT_TRUE(Answer(dialler, Sealed(Probe)).isEmpty());
     EXPECT_TRUE(Answer(dialler, PhoneBookFrame).isEmpty());
     EXPECT_TRUE(dialler.memory().phoneBook().empty());
-    const QJsonObject requests = dialler.toJson()[QStringLiteral("requests")].toObject();
-    EXPECT_EQ(requests[QStringLiteral("received")].toInt(), 2);
-    EXPECT_EQ(requests[QStringLiteral("answered")].toInt(), 0);
+    const QJsonObject requests = dialler.toJson()["requests"].toObject();
+    EXPECT_EQ(requests["received"].toInt(), 2);
+    EXPECT_EQ(requests["answered"].toInt(), 0);
 }
 
 } // namespace

@@ -5,36 +5,24 @@
 #include <gtest/gtest.h>
 
 #include "CaseName.h"
-#include "Crc16.h"
 #include "DevsimProcess.h"
+#include "Frames.h"
 
 namespace {
-
-QByteArray Sealed(const char* hex)
-{
-    QByteArray frame = QByteArray::fromHex(hex);
-    devsim::AppendCrc(frame);
-    return frame;
-}
-
-int Received(const QString& dump)
-{
-    return ReadDump(dump)[QStringLiteral("requests")][QStringLiteral("received")].toInt();
-}
 
 TEST(DevsimPtyTest, AnswersThroughItsLinkAndDumpsOnTermination)
 {
     QTemporaryDir dir;
-    const QString link = dir.filePath(QStringLiteral("ttyDialler"));
-    const QString dump = dir.filePath(QStringLiteral("dump.json"));
+    const QString link = dir.filePath("ttyDialler");
+    const QString dump = dir.filePath("dump.json");
     DevsimProcess devsim({"--baud", "0", "--link", link, "--dump", dump});
-    ASSERT_TRUE(devsim.path().startsWith(QStringLiteral("/dev/pts/"))) << devsim.path().toStdString();
+    ASSERT_TRUE(devsim.path().startsWith("/dev/pts/")) << devsim.path().toStdString();
     {
         PtyPort port(link);
         ASSERT_TRUE(port.isOpen());
-        ASSERT_TRUE(port.write(Sealed("F70400060001")));
+        ASSERT_TRUE(port.write(Sealed(Probe)));
         EXPECT_EQ(port.read(7), Sealed("F704020000"));
-        ASSERT_TRUE(port.write(Sealed("F75043020E00020A0230393132333435363738")));
+        ASSERT_TRUE(port.write(Sealed(PhoneRecord)));
         EXPECT_EQ(port.read(6), Sealed("F7504302"));
     }
     // The port closed and opened again: the dialler still answers.
@@ -46,9 +34,8 @@ TEST(DevsimPtyTest, AnswersThroughItsLinkAndDumpsOnTermination)
     EXPECT_EQ(devsim.stop(), 0);
     EXPECT_FALSE(QFile::exists(link));
     const QJsonObject json = ReadDump(dump);
-    EXPECT_EQ(json[QStringLiteral("requests")][QStringLiteral("received")].toInt(), 3);
-    EXPECT_EQ(json[QStringLiteral("phoneBook")][0][QStringLiteral("phoneNumber")].toString(),
-        QStringLiteral("0912345678"));
+    EXPECT_EQ(json["requests"]["received"].toInt(), 3);
+    EXPECT_EQ(json["phoneBook"][0]["phoneNumber"].toString(), "0912345678");
 }
 
 struct TimingCase
@@ -93,23 +80,11 @@ TEST(DevsimPtyTest, HangsUpAfterTheChosenRecordAndExits)
     ASSERT_TRUE(port.isOpen());
     ASSERT_TRUE(port.write(Sealed("F75043010E00010A0130393132333435363738")));
     EXPECT_EQ(port.read(6), Sealed("F7504301"));
-    ASSERT_TRUE(port.write(Sealed("F75043020E00020A0230393132333435363738")));
+    ASSERT_TRUE(port.write(Sealed(PhoneRecord)));
     EXPECT_EQ(port.read(6), Sealed("F7504302"));
     EXPECT_TRUE(port.read(1, 3000).isEmpty());
     EXPECT_TRUE(port.hungUp);
     EXPECT_EQ(devsim.finished(), 0);
-}
-
-TEST(DevsimPtyTest, Sw2OffHearsButStaysSilent)
-{
-    QTemporaryDir dir;
-    const QString dump = dir.filePath(QStringLiteral("dump.json"));
-    DevsimProcess devsim({"--baud", "0", "--sw2-off", "--dump", dump});
-    PtyPort port(devsim.path());
-    ASSERT_TRUE(port.write(Sealed("F70400060001")));
-    // The dump is written after the answer would have been.
-    ASSERT_TRUE(WaitFor([&] { return Received(dump) == 1; }));
-    EXPECT_TRUE(port.read(1, 0).isEmpty());
 }
 
 } // namespace

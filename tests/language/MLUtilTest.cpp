@@ -1,12 +1,11 @@
+#include <algorithm>
 #include <array>
 #include <vector>
 
-#include <QDir>
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QStringList>
 #include <QVariant>
 
 #include <gtest/gtest.h>
@@ -18,102 +17,65 @@
 
 namespace {
 
-// Rows of a test language file, one cell per language; an empty text is stored as NULL,
-// as the shipped file stores a blank cell.
-struct TextRow
-{
-    QString ModuleName;
-    int ID;
-    int Seq;
-    bool IsDisable;
-    QStringList cells;
+// Rows of a test language file. Text rows hold ModuleName, ID, Seq and IsDisable, form rows
+// FormName, Objectpath and PropertyName; then one cell per language: Big5 (the original),
+// GB (the alternate) and English. A blank is NULL, as the shipped file stores it.
+using Rows = std::vector<QVariantList>;
+
+const Rows SampleTexts = {
+    {"VORNAMain", 84, 1, 0, "開新專案", "新建项目", "New Project"},
+    {"VORNAMain", 103, 1, 0, "檔案[", "文件[", "File ["},
+    {"VORNAMain", 103, 3, 0, "此檔案已經存在", "此文件已经存在", "File already exists"},
+    {"VORNAMain", 831, 1, 1, "(空)", "(空)", "(empty)"},
+    {"VORNAMain", 976, 2, 0, "歡迎使用", "欢迎使用", {}},
+    {"VORNAMain", 1019, 1, 0, {}, "项目(", "Project ("},
+    {"VORNAUtil", 30, 1, 0, "新增連絡人群組", "新增联系人群组", "New Contact Group"},
+    {"Disabled", 1, 1, 1, "甲", "甲", "A"},
 };
 
-struct FormRow
-{
-    QString FormName;
-    QString Objectpath;
-    QString PropertyName;
-    QStringList cells;
+const Rows SampleForms = {
+    {"frmAbout", {}, "Caption", "關於", "关于", "About"},
+    {"frmAbout", "cmdOK", "Caption", "確定", "确定", "OK"},
+    {"frmAbout", "Label1", "Caption", "簡訊報警機", "短信报警机", {}},
+    {"frmAbout", "lblTitle", "Caption", "標題", {}, {}},
+    {"frmAbout", "lblVersion", "Caption", {}, "版本", "Version"},
+    {"frmMain", "sbStatusBar.Panels(1)", "Text", "狀態", "状态", "Status"},
 };
 
-void Insert(QSqlQuery& query, const QString& table, const QVariantList& keys, const QStringList& cells)
+void WriteMlFile(const QString& path, const Rows& texts = SampleTexts, const Rows& forms = SampleForms)
 {
-    ASSERT_TRUE(query.prepare(
-        QStringLiteral("INSERT INTO \"%1\" VALUES (%2)")
-            .arg(
-                table, QStringList(keys.size() + cells.size(), QStringLiteral("?")).join(QLatin1Char(',')))));
-    for (const QVariant& key : keys)
-        query.addBindValue(key);
-    for (const QString& cell : cells)
-        query.addBindValue(cell.isEmpty() ? QVariant(QMetaType::fromType<QString>()) : QVariant(cell));
-    ASSERT_TRUE(query.exec()) << query.lastError().text().toStdString();
-}
-
-void WriteMlFile(const QString& path, const std::vector<TextRow>& texts, const std::vector<FormRow>& forms)
-{
-    const QString connection = QStringLiteral("ml-test-writer");
+    QFile::remove(path);
     {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
+        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "ml-test-writer");
         db.setDatabaseName(path);
         ASSERT_TRUE(db.open());
         QSqlQuery query(db);
-        const QString columns = QStringLiteral("ChineseBig5 TEXT, ChineseGB TEXT, English TEXT)");
-        ASSERT_TRUE(
-            query.exec(QStringLiteral("CREATE TABLE \"Text\" (ModuleName TEXT, ID INTEGER, Seq INTEGER, "
-                                      "IsDisable BOOLEAN, ")
-                + columns));
+        const QString cells = "ChineseBig5 TEXT, ChineseGB TEXT, English TEXT)";
         ASSERT_TRUE(query.exec(
-            QStringLiteral("CREATE TABLE \"Form\" (FormName TEXT, Objectpath TEXT, PropertyName TEXT, ")
-            + columns));
-        for (const TextRow& row : texts)
-            Insert(query, QStringLiteral("Text"), {row.ModuleName, row.ID, row.Seq, row.IsDisable ? 1 : 0},
-                row.cells);
-        for (const FormRow& row : forms)
-            Insert(query, QStringLiteral("Form"), {},
-                QStringList {row.FormName, row.Objectpath, row.PropertyName} + row.cells);
+            "CREATE TABLE \"Text\" (ModuleName TEXT, ID INTEGER, Seq INTEGER, IsDisable BOOLEAN, " + cells));
+        ASSERT_TRUE(
+            query.exec("CREATE TABLE \"Form\" (FormName TEXT, Objectpath TEXT, PropertyName TEXT, " + cells));
+        for (const auto& [table, rows] : {std::pair {"Text", &texts}, {"Form", &forms}}) {
+            for (const QVariantList& row : *rows) {
+                query.prepare(QString("INSERT INTO \"%1\" VALUES (?%2)")
+                                  .arg(table, QString(",?").repeated(row.size() - 1)));
+                for (const QVariant& cell : row)
+                    query.addBindValue(cell);
+                ASSERT_TRUE(query.exec()) << query.lastError().text().toStdString();
+            }
+        }
     }
-    QSqlDatabase::removeDatabase(connection);
+    QSqlDatabase::removeDatabase("ml-test-writer");
 }
 
-void WriteProfile(const QString& path, const QString& applied,
-    const QString& original = QStringLiteral("ChineseBig5"),
-    const QString& alternate = QStringLiteral("ChineseBig5"))
+void WriteProfile(const QString& path, const QString& applied, const QString& alternate = "ChineseBig5")
 {
-    const QString text = QStringLiteral("[Comm]\r\nTimeOut=2\r\nRetry=3\r\n\r\n[ML]\r\nAppliedLangName=")
-        + applied + QStringLiteral("\r\nAlternateLangName=") + alternate
-        + QStringLiteral("\r\nOriginalLangName =") + original
-        + QStringLiteral("\r\nIsFormDisable= 0\r\nIsTextDisable= 1\r\n");
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text.toUtf8());
-}
-
-// The rows every lookup test runs against: Big5 is the original, GB the alternate.
-std::vector<TextRow> SampleTexts()
-{
-    return {
-        {"VORNAMain", 84, 1, false, {"開新專案", "新建项目", "New Project"}},
-        {"VORNAMain", 103, 1, false, {"檔案[", "文件[", "File ["}},
-        {"VORNAMain", 103, 3, false, {"此檔案已經存在", "此文件已经存在", "File already exists"}},
-        {"VORNAMain", 831, 1, true, {"(空)", "(空)", "(empty)"}},
-        {"VORNAMain", 976, 2, false, {"歡迎使用", "欢迎使用", ""}},
-        {"VORNAMain", 1019, 1, false, {"", "项目(", "Project ("}},
-        {"VORNAUtil", 30, 1, false, {"新增連絡人群組", "新增联系人群组", "New Contact Group"}},
-        {"Disabled", 1, 1, true, {"甲", "甲", "A"}},
-    };
-}
-
-std::vector<FormRow> SampleForms()
-{
-    return {
-        {"frmAbout", "", "Caption", {"關於", "关于", "About"}},
-        {"frmAbout", "cmdOK", "Caption", {"確定", "确定", "OK"}},
-        {"frmAbout", "Label1", "Caption", {"簡訊報警機", "短信报警机", ""}},
-        {"frmAbout", "lblTitle", "Caption", {"標題", "", ""}},
-        {"frmAbout", "lblVersion", "Caption", {"", "版本", "Version"}},
-        {"frmMain", "sbStatusBar.Panels(1)", "Text", {"狀態", "状态", "Status"}},
-    };
+    file.write(
+        ("[Comm]\r\nTimeOut=2\r\nRetry=3\r\n\r\n[ML]\r\nAppliedLangName=" + applied + "\r\nAlternateLangName="
+            + alternate + "\r\nOriginalLangName =ChineseBig5\r\nIsFormDisable= 0\r\nIsTextDisable= 1\r\n")
+            .toUtf8());
 }
 
 class MLUtilTest : public ::testing::Test
@@ -123,38 +85,23 @@ protected:
     ScriptedPlatform platform;
     MLUtil ml {platform};
 
-    void SetUpLanguage(const QString& applied, const QString& alternate = QStringLiteral("ChineseGB"))
+    void SetUpLanguage(const QString& applied)
     {
-        WriteProfile(folder.path("VORNA.set"), applied, QStringLiteral("ChineseBig5"), alternate);
-        WriteMlFile(folder.path("VORNA.ml"), SampleTexts(), SampleForms());
+        WriteProfile(folder.path("VORNA.set"), applied, "ChineseGB");
+        WriteMlFile(folder.path("VORNA.ml"));
     }
 };
 
 TEST(LanguageForLocale, MapsLocalesToTheThreeLanguages)
 {
-    struct Case
-    {
-        const char* locale;
-        const char* language;
-    };
-    constexpr std::array cases {
-        Case {"zh_TW", "ChineseBig5"},
-        Case {"zh_HK", "ChineseBig5"},
-        Case {"zh_TW.UTF-8", "ChineseBig5"},
-        Case {"zh-TW", "ChineseBig5"},
-        Case {"ZH_tw", "ChineseBig5"},
-        Case {"zh_Hant", "ChineseBig5"},
-        Case {"zh_CN", "ChineseGB"},
-        Case {"zh_SG", "ChineseGB"},
-        Case {"zh-Hans-SG", "ChineseGB"},
-        Case {"zh", "English"},
-        Case {"zh_US", "English"},
-        Case {"", "English"},
-        Case {"en_US", "English"},
-        Case {"zh.UTF-8", "English"},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(LanguageForLocale(QString::fromUtf8(c.locale)).toStdString(), c.language) << c.locale;
+    const std::array<std::pair<const char*, std::vector<const char*>>, 3> cases = {{
+        {"ChineseBig5", {"zh_TW", "zh_HK", "zh_TW.UTF-8", "zh-TW", "ZH_tw", "zh_Hant"}},
+        {"ChineseGB", {"zh_CN", "zh_SG", "zh-Hans-SG"}},
+        {"English", {"zh", "zh_US", "", "en_US", "zh.UTF-8"}},
+    }};
+    for (const auto& [language, locales] : cases)
+        for (const char* locale : locales)
+            EXPECT_EQ(LanguageForLocale(locale).toStdString(), language) << locale;
 }
 
 TEST_F(MLUtilTest, ReadMLSettingsAppliesTheAutoRuleToTheAppliedLanguageOnly)
@@ -175,36 +122,34 @@ TEST_F(MLUtilTest, ReadMLSettingsAppliesTheAutoRuleToTheAppliedLanguageOnly)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        WriteProfile(folder.path("VORNA.set"), QString::fromUtf8(c.applied));
-        platform.localeName = QString::fromUtf8(c.locale);
+        WriteProfile(folder.path("VORNA.set"), c.applied);
+        platform.localeName = c.locale;
         ml.ReadMLSettings(QString());
         EXPECT_EQ(ml.CurAppliedLang.toStdString(), c.curApplied);
         // The profile's own values stay as read, so that they are written back unchanged.
         EXPECT_EQ(ml.AppliedLangName.toStdString(), c.applied);
-        EXPECT_EQ(ml.CurOriginalLang, QStringLiteral("ChineseBig5"));
-        EXPECT_EQ(ml.CurAlternateLang, QStringLiteral("ChineseBig5"));
+        EXPECT_EQ(ml.CurOriginalLang, "ChineseBig5");
+        EXPECT_EQ(ml.CurAlternateLang, "ChineseBig5");
         EXPECT_EQ(ml.IsTextDisable, 1);
     }
 }
 
 TEST_F(MLUtilTest, SourceLanguageTakesTheFastPathWithoutLoadingTexts)
 {
-    SetUpLanguage(QStringLiteral("AUTO"));
-    platform.localeName = QStringLiteral("zh_TW");
+    SetUpLanguage("AUTO");
+    platform.localeName = "zh_TW";
     EXPECT_EQ(ml.InitML(), 2);
 
     EXPECT_TRUE(ml.TextTable.empty());
     // The table's Big5 piece differs from the default on purpose: the default wins.
-    EXPECT_EQ(ml.GetText(QStringLiteral("預設"), 1, 84, QStringLiteral("VORNAMain")), QStringLiteral("預設"));
-    EXPECT_EQ(ml.lookupCount, 0);
+    EXPECT_EQ(ml.GetText("預設", 1, 84, "VORNAMain"), "預設");
     // Form texts are loaded whatever the languages.
-    EXPECT_EQ(ml.GetFormText(QStringLiteral("frmAbout"), QStringLiteral("cmdOK"), QStringLiteral("Caption")),
-        QStringLiteral("確定"));
+    EXPECT_EQ(ml.GetFormText("frmAbout", "cmdOK", "Caption"), "確定");
 }
 
 TEST_F(MLUtilTest, GetTextGivesTheAppliedLanguageElseTheDefault)
 {
-    SetUpLanguage(QStringLiteral("English"));
+    SetUpLanguage("English");
     ASSERT_EQ(ml.InitML(), 2);
     EXPECT_EQ(ml.TextTable.size(), 2u);
 
@@ -228,17 +173,12 @@ TEST_F(MLUtilTest, GetTextGivesTheAppliedLanguageElseTheDefault)
         Case {"module name compares exactly", "vornamain", 84, 1, "default"},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(
-            ml.GetText(QStringLiteral("default"), c.seq, c.id, QString::fromUtf8(c.module)).toStdString(),
-            c.expected)
-            << c.name;
-    EXPECT_EQ(ml.lookupCount, qint32(cases.size()));
-    EXPECT_EQ(ml.translatedCount, 2);
+        EXPECT_EQ(ml.GetText("default", c.seq, c.id, c.module).toStdString(), c.expected) << c.name;
 }
 
 TEST_F(MLUtilTest, FormTextFallsBackFromAppliedToAlternateToOriginal)
 {
-    SetUpLanguage(QStringLiteral("English"));
+    SetUpLanguage("English");
     ml.InitML();
 
     struct Case
@@ -261,11 +201,7 @@ TEST_F(MLUtilTest, FormTextFallsBackFromAppliedToAlternateToOriginal)
         Case {"form name compares exactly", "FRMABOUT", "cmdOK", "Caption", ""},
     };
     for (const Case& c : cases)
-        EXPECT_EQ(ml.GetFormText(
-                        QString::fromUtf8(c.form), QString::fromUtf8(c.path), QString::fromUtf8(c.property))
-                      .toStdString(),
-            c.expected)
-            << c.name;
+        EXPECT_EQ(ml.GetFormText(c.form, c.path, c.property).toStdString(), c.expected) << c.name;
 }
 
 TEST_F(MLUtilTest, MissingProfileShowsTheBoxAndExits)
@@ -295,12 +231,11 @@ TEST_F(MLUtilTest, MissingProfileShowsTheBoxAndExits)
                     platform.endProcess(0);
             };
         }
-        const QString name = QString::fromUtf8(c.exeName) + QStringLiteral(".set");
-        platform.expectBox(MsgBox::Critical,
-            QStringLiteral("ML system failed!\nFile [") + name + QStringLiteral("] not exist."),
-            QStringLiteral("ML system failed"));
+        const QString name = QString(c.exeName) + ".set";
+        platform.expectBox(
+            MsgBox::Critical, "ML system failed!\nFile [" + name + "] not exist.", "ML system failed");
         try {
-            layer.InitML(QString::fromUtf8(c.exeName));
+            layer.InitML(c.exeName);
             ADD_FAILURE() << "the process did not end";
         } catch (const ProcessEnded& ended) {
             EXPECT_EQ(ended.status, c.status);
@@ -313,35 +248,33 @@ TEST_F(MLUtilTest, MissingProfileShowsTheBoxAndExits)
 
 TEST_F(MLUtilTest, MissingLanguageFileShowsTheBoxAndEndsAtOnce)
 {
-    WriteProfile(folder.path("VORNA.set"), QStringLiteral("English"));
+    WriteProfile(folder.path("VORNA.set"), "English");
     bool exitCalled = false;
     ml.exitApplication = [&](bool) { exitCalled = true; };
     // The language file is named for the title, the profile for the executable.
-    platform.expectBox(MsgBox::Critical, QStringLiteral("ML System Error! \nFile [Title.ml] not found."),
-        QStringLiteral("ML System Error"));
+    platform.expectBox(MsgBox::Critical, "ML System Error! \nFile [Title.ml] not found.", "ML System Error");
     try {
-        ml.InitML(QStringLiteral("VORNA"), QStringLiteral("Title"));
+        ml.InitML("VORNA", "Title");
         ADD_FAILURE() << "the process did not end";
     } catch (const ProcessEnded& ended) {
         EXPECT_EQ(ended.status, 1);
     }
     EXPECT_FALSE(exitCalled);
-    EXPECT_EQ(ml.CurAppliedLang, QStringLiteral("English"));
+    EXPECT_EQ(ml.CurAppliedLang, "English");
 }
 
 TEST_F(MLUtilTest, LanguageFileThatIsNoDatabaseFailsAtTheFirstLoad)
 {
-    WriteProfile(folder.path("VORNA.set"), QStringLiteral("English"));
+    WriteProfile(folder.path("VORNA.set"), "English");
     {
         QFile file(folder.path("VORNA.ml"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray(4096, 'x'));
     }
     platform.expectBox(MsgBox::Critical,
-        QStringLiteral("OpenMDBConn Failed!\nConnect String:")
-            + ConnectString(QStringLiteral("VORNA.ml"), QString(), QString()),
-        QStringLiteral("OpenMDBConn Failed"));
-    platform.expectBoxWithAnyText(MsgBox::OKOnly, QStringLiteral("VORNA"));
+        "OpenMDBConn Failed!\nConnect String:" + ConnectString("VORNA.ml", QString(), QString()),
+        "OpenMDBConn Failed");
+    platform.expectBoxWithAnyText(MsgBox::OKOnly, "VORNA");
     EXPECT_THROW(ml.InitML(), UnhandledError);
     EXPECT_TRUE(ml.MLConn.isNothing());
 }
@@ -372,23 +305,23 @@ TEST_F(MLUtilTest, LoadersFailOnEmptyTablesAndUnknownLanguages)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        std::vector<TextRow> texts = SampleTexts();
+        Rows texts = SampleTexts;
         if (c.emptyText)
-            for (TextRow& row : texts)
-                row.IsDisable = true;
-        std::vector<FormRow> forms = SampleForms();
-        if (c.forms == Forms::None)
-            forms.clear();
+            for (QVariantList& row : texts)
+                row[3] = 1;
+        Rows forms = c.forms == Forms::None ? Rows {} : SampleForms;
         if (c.forms == Forms::FullCellsOnly)
-            std::erase_if(forms, [](const FormRow& row) { return row.cells.contains(QString()); });
-        QFile::remove(folder.path("VORNA.ml"));
+            std::erase_if(forms, [](const QVariantList& row) {
+                return std::any_of(
+                    row.begin(), row.end(), [](const QVariant& cell) { return cell.isNull(); });
+            });
         WriteMlFile(folder.path("VORNA.ml"), texts, forms);
 
         MLUtil layer(platform);
-        layer.CurOriginalLang = QStringLiteral("ChineseBig5");
-        layer.CurAppliedLang = QString::fromUtf8(c.applied);
-        layer.CurAlternateLang = QString::fromUtf8(c.alternate);
-        layer.OpenMLConn(QStringLiteral("VORNA.ml"));
+        layer.CurOriginalLang = "ChineseBig5";
+        layer.CurAppliedLang = c.applied;
+        layer.CurAlternateLang = c.alternate;
+        layer.OpenMLConn("VORNA.ml");
         if (c.textLoads)
             EXPECT_NO_THROW(layer.LoadTextTable());
         else
@@ -405,14 +338,13 @@ TEST_F(MLUtilTest, LoadersFailOnEmptyTablesAndUnknownLanguages)
 TEST_F(MLUtilTest, CloseMLIsHarmlessAndKeepsTheTables)
 {
     ml.CloseML();
-    SetUpLanguage(QStringLiteral("English"));
+    SetUpLanguage("English");
     ml.InitML();
     ml.CloseML();
     ml.CloseML();
     EXPECT_TRUE(ml.MLConn.isNothing());
     // Lookups never touch the database.
-    EXPECT_EQ(
-        ml.GetText(QStringLiteral("x"), 1, 84, QStringLiteral("VORNAMain")), QStringLiteral("New Project"));
+    EXPECT_EQ(ml.GetText("x", 1, 84, "VORNAMain"), "New Project");
 }
 
 } // namespace

@@ -46,10 +46,8 @@ std::vector<FormPath> FormPaths()
     std::vector<FormPath> paths;
     for (const auto& [form, objects] : forms)
         for (const char* object : objects) {
-            const QString path = QString::fromLatin1(object);
-            paths.push_back({QString::fromLatin1(form), path,
-                path.startsWith(QLatin1String("sbStatusBar")) ? QStringLiteral("Text")
-                                                              : QStringLiteral("Caption")});
+            const QString path = object;
+            paths.push_back({form, path, path.startsWith("sbStatusBar") ? "Text" : "Caption"});
         }
     return paths;
 }
@@ -72,26 +70,36 @@ protected:
         ml.CurOriginalLang = language;
         ml.CurAppliedLang = language;
         ml.CurAlternateLang = language;
-        ml.OpenMLConn(QStringLiteral("VORNA.ml"));
+        ml.OpenMLConn("VORNA.ml");
         ml.LoadFormTable();
     }
 };
 
-TEST_F(ShippedLanguageTest, EveryWindowCaptionHasTextInEveryLanguage)
+// Every caption has text in every language, and a translation keeps the original's
+// accelerator and separators.
+TEST_F(ShippedLanguageTest, EveryWindowCaptionHasTextInEveryLanguageAndKeepsItsForm)
 {
+    MLUtil big5(platform);
+    LoadOnly(big5, "ChineseBig5");
     for (const char* language : {"ChineseBig5", "ChineseGB", "English"}) {
         MLUtil ml(platform);
-        LoadOnly(ml, QString::fromUtf8(language));
-        for (const FormPath& p : FormPaths())
-            EXPECT_FALSE(FormText(ml, p).isEmpty())
-                << language << " " << p.form.toStdString() << " [" << p.path.toStdString() << "]";
+        LoadOnly(ml, language);
+        for (const FormPath& p : FormPaths()) {
+            const QString original = FormText(big5, p);
+            const QString translated = FormText(ml, p);
+            const std::string where
+                = std::string(language) + " " + p.form.toStdString() + " [" + p.path.toStdString() + "]";
+            EXPECT_FALSE(translated.isEmpty()) << where;
+            EXPECT_EQ(original.contains('&'), translated.contains('&')) << where;
+            EXPECT_EQ(original == "-", translated == "-") << where;
+        }
     }
 }
 
 TEST_F(ShippedLanguageTest, OriginalColumnHoldsTheDesignCaptions)
 {
     MLUtil ml(platform);
-    LoadOnly(ml, QStringLiteral("ChineseBig5"));
+    LoadOnly(ml, "ChineseBig5");
     const std::array<std::pair<FormPath, const char*>, 6> cases = {{
         {{"frmMain", "sbStatusBar.Panels(3)", "Text"}, "Offline"},
         {{"frmMain", "mnuFileMRU(4)", "Caption"}, "MRU4"},
@@ -104,40 +112,23 @@ TEST_F(ShippedLanguageTest, OriginalColumnHoldsTheDesignCaptions)
         EXPECT_EQ(FormText(ml, at).toStdString(), caption) << at.path.toStdString();
 }
 
-TEST_F(ShippedLanguageTest, TranslationsKeepAcceleratorsSeparatorsAndFilterPatterns)
+// The patterns between the bars of a file filter are not text to translate.
+TEST_F(ShippedLanguageTest, TranslatedFileFiltersKeepTheirPatterns)
 {
-    MLUtil big5(platform);
-    LoadOnly(big5, QStringLiteral("ChineseBig5"));
-    for (const char* language : {"ChineseGB", "English"}) {
-        MLUtil ml(platform);
-        LoadOnly(ml, QString::fromUtf8(language));
-        for (const FormPath& p : FormPaths()) {
-            const QString original = FormText(big5, p);
-            const QString translated = FormText(ml, p);
-            EXPECT_EQ(original.contains(QLatin1Char('&')), translated.contains(QLatin1Char('&')))
-                << language << " " << p.path.toStdString();
-            EXPECT_EQ(original == QLatin1String("-"), translated == QLatin1String("-"))
-                << language << " " << p.path.toStdString();
-        }
-    }
-
-    // The patterns between the bars of a file filter are not text to translate.
     const auto patterns = [](const QString& filter) {
-        QStringList parts = filter.split(QLatin1Char('|'));
+        QStringList parts = filter.split('|');
         QStringList kept;
         for (qsizetype i = 1; i < parts.size(); i += 2)
             kept << parts.at(i);
         return kept;
     };
-    ScriptedPlatform english;
-    english.localeName = QStringLiteral("en_US");
-    MLUtil ml(english);
+    platform.localeName = "en_US";
+    MLUtil ml(platform);
     ml.InitML();
-    ASSERT_EQ(ml.CurAppliedLang, QStringLiteral("English"));
+    ASSERT_EQ(ml.CurAppliedLang, "English");
     for (int id : {89, 142, 408}) {
-        const QString translated
-            = ml.GetText(QStringLiteral("untranslated"), 1, id, QStringLiteral("VORNAMain"));
-        EXPECT_NE(translated, QStringLiteral("untranslated")) << id;
+        const QString translated = ml.GetText("untranslated", 1, id, "VORNAMain");
+        EXPECT_NE(translated, "untranslated") << id;
         EXPECT_EQ(patterns(translated), id == 142 ? QStringList {"*.cmb"} : QStringList({"*.cmb", "*.*"}))
             << id;
     }
@@ -158,12 +149,11 @@ TEST_F(ShippedLanguageTest, DeliveredProfileFollowsTheSystemLocale)
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.locale);
-        platform.localeName = QString::fromUtf8(c.locale);
+        platform.localeName = c.locale;
         MLUtil ml(platform);
         EXPECT_EQ(ml.InitML(), 6);
-        EXPECT_EQ(ml.AppliedLangName, QStringLiteral("AUTO"));
-        EXPECT_EQ(ml.GetText(QStringLiteral("default"), 2, 976, QStringLiteral("VORNAMain")).toStdString(),
-            c.welcome);
+        EXPECT_EQ(ml.AppliedLangName, "AUTO");
+        EXPECT_EQ(ml.GetText("default", 2, 976, "VORNAMain").toStdString(), c.welcome);
         EXPECT_EQ(FormText(ml, {"frmSplash", "Label1", "Caption"}).toStdString(), c.splashLabel);
         ml.CloseML();
     }

@@ -5,7 +5,6 @@
 #include "CaseName.h"
 #include "SettingUtil.h"
 #include "UnhandledError.h"
-#include "VBUtil.h"
 
 namespace {
 
@@ -108,13 +107,6 @@ TEST(GetProfileStringTest, SearchPastLineOneThousandIsASubscriptError)
         EXPECT_EQ(e.text(), "Subscript out of range");
     }
     EXPECT_THROW(GetProfileString("Comm", "Timeout", "2", ManyLines(1500, 1001)), UnhandledError);
-}
-
-TEST(GetProfileStringTest, NumbersReadByTheirLeadingValue)
-{
-    const QString profile = "[Comm]\r\nTimeout=abc\r\nRetry= 4 tries\r\n";
-    EXPECT_EQ(ValToInt16(GetProfileString("Comm", "Timeout", "2", profile)), 0);
-    EXPECT_EQ(ValToInt16(GetProfileString("Comm", "Retry", "3", profile)), 4);
 }
 
 } // namespace

@@ -19,8 +19,6 @@ struct FnameCase
 const std::array FnameCases = {
     FnameCase {"full path of a project", "C:\\VORNA\\Project\\demo.cmb",
         {"demo", "C:\\VORNA\\Project\\", "demo.cmb", "cmb"}},
-    FnameCase {
-        "forward slashes", "/home/u/Project/demo.cmb", {"demo", "/home/u/Project/", "demo.cmb", "cmb"}},
     FnameCase {"the last of either separator", "a/b\\c/d.txt", {"d", "a/b\\c/", "d.txt", "txt"}},
     FnameCase {"bare word", "VORNA", {"VORNA", "", "VORNA", "VORNA"}},
     FnameCase {"separator but no dot", "C:\\dir\\file", {"", "C:\\dir\\", "file", "C:\\dir\\file"}},
