@@ -9,13 +9,16 @@
 
 #include "ConsolePlatform.h"
 #include "ConsoleView.h"
+#include "DownloadSteps.h"
 #include "FileUtil.h"
 #include "ProjectFiles.h"
+#include "ProjectImage.h"
 #include "SystemDB.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "VORNAMain.h"
+#include "ValidUtil.h"
 
 namespace {
 
@@ -105,20 +108,27 @@ QString InfoLabel(const VORNAGlobal& g, const char* defaultText, int id)
     return g.GetText(QString::fromUtf8(defaultText), 1, id, QStringLiteral("VORNACli"));
 }
 
+// Opens the project's tables on a private copy after Open's checks of the path, so that
+// neither the file, a working copy beside it nor the recent list changes.
+bool OpenPrivateCopy(VORNAGlobal& g, const QString& path, const QTemporaryDir& scratch)
+{
+    if (!IsProjectFilePath(g, path))
+        return false;
+    const QString copy = scratch.filePath(QStringLiteral("project.mir"));
+    if (!scratch.isValid() || !FileCopy(path, copy))
+        return false;
+    OpenProjectTables(g, copy);
+    ReadModelLimits(g);
+    return true;
+}
+
 int RunInfo(Session& s)
 {
     VORNAGlobal& g = s.g;
     const QString path = s.paths.at(0);
-    // Info only reads: the project is read from a private copy, so that neither a working
-    // copy beside it nor the recent list changes.
-    if (!IsProjectFilePath(g, path))
-        return ExitFailed;
     QTemporaryDir scratch;
-    const QString copy = scratch.filePath(QStringLiteral("info.mir"));
-    if (!scratch.isValid() || !FileCopy(path, copy))
+    if (!OpenPrivateCopy(g, path, scratch))
         return ExitFailed;
-    OpenProjectTables(g, copy);
-    ReadModelLimits(g);
 
     auto line = [&g](const char* label, int id, const QString& value) {
         PrintOutput(InfoLabel(g, label, id) + QStringLiteral(": ") + value);
@@ -136,6 +146,38 @@ int RunInfo(Session& s)
     line("修改日期", 10, NullToEmpty(p.rsBasic.Fields(QStringLiteral("ModifiedDate"))));
     CloseProjectTables(g);
     return ExitSuccess;
+}
+
+QString HexBytes(const QByteArray& bytes)
+{
+    return QString::fromLatin1(bytes.toHex(' ').toUpper());
+}
+
+// A download without the line: the project sized and checked in the download's order, then
+// the size, every frame and the two debug files' content.
+int RunImage(Session& s)
+{
+    VORNAGlobal& g = s.g;
+    QTemporaryDir scratch;
+    if (!OpenPrivateCopy(g, s.paths.at(0), scratch))
+        return ExitFailed;
+    ProjectImage image;
+    BuildProjectImage(g, image);
+    const bool ready = IsProjectReady(g) && IsImageSizeAllowed(g);
+    if (ready) {
+        PrintOutput(QString::number(g.project.ProjectImageSize));
+        QByteArray phoneBook, shortMsg;
+        ForEachDownloadFrame(g, image, [&](const QByteArray& frame, const QString& dbgFile) {
+            PrintOutput(HexBytes(frame));
+            if (!dbgFile.isEmpty())
+                (dbgFile == PhoneBookDbgFile ? phoneBook : shortMsg).append(frame.chopped(2));
+        });
+        for (const auto& [file, content] :
+            {std::pair {PhoneBookDbgFile, phoneBook}, {ShortMsgDbgFile, shortMsg}})
+            PrintOutput((file + QLatin1Char(':') + QLatin1Char(' ') + HexBytes(content)).trimmed());
+    }
+    CloseProjectTables(g);
+    return ready ? ExitSuccess : ExitFailed;
 }
 
 int RunSaveAs(Session& s)
@@ -162,16 +204,38 @@ struct Command
     const char* name;
     const char* arguments;
     const char* summary;
+    const char* details; // what --help adds after the summary, or nothing
     int pathCount;
     int (*run)(Session&);
 };
 
-constexpr std::array<Command, 4> Commands {{
-    {"new", "PATH", "make a new project file from the template, as File New does", 1, RunNew},
-    {"info", "PATH", "show a project's name, model, limits, counts and dates, changing nothing", 1, RunInfo},
-    {"save-as", "PATH NEWPATH", "open a project and save it under a new name, as File Save As does", 2,
-        RunSaveAs},
-    {"recent", "", "list the recent projects, newest first", 0, RunRecent},
+const char* const ImageDetails
+    = "The project is read as the window opens it, from a private copy: neither the file nor\n"
+      "the recent list changes, and no port is opened. It is then checked as a download\n"
+      "checks it: its image is sized, the project check runs, and the size is compared with\n"
+      "the memory of its model (MaxMemoryByte). A check that refuses the project prints its\n"
+      "box on stderr, title and text in the applied language. Nothing is asked.\n"
+      "\n"
+      "Output, when the project would go:\n"
+      "  the image size in bytes, in decimal;\n"
+      "  every frame the download would send, in order, one a line in hexadecimal with its\n"
+      "  CRC (low byte first): the erase of the phone book, the erase of the short messages,\n"
+      "  each phone-book record, each short-message record;\n"
+      "  \"PhoneBook.dbg:\" and \"SHORTMSG.dbg:\", each followed by the content in hexadecimal\n"
+      "  that the download would write to that file (its records without their CRC).\n"
+      "\n"
+      "Exit status: 0 the project would go, 1 a check refuses it (or the file cannot be\n"
+      "opened), 2 usage error, 3 unhandled error (such as a record number over 255).\n";
+
+constexpr std::array<Command, 5> Commands {{
+    {"new", "PATH", "make a new project file from the template, as File New does", nullptr, 1, RunNew},
+    {"info", "PATH", "show a project's name, model, limits, counts and dates, changing nothing", nullptr, 1,
+        RunInfo},
+    {"save-as", "PATH NEWPATH", "open a project and save it under a new name, as File Save As does", nullptr,
+        2, RunSaveAs},
+    {"recent", "", "list the recent projects, newest first", nullptr, 0, RunRecent},
+    {"image", "PATH", "show what a download of the project would send, sending nothing", ImageDetails, 1,
+        RunImage},
 }};
 
 QString Usage()
@@ -186,8 +250,9 @@ QString Usage()
 
 QString CommandUsage(const Command& c)
 {
-    return QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] %1 %2\n\n%3.\n")
-        .arg(QString::fromLatin1(c.name), QString::fromLatin1(c.arguments), QString::fromLatin1(c.summary));
+    return QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] %1 %2\n\n%3.\n%4")
+        .arg(QString::fromLatin1(c.name), QString::fromLatin1(c.arguments), QString::fromLatin1(c.summary),
+            c.details ? QStringLiteral("\n") + QString::fromUtf8(c.details) : QString());
 }
 
 int UsageError(const QString& message)

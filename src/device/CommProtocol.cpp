@@ -90,12 +90,18 @@ qint32 CalcCRC16(qint32 initial, const CommBuffer& data, qint16 count)
     return CRC16(initial, data.data(), count);
 }
 
-bool SendCommand(VORNAGlobal& g, CommControl& comm, CommBuffer& cmd, qint16 nCmd, CommBuffer& rsp,
-    qint16 nRsp, qint16 silentTimeout, qint16 retry)
+void SetCommandCRC(CommBuffer& cmd, qint16 nCmd)
 {
     const qint32 crc = CalcCRC16(65535, cmd, nCmd);
     cmd(nCmd + 1) = CByte(crc % 256);
     cmd(nCmd + 2) = CByte(crc / 256);
+}
+
+bool SendCommand(VORNAGlobal& g, CommControl& comm, CommBuffer& cmd, qint16 nCmd, CommBuffer& rsp,
+    qint16 nRsp, qint16 silentTimeout, qint16 retry)
+{
+    // One CRC for all attempts: each sends the same bytes.
+    SetCommandCRC(cmd, nCmd);
 
     int attempts = 0;
     bool result = false;

@@ -12,6 +12,8 @@ class VORNAGlobal;
 qint32 CRC16(qint32 initial, const quint8* first, qint32 count);
 // CRC16 over positions 1 to count of a buffer.
 qint32 CalcCRC16(qint32 initial, const CommBuffer& data, qint16 count);
+// Writes the CRC of positions 1 to nCmd into nCmd + 1 (low byte) and nCmd + 2.
+void SetCommandCRC(CommBuffer& cmd, qint16 nCmd);
 
 // Sends the request in positions 1 to nCmd (its CRC written into nCmd + 1 and nCmd + 2) and
 // waits for an answer of exactly nRsp bytes, CRC included. retry + 1 attempts in all, with

@@ -37,6 +37,13 @@ qint64 DateDiff(const QString& interval, const QDateTime& from, const QDateTime&
 
 } // namespace
 
+CommControl& LinkComm(VORNAGlobal& g)
+{
+    if (!g.link.CommCtl)
+        throw UnhandledError(QStringLiteral("Object variable or With block variable not set"));
+    return *g.link.CommCtl;
+}
+
 bool EnsureCommOpen(VORNAGlobal& g, CommControl& comm)
 {
     if (comm.PortOpen())
@@ -107,21 +114,25 @@ qint16 ReceiveDataUseHandshaking(
     VORNAGlobal& g, CommControl& comm, CommBuffer& data, qint16 n, qint16 silentTimeout)
 {
     QDateTime lastActivity = g.platform.now();
+    // When the queue was last found waited on: bytes found then had arrived by that moment.
+    // The clock is read once for each wake-up, not once for each byte.
+    QDateTime seen = lastActivity;
     comm.InputLen = 1;
     qint16 i = 0;
     const QString interval = g.GetText(QStringLiteral("s"), 1, 456, QStringLiteral("VORNACommUtil"));
     bool timedOut = false;
     while (i < n) {
-        if (DateDiff(interval, lastActivity, g.platform.now()) > silentTimeout) {
+        if (DateDiff(interval, lastActivity, seen) > silentTimeout) {
             timedOut = true;
             break;
         }
         if (comm.InBufferCount() == 0) {
             comm.WaitForInput(ReceiveSliceMs);
             g.platform.doEvents();
+            seen = g.platform.now();
             continue;
         }
-        // Each byte is taken alone, so that each one restarts the silence clock.
+        // Each byte is taken alone, and each one restarts the silence clock.
         while (comm.InBufferCount() > 0 && i < n) {
             comm.InputLen = 1;
             const QByteArray b = comm.Input();
@@ -129,9 +140,9 @@ qint16 ReceiveDataUseHandshaking(
                 break;
             ++i;
             data(i) = quint8(b.at(0));
-            lastActivity = g.platform.now();
             g.platform.doEvents();
         }
+        lastActivity = seen;
     }
     if (timedOut && g.link.CommDebugLevel > 0)
         g.platform.msgBox(QStringLiteral("Communication silent timeout error in receiving  data!") + CRLF

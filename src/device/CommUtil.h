@@ -9,6 +9,9 @@ class VORNAGlobal;
 // The byte pipe to the device over the serial control: opened on demand and left open, a
 // send that first drops stale input, and a receive that ends on silence, not on a total time.
 
+// The shared serial control; one that is not wired is an unhandled error.
+CommControl& LinkComm(VORNAGlobal& g);
+
 // True if the port is open on return; opens it when it is not.
 bool EnsureCommOpen(VORNAGlobal& g, CommControl& comm);
 // Gives the control the shared port (and its device) and the fixed settings "9600,N,8,1".

@@ -15,13 +15,6 @@ namespace {
 const QString Module = QStringLiteral("VORNACommUtil");
 const QString Unknown = QStringLiteral("UnKnown");
 
-CommControl& Comm(VORNAGlobal& g)
-{
-    if (!g.link.CommCtl)
-        throw UnhandledError(QStringLiteral("Object variable or With block variable not set"));
-    return *g.link.CommCtl;
-}
-
 frmMessage& BusyForm(VORNAGlobal& g)
 {
     if (!g.link.BusyForm)
@@ -46,7 +39,7 @@ bool ReadRegisters(VORNAGlobal& g, int fn, int address, int count, CommBuffer& r
     cmd(6) = CByte(count % 256);
     const qint16 nRsp = qint16(2 * count + 5);
     rsp = CommBuffer(nRsp);
-    return SendCommand(g, Comm(g), cmd, 6, rsp, nRsp, g.link.Timeout, g.link.Retry);
+    return SendCommand(g, LinkComm(g), cmd, 6, rsp, nRsp, g.link.Timeout, g.link.Retry);
 }
 
 } // namespace
@@ -181,7 +174,7 @@ bool WriteDeviceComm(VORNAGlobal& g, const QString& model, const QString& slaveI
         }
         rs.MoveNext();
     }
-    CommControl& comm = Comm(g);
+    CommControl& comm = LinkComm(g);
     if (!comm.PortOpen())
         EnsureCommOpen(g, comm);
     if (showBusy) {

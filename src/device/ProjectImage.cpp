@@ -162,7 +162,7 @@ QByteArray EncodeMessageText(VORNAGlobal& g, const QString& text, bool unicode)
     return bytes;
 }
 
-void SetPhoneBookRecord(VORNAGlobal& g, CommBuffer& cmd, int i, const PhoneBookEntry& entry)
+qint16 SetPhoneBookRecord(VORNAGlobal& g, CommBuffer& cmd, int i, const PhoneBookEntry& entry)
 {
     const int L = entry.Length;
     cmd.resize(L + 11);
@@ -177,11 +177,12 @@ void SetPhoneBookRecord(VORNAGlobal& g, CommBuffer& cmd, int i, const PhoneBookE
     cmd(9) = CByte(i);
     for (int k = 0; k < L; ++k)
         cmd(10 + k) = CByte(CharCode(g, entry.PhoneNumber.at(k)));
+    return qint16(L + 9);
 }
 
-void SetShortMsgRecord(
-    VORNAGlobal& g, CommBuffer& cmd, const ShortMsgEntry& entry, const QByteArray& text, bool unicode)
+qint16 SetShortMsgRecord(VORNAGlobal& g, CommBuffer& cmd, const ShortMsgEntry& entry, bool unicode)
 {
+    const QByteArray text = EncodeMessageText(g, entry.Text, unicode);
     const int N = int(text.size());
     cmd.resize(N + 11);
     cmd(1) = CByte(g.link.StationID);
@@ -195,6 +196,7 @@ void SetShortMsgRecord(
     cmd(9) = 0x00;
     for (int k = 0; k < N; ++k)
         cmd(10 + k) = quint8(text[k]);
+    return qint16(N + 9);
 }
 
 bool DownloadImages(VORNAGlobal& g, const ProjectImage& image)
@@ -203,13 +205,6 @@ bool DownloadImages(VORNAGlobal& g, const ProjectImage& image)
 }
 
 namespace {
-
-CommControl& Comm(VORNAGlobal& g)
-{
-    if (!g.link.CommCtl)
-        throw UnhandledError(QStringLiteral("Object variable or With block variable not set"));
-    return *g.link.CommCtl;
-}
 
 // A new, empty copy of the frames about to be sent, in the current directory.
 bool OpenDebugFile(QFile& file)
@@ -225,18 +220,16 @@ bool OpenDebugFile(QFile& file)
 
 bool DownloadPhoneBook(VORNAGlobal& g, const ProjectImage& image)
 {
-    CommControl& comm = Comm(g);
+    CommControl& comm = LinkComm(g);
     if (!EnsureCommOpen(g, comm))
         return false;
-    QFile file(QStringLiteral("PhoneBook.dbg"));
+    QFile file(PhoneBookDbgFile);
     OpenDebugFile(file);
     CommBuffer cmd(256);
     CommBuffer rsp(6);
     for (int i = 1; i <= g.project.ProjTelCount; ++i) {
         g.platform.doEvents();
-        const PhoneBookEntry& entry = image.PhoneBookList.at(size_t(i - 1));
-        SetPhoneBookRecord(g, cmd, i, entry);
-        const qint16 nCmd = qint16(entry.Length + 9);
+        const qint16 nCmd = SetPhoneBookRecord(g, cmd, i, image.PhoneBookList.at(size_t(i - 1)));
         const bool sent = SendCommand(g, comm, cmd, nCmd, rsp, 6, g.link.Timeout, g.link.Retry);
         AppendToFile(file, cmd, nCmd);
         if (!sent)
@@ -247,18 +240,16 @@ bool DownloadPhoneBook(VORNAGlobal& g, const ProjectImage& image)
 
 bool DownloadShortMessages(VORNAGlobal& g, const ProjectImage& image)
 {
-    CommControl& comm = Comm(g);
+    CommControl& comm = LinkComm(g);
     if (!EnsureCommOpen(g, comm))
         return false;
-    QFile file(QStringLiteral("SHORTMSG.dbg"));
+    QFile file(ShortMsgDbgFile);
     OpenDebugFile(file);
     CommBuffer cmd(256);
     CommBuffer rsp(6);
     for (const ShortMsgEntry& entry : image.ShortMsgList) {
         g.platform.doEvents();
-        const QByteArray text = EncodeMessageText(g, entry.Text, image.IsUnicodeSMS);
-        SetShortMsgRecord(g, cmd, entry, text, image.IsUnicodeSMS);
-        const qint16 nCmd = qint16(text.size() + 9);
+        const qint16 nCmd = SetShortMsgRecord(g, cmd, entry, image.IsUnicodeSMS);
         const bool sent = SendCommand(g, comm, cmd, nCmd, rsp, 6, g.link.Timeout, g.link.Retry);
         AppendToFile(file, cmd, nCmd);
         if (!sent)

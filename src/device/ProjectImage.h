@@ -48,10 +48,14 @@ bool BuildShortMsgList(VORNAGlobal& g, ProjectImage& image);
 // A message text as it goes into its record: UTF-16 high byte first, or the 8-bit code page.
 QByteArray EncodeMessageText(VORNAGlobal& g, const QString& text, bool unicode);
 
-// The records without their CRC, numbered from 1 (phone book) or as in the entry (messages).
-void SetPhoneBookRecord(VORNAGlobal& g, CommBuffer& cmd, int i, const PhoneBookEntry& entry);
-void SetShortMsgRecord(
-    VORNAGlobal& g, CommBuffer& cmd, const ShortMsgEntry& entry, const QByteArray& text, bool unicode);
+// The records without their CRC, numbered from 1 (phone book) or as in the entry (messages),
+// the message text encoded as it goes. Each sizes cmd with room for the CRC and returns nCmd.
+qint16 SetPhoneBookRecord(VORNAGlobal& g, CommBuffer& cmd, int i, const PhoneBookEntry& entry);
+qint16 SetShortMsgRecord(VORNAGlobal& g, CommBuffer& cmd, const ShortMsgEntry& entry, bool unicode);
+
+// The files that keep the frames of the last download, in the current directory.
+inline const QString PhoneBookDbgFile = QStringLiteral("PhoneBook.dbg");
+inline const QString ShortMsgDbgFile = QStringLiteral("SHORTMSG.dbg");
 
 bool DownloadImages(VORNAGlobal& g, const ProjectImage& image);
 // Each sends its records one by one and keeps them, without CRC, in "PhoneBook.dbg" or

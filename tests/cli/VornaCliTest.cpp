@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QStandardPaths>
 #include <QStringList>
 
@@ -85,6 +87,24 @@ void WriteFile(const TestFolder& folder, const QString& relative, const QByteArr
     file.write(bytes);
 }
 
+// Project/A.cmb made from the template and changed by the given statements.
+std::function<void(const TestFolder&)> ProjectA(QStringList statements)
+{
+    return [statements](const TestFolder& folder) {
+        const QString path = QDir(folder.root()).filePath(QStringLiteral("Project/A.cmb"));
+        ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), path));
+        {
+            QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("prepare"));
+            db.setDatabaseName(path);
+            ASSERT_TRUE(db.open());
+            QSqlQuery query(db);
+            for (const QString& statement : statements)
+                ASSERT_TRUE(query.exec(statement)) << statement.toStdString();
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("prepare"));
+    };
+}
+
 CliRun Usage(QStringList args)
 {
     return {std::move(args), 2, {}, {QStringLiteral("usage: vorna-cli")}};
@@ -104,6 +124,12 @@ std::vector<Scenario> Scenarios()
     };
     const CliRun newA {cmd({"new", "Project/A.cmb"})};
     const CliRun newB {cmd({"new", "Project/B.cmb"})};
+    const QString annInGroup1
+        = QStringLiteral("INSERT INTO Users VALUES ('Ann', '0912345678', '', 'UserGroup1', 0)");
+    // Every zone's alarm text of 70 Unicode characters and reset text of 30: 13326 bytes with Ann,
+    // between the memories of the two models.
+    const QString longTexts = QStringLiteral("UPDATE Zones SET AlarmSMS = replace(hex(zeroblob(70)), '00', "
+                                             "'A'), ResetSMS = replace(hex(zeroblob(30)), '00', 'R')");
 
     return {
         {"new_then_info_shows_the_template", TraditionalChinese, {},
@@ -147,8 +173,51 @@ std::vector<Scenario> Scenarios()
                 {QStringLiteral("This project cannot be opened!"), QStringLiteral("\nvorna-cli: ")}}},
             {QStringLiteral("Project/D.txt")}, {}},
 
+        {"image_prints_the_size_every_frame_and_the_debug_files", English,
+            ProjectA({annInGroup1,
+                QStringLiteral("UPDATE Zones SET GroupName = 'ALL', AlarmSMS = 'AB', ResetSMS = '火' "
+                               "WHERE ZoneNo = 3")}),
+            {{cmd({"image", "Project/A.cmb"}), 0, {}, {},
+                 QStringLiteral("28\n"
+                                "F7 50 40 FF 43 C1\n"
+                                "F7 50 50 FF 4E 01\n"
+                                "F7 50 43 01 0E 00 01 0A 01 30 39 31 32 33 34 35 36 37 38 C0 13\n"
+                                "F7 50 53 04 08 41 00 04 00 00 41 00 42 B4 90\n"
+                                "F7 50 53 44 06 41 00 02 00 70 6B FD 64\n"
+                                "PhoneBook.dbg: F7 50 43 01 0E 00 01 0A 01 30 39 31 32 33 34 35 36 37 38\n"
+                                "SHORTMSG.dbg: F7 50 53 04 08 41 00 04 00 00 41 00 42 "
+                                "F7 50 53 44 06 41 00 02 00 70 6B\n")},
+                // Only read: the recent list stays empty, and no working copy or file is left.
+                {cmd({"recent"}), 0, {}, {}, QString()}},
+            {}, {QStringLiteral("Project/A.mir"), QStringLiteral("VORNA/PhoneBook.dbg")}},
+
+        {"image_refuses_a_project_too_large_for_its_model", English,
+            ProjectA({annInGroup1, longTexts, QStringLiteral("UPDATE Basic SET DeviceModelName = 'RM64T'")}),
+            {{cmd({"image", "Project/A.cmb"}), 1, {},
+                {QStringLiteral(
+                    "error: [Download Project] Project download failed!\r\nThe project to download "
+                    "[13326 Byte] is too large; please reduce its content. The memory holds "
+                    "12288Byte.\n")},
+                QString()}},
+            {}, {}},
+
+        {"image_lets_the_same_project_go_on_a_larger_model", English, ProjectA({annInGroup1, longTexts}),
+            {{cmd({"image", "Project/A.cmb"}), 0, {QStringLiteral("13326\nF7 50 40 FF")}}}, {}, {}},
+
+        {"image_refuses_a_project_that_is_not_ready", TraditionalChinese, ProjectA({}),
+            {{cmd({"image", "Project/A.cmb"}), 1, {},
+                {QStringLiteral("error: [下載取消] 下載取消！\r\n1筆使用者群組未設定使用者。\n")},
+                QString()}},
+            {}, {}},
+
+        {"image_with_a_record_number_over_255_is_unhandled", English,
+            ProjectA({annInGroup1, QStringLiteral("INSERT INTO Zones (ZoneNo, ResetSMS) VALUES (191, 'R')")}),
+            {{cmd({"image", "Project/A.cmb"}), 3, {QStringLiteral("F7 50 43 01")},
+                {QStringLiteral("vorna-cli: ")}}},
+            {}, {}},
+
         {"usage_errors", English, {},
-            {Usage({}), Usage(cmd({"frobnicate"})), Usage(cmd({"info"})),
+            {Usage({}), Usage(cmd({"frobnicate"})), Usage(cmd({"info"})), Usage(cmd({"image"})),
                 Usage(cmd({"info", "x.cmb", "y.cmb"})), Usage(cmd({"save-as", "Project/A.cmb"})),
                 Usage(cmd({"--yes", "--no", "recent"})), Usage(cmd({"info", ""})),
                 Usage(cmd({"recent", "--dir"})), Usage(cmd({"frobnicate", "--help"}))},
@@ -159,7 +228,11 @@ std::vector<Scenario> Scenarios()
                  {QStringLiteral("usage: vorna-cli"), QStringLiteral("save-as PATH NEWPATH")}},
                 {cmd({"new", "--help"}), 0,
                     {QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] "
-                                    "[--verbose] new PATH\n")}}},
+                                    "[--verbose] new PATH\n")}},
+                {cmd({"image", "--help"}), 0,
+                    {QStringLiteral("image PATH\n"), QStringLiteral("MaxMemoryByte"),
+                        QStringLiteral("\"PhoneBook.dbg:\""),
+                        QStringLiteral("Exit status: 0 the project would go")}}},
             {}, {}},
 
         {"save_as_onto_itself_answered_no_fails", English, {},

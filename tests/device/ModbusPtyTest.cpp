@@ -5,13 +5,10 @@
 
 #include <modbus/modbus.h>
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
-#include "CommUtil.h"
-#include "DeviceFixture.h"
 #include "DeviceRegisters.h"
-#include "QtSerialLine.h"
+#include "PtyLinkFixture.h"
 
 namespace {
 
@@ -70,31 +67,12 @@ private:
     std::thread m_thread;
 };
 
-class ModbusPtyTest : public DeviceTest
+class ModbusPtyTest : public PtyLinkTest
 {
 protected:
-    ModbusPtyTest()
-    {
-        platform.makeSerialLine = [] { return std::make_unique<QtSerialLine>(); };
-        // Real time on the real line: the clock follows the wall clock at each yield.
-        platform.onDoEvents = [this] {
-            platform.clock = QDateTime::currentDateTime();
-            if (pause.inDelay && pause.sleepStarted.msecsTo(platform.clock) >= 30)
-                pause.inDelay = false;
-        };
-        platform.clock = QDateTime::currentDateTime();
-        g.link.Timeout = 1;
-        g.link.Retry = 0;
-        g.link.CommDevice = device.path;
-        EXPECT_TRUE(EnsureCommOpen(g, comm));
-    }
+    ModbusPtyTest() { EXPECT_TRUE(openLine(device.path)); }
     ModbusDevice device;
 };
-
-int argc = 1;
-char arg0[] = "device_pty_tests";
-char* argv[] = {arg0, nullptr};
-QCoreApplication* app = QCoreApplication::instance() ? nullptr : new QCoreApplication(argc, argv);
 
 } // namespace
 

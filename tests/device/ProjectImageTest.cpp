@@ -3,74 +3,19 @@
 #include "CaseName.h"
 #include "CommUtil.h"
 #include "DeviceFixture.h"
+#include "DownloadSteps.h"
 #include "ProjectImage.h"
 
 namespace {
 
-// A project of the shipped template with its groups and zones replaced by the test's own.
-class ProjectImageTest : public DeviceTest
+class ProjectImageTest : public DeviceTest, public ProjectRows
 {
 protected:
     ProjectImageTest()
+        : ProjectRows(g)
     {
         newProject();
-        clear(g.project.rsUserGroups);
-        clear(g.project.rsZones);
-    }
-
-    static void clear(Recordset& rs)
-    {
-        rs.MoveFirst();
-        while (!rs.IsEOF()) {
-            rs.Delete();
-            rs.MoveNext();
-        }
-    }
-
-    void group(const QString& name)
-    {
-        Recordset& rs = g.project.rsUserGroups;
-        rs.AddNew();
-        rs.setField("GroupName", name);
-        rs.Update();
-    }
-
-    void user(const QString& name, const QString& phone, const QString& groups, bool disabled = false)
-    {
-        Recordset& rs = g.project.rsUsers;
-        rs.AddNew();
-        rs.setField("UserName", name);
-        rs.setField("PhoneNumber", phone);
-        rs.setField("GroupName", groups);
-        rs.setField("IsDisable", disabled);
-        rs.Update();
-    }
-
-    void zone(
-        int no, const QString& target, const QString& alarm, const QString& reset, bool disabled = false)
-    {
-        Recordset& rs = g.project.rsZones;
-        rs.AddNew();
-        rs.setField("ZoneNo", no);
-        rs.setField("GroupName", target);
-        rs.setField("AlarmSMS", alarm);
-        rs.setField("ResetSMS", reset);
-        rs.setField("IsDisable", disabled);
-        rs.Update();
-    }
-
-    void unicode(bool on)
-    {
-        g.project.rsBasic.MoveFirst();
-        g.project.rsBasic.setField("IsUnicode", on);
-        g.project.rsBasic.Update();
-    }
-
-    static QByteArray File(const char* name)
-    {
-        QFile f(QString::fromLatin1(name));
-        EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << name;
-        return f.readAll();
+        clearGroupsAndZones();
     }
 
     ProjectImage image;
@@ -81,13 +26,13 @@ protected:
 TEST_F(ProjectImageTest, TheTwoWorkedRecordsByteForByte)
 {
     CommBuffer cmd(256);
-    SetPhoneBookRecord(g, cmd, 2, {"0912345678", false, 2, 10});
+    ASSERT_EQ(SetPhoneBookRecord(g, cmd, 2, {"0912345678", false, 2, 10}), 19);
     EXPECT_EQ(Hex(cmd.bytes(1, 19)), "F7 50 43 02 0E 00 02 0A 02 30 39 31 32 33 34 35 36 37 38");
 
     const ShortMsgEntry ab {false, 0, "AB", 2, 4};
-    SetShortMsgRecord(g, cmd, ab, EncodeMessageText(g, "AB", true), true);
+    ASSERT_EQ(SetShortMsgRecord(g, cmd, ab, true), 13);
     EXPECT_EQ(Hex(cmd.bytes(1, 13)), "F7 50 53 04 08 41 00 04 00 00 41 00 42");
-    SetShortMsgRecord(g, cmd, ab, EncodeMessageText(g, "AB", false), false);
+    ASSERT_EQ(SetShortMsgRecord(g, cmd, ab, false), 11);
     EXPECT_EQ(Hex(cmd.bytes(1, 11)), "F7 50 53 04 06 40 00 02 00 41 42");
 }
 
@@ -139,6 +84,19 @@ TEST_F(ProjectImageTest, TheSizeFollowsTheEncodingOfTheMoment)
     BuildProjectImage(g, image);
     EXPECT_EQ(g.project.ProjectImageSize, 10 + 4 + 6 + 4);
     EXPECT_EQ(Hex(EncodeMessageText(g, QStringLiteral("火"), false)), "A4 F5");
+}
+
+TEST_F(ProjectImageTest, AnImageOfExactlyTheMemoryGoesAndOneByteMoreIsRefused)
+{
+    g.project.MaxMemoryByte = 12288;
+    g.project.ProjectImageSize = 12288;
+    EXPECT_TRUE(IsImageSizeAllowed(g));
+    g.project.ProjectImageSize = 12289;
+    platform.expectBox(MsgBox::Critical,
+        QStringLiteral(
+            "專案下載失敗!\r\n欲下載的專案 [12289 Byte] 過大, 請更改專案內容。記憶空間為 12288Byte."),
+        QStringLiteral("下載專案"));
+    EXPECT_FALSE(IsImageSizeAllowed(g));
 }
 
 TEST_F(ProjectImageTest, ACodePageThatQtLacksStopsTheProgram)
