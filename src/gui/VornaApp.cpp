@@ -4,7 +4,10 @@
 #include <QDir>
 
 #include "AboutView.h"
+#include "AddUserView.h"
+#include "AllUserGroupsView.h"
 #include "EditGroupListView.h"
+#include "EditTelListView.h"
 #include "EditZoneListView.h"
 #include "KeyInStringView.h"
 #include "MainWindowView.h"
@@ -34,6 +37,9 @@ VornaApp::VornaApp(QtPlatform& platform)
     addView<KeyInStringView>(projectForms.keyInString);
     addView<EditGroupListView>(projectForms.editGroupList);
     addView<EditZoneListView>(projectForms.editZoneList);
+    addView<EditTelListView>(projectForms.editTelList);
+    addView<AllUserGroupsView>(projectForms.allUserGroups);
+    addView<AddUserView>(projectForms.addUser);
 }
 
 VornaApp::~VornaApp()

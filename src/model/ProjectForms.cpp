@@ -6,6 +6,9 @@ ProjectForms::ProjectForms(VORNAGlobal& g)
     : keyInString(g)
     , editGroupList(g)
     , editZoneList(g)
+    , editTelList(g, allUserGroups)
+    , allUserGroups(g, editTelList)
+    , addUser(g)
     , m_g(g)
 { }
 
@@ -17,9 +20,11 @@ QString ProjectForms::showKeyInString(
     return keyInString.result;
 }
 
-ProjectDialogs::NewUser ProjectForms::showAddUser(const QString&)
+ProjectDialogs::NewUser ProjectForms::showAddUser(const QString& ProposedName)
 {
-    return {};
+    addUser.LoadFormObj(ProposedName);
+    m_g.platform.showModal(addUser);
+    return {addUser.NewUserName, addUser.NewUserGroup};
 }
 
 void ProjectForms::showEditGroupList(bool IsNewGroup)
@@ -28,7 +33,11 @@ void ProjectForms::showEditGroupList(bool IsNewGroup)
     m_g.platform.showModal(editGroupList);
 }
 
-void ProjectForms::showEditTelList() { }
+void ProjectForms::showEditTelList()
+{
+    editTelList.LoadFormObj();
+    m_g.platform.showModal(editTelList);
+}
 
 void ProjectForms::showEditZoneList()
 {
@@ -38,5 +47,5 @@ void ProjectForms::showEditZoneList()
 
 std::vector<FormModel*> ProjectForms::forms()
 {
-    return {&keyInString, &editGroupList, &editZoneList};
+    return {&keyInString, &editGroupList, &editZoneList, &editTelList, &allUserGroups, &addUser};
 }

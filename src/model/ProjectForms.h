@@ -3,14 +3,17 @@
 #include <vector>
 
 #include "ProjectDialogs.h"
+#include "frmAddUser.h"
+#include "frmAllUserGroups.h"
 #include "frmEditGroupList.h"
+#include "frmEditTelList.h"
 #include "frmEditZoneList.h"
 #include "frmKeyInString.h"
 
 class VORNAGlobal;
 
-// The editor and input dialogs of a project, one instance of each form: each is loaded from
-// the shared recordsets, shown modally through the platform, and read once it is hidden.
+// The editor, input and membership dialogs of a project, one instance of each form: each is
+// loaded from the shared recordsets, shown modally through the platform, and read once it is hidden.
 class ProjectForms : public ProjectDialogs
 {
 public:
@@ -29,6 +32,9 @@ public:
     frmKeyInString keyInString;
     frmEditGroupList editGroupList;
     frmEditZoneList editZoneList;
+    frmEditTelList editTelList;
+    frmAllUserGroups allUserGroups;
+    frmAddUser addUser;
 
 private:
     VORNAGlobal& m_g;

@@ -203,6 +203,44 @@ qint64 DateDiffSeconds(const QDateTime& from, const QDateTime& to)
     return wholeSeconds(to) - wholeSeconds(from);
 }
 
+bool IsNumeric(const QString& Text)
+{
+    const auto isBlank = [](QChar c) { return c == u' ' || c == u'\t'; };
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    qsizetype i = 0;
+    qsizetype end = Text.size();
+    while (i < end && isBlank(Text.at(i)))
+        ++i;
+    while (end > i && isBlank(Text.at(end - 1)))
+        --end;
+    // "(5)" is the accounting form of -5, and takes no sign of its own.
+    if (end - i >= 2 && Text.at(i) == u'(' && Text.at(end - 1) == u')') {
+        ++i;
+        --end;
+    } else if (i < end && (Text.at(i) == u'+' || Text.at(i) == u'-')) {
+        ++i;
+    }
+    int digits = 0;
+    for (; i < end && (isDigit(Text.at(i)) || (digits > 0 && Text.at(i) == u',')); ++i)
+        digits += isDigit(Text.at(i)) ? 1 : 0;
+    if (i < end && Text.at(i) == u'.')
+        for (++i; i < end && isDigit(Text.at(i)); ++i)
+            ++digits;
+    if (digits == 0)
+        return false;
+    if (i < end && QStringLiteral("EeDd").contains(Text.at(i))) {
+        ++i;
+        if (i < end && (Text.at(i) == u'+' || Text.at(i) == u'-'))
+            ++i;
+        const qsizetype exponentStart = i;
+        while (i < end && isDigit(Text.at(i)))
+            ++i;
+        if (i == exponentStart)
+            return false;
+    }
+    return i == end;
+}
+
 bool IsNumericValue(const QVariant& Value)
 {
     switch (Value.metaType().id()) {

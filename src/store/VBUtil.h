@@ -22,6 +22,11 @@ QString NullToEmpty(const QVariant& Value);
 // True for a value held as a number (not text, not Boolean).
 bool IsNumericValue(const QVariant& Value);
 
+// Whether a whole text reads as a number by the platform's rules: blanks around it, a
+// leading sign or surrounding parentheses, thousands commas in the whole part, a decimal
+// point and an exponent ("1E5", "1D-3") pass; a blank inside the number does not.
+bool IsNumeric(const QString& Text);
+
 // The leading numeric value of a text ("12abc" gives 12, "abc" gives 0).
 double Val(const QString& Text);
 

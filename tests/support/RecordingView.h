@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -33,6 +34,8 @@ public:
     int treeRefreshCount = 0;
     int listFillCount = 0;
     std::vector<QString> locatedTags; // the Items joined by "," of each LocateCurRecord
+    // Finds the record that LocateCurRecord names (Items(1), Items(2)); unset, it finds none.
+    std::function<bool(const QString& kind, const QString& name)> locate;
 
     // The three branches of an open project under its root, as the window builds them.
     void seedBranches()
@@ -107,6 +110,6 @@ public:
         for (int i = 1; i <= count && i <= 4; ++i)
             tag += (i > 1 ? QStringLiteral(",") : QString()) + Items(i);
         locatedTags.push_back(tag);
-        found = false;
+        found = locate && count >= 2 && locate(Items(1), Items(2));
     }
 };

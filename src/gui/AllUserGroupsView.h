@@ -1,0 +1,12 @@
+#pragma once
+
+#include "FormView.h"
+
+class frmAllUserGroups;
+
+// The group picker of the contact editor.
+class AllUserGroupsView : public DialogView
+{
+public:
+    explicit AllUserGroupsView(frmAllUserGroups& model, QWidget* parent = nullptr);
+};

@@ -1,0 +1,151 @@
+#include "frmAllUserGroups.h"
+
+#include "FormText.h"
+#include "VBUtil.h"
+#include "VORNAGlobal.h"
+#include "VORNAUtil.h"
+#include "frmEditTelList.h"
+
+namespace {
+
+const QString Module = QStringLiteral("frmAllUserGroups");
+
+const FormTextPath kFormTexts[] = {{""}, {"cmdAddGroup"}, {"cmbCancel"}, {"cmbOK"}, {"lblCaption"}};
+
+ListItem GroupRow(const Recordset& rs)
+{
+    return {NullToEmpty(rs.Fields(QStringLiteral("GroupName"))),
+        {NullToEmpty(rs.Fields(QStringLiteral("GroupDsc")))}};
+}
+
+} // namespace
+
+frmAllUserGroups::frmAllUserGroups(VORNAGlobal& g, frmEditTelList& editTelList)
+    : m_g(g)
+    , m_editTelList(editTelList)
+{
+    Caption = QStringLiteral("群組");
+    lblCaption.Caption = QStringLiteral("現有的群組:");
+    cmdAddGroup.Caption = QStringLiteral("新增群組");
+    cmbOK.Caption = QStringLiteral("確定");
+    cmbCancel.Caption = QStringLiteral("取消");
+}
+
+std::span<const FormTextPath> frmAllUserGroups::formTexts() const
+{
+    return kFormTexts;
+}
+
+void frmAllUserGroups::Form_Load()
+{
+    ApplyFormText(m_g.ml, *this);
+}
+
+void frmAllUserGroups::LoadFormObj()
+{
+    Load();
+    SelectedGroupName.clear();
+    SelectedGroupDsc.clear();
+    mklvUserGroupsContent();
+}
+
+// Every group, on the shared recordset itself (it ends at end of file); the contact's own
+// are grey. The first row is chosen unless no group differs from the contact's list.
+void frmAllUserGroups::mklvUserGroupsContent()
+{
+    lvUserGroups.ColumnHeaders
+        = {{QStringLiteral("連絡人群組名稱"), 1800}, {QStringLiteral("連絡人群組說明"), 1800}};
+    lvUserGroups.ListItems.clear();
+    lvUserGroups.SelectedItem = -1;
+    Recordset& rs = m_g.project.rsUserGroups;
+    if (rs.RecordCount() > 0)
+        for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext())
+            lvUserGroups.ListItems.push_back(GroupRow(rs));
+
+    bool anyDifferent = false;
+    for (ListItem& row : lvUserGroups.ListItems)
+        for (const ListItem& had : m_editTelList.lvGroupName.ListItems) {
+            if (row.Text.toUpper() == had.Text.toUpper())
+                row.ForeColor = SystemColor::GrayText;
+            else
+                anyDifferent = true;
+        }
+    lvUserGroups.SelectedItem = anyDifferent ? 0 : -1;
+}
+
+void frmAllUserGroups::CheckFromObj(bool&) { }
+
+void frmAllUserGroups::SaveFormObj() { }
+
+// A grey row is taken too: the contact editor drops a group its contact already has.
+void frmAllUserGroups::cmbOK_Click()
+{
+    bool IsValid = true;
+    CheckFromObj(IsValid);
+    const int row = lvUserGroups.SelectedItem;
+    if (row >= 0 && row < static_cast<int>(lvUserGroups.ListItems.size())
+        && !lvUserGroups.ListItems[row].Text.isEmpty()) {
+        SelectedGroupName = lvUserGroups.ListItems[row].Text;
+        SelectedGroupDsc = lvUserGroups.ListItems[row].SubItems.at(0);
+    }
+    SaveFormObj();
+    m_g.platform.hideForm(*this);
+}
+
+void frmAllUserGroups::cmbCancel_Click()
+{
+    m_g.platform.hideForm(*this);
+}
+
+void frmAllUserGroups::cmdAddGroup_Click()
+{
+    if (!AddUserGroup(m_g))
+        return;
+    Recordset& rs = m_g.project.rsUserGroups;
+    rs.MoveLast();
+    lvUserGroups.ListItems.push_back(GroupRow(rs));
+    lvUserGroups.SelectedItem = static_cast<int>(lvUserGroups.ListItems.size()) - 1;
+}
+
+void frmAllUserGroups::lvUserGroups_Click()
+{
+    const int row = lvUserGroups.SelectedItem;
+    if (row >= 0 && row < static_cast<int>(lvUserGroups.ListItems.size())
+        && contactHas(lvUserGroups.ListItems[row].Text))
+        showDuplicateBox(161);
+}
+
+// Walks the contact's list and answers for each row that differs: a group the contact has
+// further down the list is picked all the same, with the box over the closing dialog.
+void frmAllUserGroups::lvUserGroups_DblClick()
+{
+    const int row = lvUserGroups.SelectedItem;
+    if (row < 0 || row >= static_cast<int>(lvUserGroups.ListItems.size()))
+        return;
+    const ListItem picked = lvUserGroups.ListItems[row];
+    for (const ListItem& had : m_editTelList.lvGroupName.ListItems) {
+        if (picked.Text.toUpper() == had.Text.toUpper()) {
+            showDuplicateBox(173);
+            return;
+        }
+        SelectedGroupName = picked.Text;
+        SelectedGroupDsc = picked.SubItems.at(0);
+        m_g.platform.hideForm(*this);
+    }
+}
+
+bool frmAllUserGroups::contactHas(const QString& GroupName) const
+{
+    for (const ListItem& had : m_editTelList.lvGroupName.ListItems)
+        if (had.Text.toUpper() == GroupName.toUpper())
+            return true;
+    return false;
+}
+
+void frmAllUserGroups::showDuplicateBox(int ID)
+{
+    m_g.platform.msgBox(m_g.GetText(QStringLiteral("群組不可重覆挑選!"), 1, ID, Module)
+            + QStringLiteral("\r\n") + m_g.GetText(QStringLiteral("群組早已加入至 "), 2, ID, Module)
+            + m_editTelList.lblTelUser.Caption,
+        MsgBox::Exclamation, m_g.GetText(QStringLiteral("群組不可重覆挑選!"), 3, ID, Module));
+}

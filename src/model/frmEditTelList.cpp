@@ -1,0 +1,257 @@
+#include "frmEditTelList.h"
+
+#include "FormText.h"
+#include "VBUtil.h"
+#include "VORNAGlobal.h"
+#include "VORNAUtil.h"
+#include "ValidUtil.h"
+#include "frmAllUserGroups.h"
+
+namespace {
+
+const QString Module = QStringLiteral("EditTelList");
+const QString CRLF = QStringLiteral("\r\n");
+
+const FormTextPath kFormTexts[] = {{""}, {"cmdDelete"}, {"cmdAdd"}, {"txtTelNo", "Text"},
+    {"cmdTelUserRename"}, {"txtTelDsc", "Text"}, {"chkIsDisable"}, {"cmdCancel"}, {"cmdOK"}, {"Label1"},
+    {"Label5"}, {"lblTelUser"}, {"Label3"}, {"Label2"}};
+
+QString Field(const Recordset& rs, const QString& name)
+{
+    return NullToEmpty(rs.Fields(name));
+}
+
+} // namespace
+
+frmEditTelList::frmEditTelList(VORNAGlobal& g, frmAllUserGroups& allUserGroups)
+    : m_g(g)
+    , m_allUserGroups(allUserGroups)
+{
+    Caption = QStringLiteral("連絡人");
+    Label2.Caption = QStringLiteral("連絡人 :");
+    cmdTelUserRename.Caption = QStringLiteral("變更連絡人");
+    Label1.Caption = QStringLiteral("電話號碼 :");
+    txtTelNo.MaxLength = 20;
+    chkIsDisable.Caption = QStringLiteral("暫停使用");
+    Label3.Caption = QStringLiteral("說明 :");
+    txtTelDsc.MultiLine = true;
+    Label5.Caption = QStringLiteral("連絡人群組 :");
+    cmdAdd.Caption = QStringLiteral("新增");
+    cmdDelete.Caption = QStringLiteral("刪除");
+    cmdOK.Caption = QStringLiteral("確定");
+    cmdCancel.Caption = QStringLiteral("取消");
+}
+
+std::span<const FormTextPath> frmEditTelList::formTexts() const
+{
+    return kFormTexts;
+}
+
+void frmEditTelList::Form_Load()
+{
+    ApplyFormText(m_g.ml, *this);
+}
+
+void frmEditTelList::LoadFormObj()
+{
+    // Filling a control loads the form first, so that its captions don't overwrite the row.
+    Load();
+    FocusControl = nullptr;
+    RemovedCount = 0;
+    AddedCount = 0;
+    WorkTelNoCount = CountTelNo(m_g.project);
+
+    const Recordset& rs = m_g.project.rsUsers;
+    lblTelUser.Caption = Field(rs, QStringLiteral("UserName"));
+    txtTelNo.Text = Field(rs, QStringLiteral("PhoneNumber"));
+    txtTelDsc.Text = Field(rs, QStringLiteral("UserDsc"));
+    const QVariant disabled = rs.Fields(QStringLiteral("IsDisable"));
+    chkIsDisable.Value = !disabled.isNull() && disabled.toBool() ? CheckBox::Checked : CheckBox::Unchecked;
+    OldGroupList = Field(rs, QStringLiteral("GroupName"));
+    OldUserName = lblTelUser.Caption;
+
+    mklvGroupName();
+
+    FocusControl = &txtTelNo;
+    cmdDelete.Enabled = !lvGroupName.ListItems.empty();
+}
+
+// The contact's groups in table order; an entry that names no group is not shown, and so
+// is dropped by the next save.
+void frmEditTelList::mklvGroupName()
+{
+    lvGroupName.ColumnHeaders
+        = {{QStringLiteral("連絡人群組名稱"), 1800}, {QStringLiteral("連絡人群組說明"), 1800}};
+    ProjectState& p = m_g.project;
+    if (p.rsUsers.RecordCount() == 0)
+        return;
+    Recordset users = p.rsUsers.Clone();
+    for (users.MoveFirst(); !users.IsEOF(); users.MoveNext()) {
+        if (Field(users, QStringLiteral("UserName")).toUpper() != lblTelUser.Caption.toUpper())
+            continue;
+        const QString groupList = Field(users, QStringLiteral("GroupName"));
+        QStringList entries;
+        for (const QString& entry : groupList.isEmpty() ? QStringList() : groupList.split(CRLF))
+            entries << entry.toUpper();
+        if (p.rsUserGroups.RecordCount() == 0)
+            continue;
+        lvGroupName.ListItems.clear();
+        lvGroupName.SelectedItem = -1;
+        Recordset groups = p.rsUserGroups.Clone();
+        for (groups.MoveFirst(); !groups.IsEOF(); groups.MoveNext()) {
+            const QString name = Field(groups, QStringLiteral("GroupName"));
+            if (entries.contains(name.toUpper()))
+                lvGroupName.ListItems.push_back({name, {Field(groups, QStringLiteral("GroupDsc"))}});
+        }
+        groups.Close();
+    }
+    users.Close();
+}
+
+// The number as typed, trimmed: not empty, numeric, at most 20 characters. The numeric
+// box does not end the check, so a long text of letters gives both boxes.
+void frmEditTelList::CheckFormObj(bool& IsValid)
+{
+    IsValid = true;
+    const QString T = Trim(txtTelNo.Text);
+    if (T.isEmpty()) {
+        m_g.platform.msgBox(
+            m_g.GetText(QStringLiteral("本電話簿不得為空！請再次輸入電話號碼。"), 1, 250, Module),
+            MsgBox::Critical, QStringLiteral("本電話簿不得為空"));
+        FocusControl = &txtTelNo;
+        IsValid = false;
+        return;
+    }
+    if (!IsNumeric(T)) {
+        m_g.platform.msgBox(
+            m_g.GetText(QStringLiteral(" 電話號碼只能輸入數字！請再次輸入電話號碼。"), 1, 257, Module),
+            MsgBox::Critical, m_g.GetText(QStringLiteral("電話號碼只能輸入數字"), 2, 257, Module));
+        FocusControl = &txtTelNo;
+        IsValid = false;
+    }
+    if (T.size() > 20) {
+        m_g.platform.msgBox(
+            m_g.GetText(QStringLiteral(" 電話號碼不得大於20個數字！請再次輸入電話號碼。"), 1, 255, Module),
+            MsgBox::Critical, m_g.GetText(QStringLiteral("電話號碼不得大於20個數字"), 2, 255, Module));
+        FocusControl = &txtTelNo;
+        IsValid = false;
+    }
+}
+
+void frmEditTelList::SaveFormObj()
+{
+    ProjectState& p = m_g.project;
+    ProjectView& view = m_g.view();
+    const QString userName = lblTelUser.Caption;
+    const bool renamed = userName != OldUserName;
+
+    NodeTagItems Items;
+    Items(1) = QStringLiteral("Users");
+    Items(2) = OldUserName;
+    bool found = false;
+    view.LocateCurRecord(Items, 2, found);
+    if (renamed)
+        p.rsUsers.setField(QStringLiteral("UserName"), userName);
+    // Moving to the renamed row stores the name; no other table holds a contact's name.
+    Items(2) = userName;
+    view.LocateCurRecord(Items, 2, found);
+
+    if (!txtTelNo.Text.isEmpty())
+        p.rsUsers.setField(QStringLiteral("PhoneNumber"), txtTelNo.Text);
+    p.rsUsers.setField(QStringLiteral("UserDsc"), txtTelDsc.Text);
+    QString groupList;
+    for (const ListItem& row : lvGroupName.ListItems)
+        groupList += row.Text + CRLF;
+    groupList.chop(2);
+    p.rsUsers.setField(QStringLiteral("GroupName"), groupList);
+    const bool disabled = chkIsDisable.Value == CheckBox::Checked;
+    p.rsUsers.setField(QStringLiteral("IsDisable"), disabled);
+    p.rsUsers.Update();
+
+    const int node = FindNodeByTag(view, QStringLiteral("Users,") + OldUserName);
+    if (renamed) {
+        view.setNodeText(node, userName);
+        view.setNodeTag(node, QStringLiteral("Users,") + userName);
+        view.refreshTree();
+    }
+    view.setNodeForeColor(node, disabled ? SystemColor::GrayText : 0);
+
+    view.selectNode(FindNodeByTag(view, QStringLiteral("Users,") + userName));
+    view.refreshTree();
+    view.mklvNodeContent();
+    p.IsProjectModified = true;
+}
+
+void frmEditTelList::cmdOK_Click()
+{
+    bool IsValid = true;
+    CheckFormObj(IsValid);
+    if (!IsValid) {
+        if (FocusControl)
+            SetFocus(*FocusControl);
+        return;
+    }
+    SaveFormObj();
+    // The running count follows the rows removed and added here, whatever the list held.
+    ProjectState& p = m_g.project;
+    p.TelNoCount = static_cast<qint16>(p.TelNoCount - RemovedCount + AddedCount);
+    if (lvGroupName.ListItems.empty())
+        cmdDelete.Enabled = false;
+    m_g.platform.hideForm(*this);
+}
+
+void frmEditTelList::cmdCancel_Click()
+{
+    m_g.platform.hideForm(*this);
+}
+
+void frmEditTelList::cmdAdd_Click()
+{
+    const qint16 MaxTelNo = m_g.project.MaxTelNo;
+    if (WorkTelNoCount + 1 > MaxTelNo) {
+        m_g.platform.msgBox(
+            m_g.GetText(QStringLiteral("通知對象[群組/連絡人]已超過最大筆數["), 1, 2004, Module)
+                + QString::number(MaxTelNo)
+                + m_g.GetText(QStringLiteral("]，不得再增加通知對象[群組/連絡人]！"), 2, 2004, Module),
+            MsgBox::Exclamation,
+            m_g.GetText(QStringLiteral("通知對象[群組/連絡人]已超過最大筆數"), 3, 2004, Module));
+        return;
+    }
+
+    m_allUserGroups.LoadFormObj();
+    m_g.platform.showModal(m_allUserGroups);
+
+    const QString name = m_allUserGroups.SelectedGroupName;
+    bool listed = false;
+    for (const ListItem& row : lvGroupName.ListItems)
+        listed = listed || row.Text == name;
+    if (!name.isEmpty() && !listed) {
+        lvGroupName.ListItems.push_back({name, {m_allUserGroups.SelectedGroupDsc}});
+        lvGroupName.SelectedItem = static_cast<int>(lvGroupName.ListItems.size()) - 1;
+        ++AddedCount;
+        ++WorkTelNoCount;
+    }
+    cmdDelete.Enabled = !lvGroupName.ListItems.empty();
+}
+
+void frmEditTelList::cmdDelete_Click()
+{
+    const int row = lvGroupName.SelectedItem;
+    if (row < 0 || row >= static_cast<int>(lvGroupName.ListItems.size()))
+        return;
+    lvGroupName.ListItems.erase(lvGroupName.ListItems.begin() + row);
+    lvGroupName.SelectedItem = -1;
+    ++RemovedCount;
+    --WorkTelNoCount;
+}
+
+// The new name shows in the label only; OK stores it, Cancel forgets it.
+void frmEditTelList::cmdTelUserRename_Click()
+{
+    const QString answer = KeyInString(m_g, m_g.GetText(QStringLiteral("變更連絡人"), 1, 278, Module),
+        m_g.GetText(QStringLiteral("請輸入新連絡人名稱:"), 2, 278, Module), lblTelUser.Caption, QString());
+    if (answer == KeyInStringCancelled || answer == lblTelUser.Caption)
+        return;
+    if (IsValidUserName(m_g, answer))
+        lblTelUser.Caption = answer;
+}
