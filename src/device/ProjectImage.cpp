@@ -14,17 +14,6 @@ namespace {
 
 const QString CRLF = QStringLiteral("\r\n");
 
-QString Text(const Recordset& rs, const char* field)
-{
-    return NullToEmpty(rs.Fields(QString::fromLatin1(field)));
-}
-
-bool Flag(const Recordset& rs, const char* field)
-{
-    const QVariant v = rs.Fields(QString::fromLatin1(field));
-    return !v.isNull() && v.toBool();
-}
-
 // The 8-bit code of one character; a character that takes two bytes has a code above
 // 255, which no byte field takes.
 int CharCode(VORNAGlobal& g, QChar ch)
@@ -48,7 +37,7 @@ bool BuildProjectImage(VORNAGlobal& g, ProjectImage& image)
     BuildPhoneBookList(g, image);
     if (g.project.rsBasic.RecordCount() > 0) {
         g.project.rsBasic.MoveFirst();
-        image.IsUnicodeSMS = Flag(g.project.rsBasic, "IsUnicode");
+        image.IsUnicodeSMS = FieldFlag(g.project.rsBasic, "IsUnicode");
     }
     BuildShortMsgList(g, image);
     qint32 size = 0;
@@ -72,7 +61,7 @@ bool BuildPhoneBookList(VORNAGlobal& g, ProjectImage& image)
     image.GroupNameList.clear();
     groups.MoveFirst();
     while (!groups.IsEOF()) {
-        const QString name = Text(groups, "GroupName");
+        const QString name = FieldText(groups, "GroupName");
         if (!name.isEmpty())
             image.GroupNameList.push_back(name);
         groups.MoveNext();
@@ -85,16 +74,16 @@ bool BuildPhoneBookList(VORNAGlobal& g, ProjectImage& image)
     image.PhoneBookList.clear();
     users.MoveFirst();
     while (!users.IsEOF()) {
-        const QString groupList = Text(users, "GroupName");
+        const QString groupList = FieldText(users, "GroupName");
         if (!groupList.isEmpty()) {
             for (const QString& piece : groupList.split(CRLF)) {
                 const QString name = piece.trimmed();
                 if (name.isEmpty())
                     continue;
                 PhoneBookEntry entry;
-                entry.PhoneNumber = Text(users, "PhoneNumber");
+                entry.PhoneNumber = FieldText(users, "PhoneNumber");
                 entry.Length = CInt(qint64(entry.PhoneNumber.size()));
-                entry.IsDisable = Flag(users, "IsDisable");
+                entry.IsDisable = FieldFlag(users, "IsDisable");
                 for (size_t k = 0; k < image.GroupNameList.size(); ++k) {
                     if (image.GroupNameList[k].toUpper() == name.toUpper()) {
                         entry.GroupNo = qint16(k + 1);
@@ -123,10 +112,10 @@ bool BuildShortMsgList(VORNAGlobal& g, ProjectImage& image)
     zones.MoveFirst();
     while (!zones.IsEOF()) {
         const qint16 zoneNo = CInt(zones.Fields(QStringLiteral("ZoneNo")));
-        const bool isDisable = Flag(zones, "IsDisable");
-        const QString groupName = Text(zones, "GroupName");
-        const QString alarm = Text(zones, "AlarmSMS");
-        const QString reset = Text(zones, "ResetSMS");
+        const bool isDisable = FieldFlag(zones, "IsDisable");
+        const QString groupName = FieldText(zones, "GroupName");
+        const QString alarm = FieldText(zones, "AlarmSMS");
+        const QString reset = FieldText(zones, "ResetSMS");
         if (groupName.toUpper() == QStringLiteral("ALL")) {
             groupNo = 0;
         } else {

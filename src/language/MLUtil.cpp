@@ -9,15 +9,6 @@
 #include "SettingUtil.h"
 #include "VBUtil.h"
 
-namespace {
-
-QString FieldText(const Recordset& rs, const QString& name)
-{
-    return NullToEmpty(rs.Fields(name));
-}
-
-} // namespace
-
 QString LanguageForLocale(const QString& localeName)
 {
     // "zh_TW.UTF-8", "zh-TW", "zh_Hant_TW@euro": the code set and modifier do not count.

@@ -70,11 +70,6 @@ const SheetRow ZoneSheet[] = {{"警報區:", 1333, "ZoneNo"}, {"警報區名稱:
     {"暫停使用", 1337, "IsDisable"}, {"連絡人群組名稱:", 1339, "GroupName"}, {"說明:", 1341, "ZoneDsc"},
     {"警報發起訊息:", 1343, "AlarmSMS"}, {"警報復歸訊息:", 1345, "ResetSMS"}};
 
-QString Text(const Recordset& rs, const char* field)
-{
-    return NullToEmpty(rs.Fields(QString::fromLatin1(field)));
-}
-
 } // namespace
 
 void frmMain::mklvNodeContent()
@@ -166,7 +161,7 @@ void frmMain::PutTableTolvNodeContent(
         bool matches = true;
         if (memberFilter) {
             matches = false;
-            for (const QString& entry : Text(rs, "GroupName").split(CRLF))
+            for (const QString& entry : FieldText(rs, "GroupName").split(CRLF))
                 if (entry == FilterValue)
                     matches = true;
         } else if (!FilterField.isEmpty()) {
@@ -176,9 +171,9 @@ void frmMain::PutTableTolvNodeContent(
             continue;
         ListItem item;
         if (layout) {
-            item.Text = Text(rs, layout->fields.front());
+            item.Text = FieldText(rs, layout->fields.front());
             for (size_t i = 1; i < layout->fields.size(); ++i)
-                item.SubItems.push_back(Text(rs, layout->fields[i]));
+                item.SubItems.push_back(FieldText(rs, layout->fields[i]));
         } else {
             item.Text = NullToEmpty(rs.Fields(0));
             for (int i = 1; i < rs.FieldCount(); ++i)
@@ -197,7 +192,7 @@ void frmMain::PutRecordTolvNodeContent(const QString& TableName, Recordset& rs)
 
     auto addSheet = [&](const auto& rows) {
         for (const SheetRow& r : rows)
-            lv.ListItems.push_back({T(m_g, r.label, 1, r.id), {Text(rs, r.field)}});
+            lv.ListItems.push_back({T(m_g, r.label, 1, r.id), {FieldText(rs, r.field)}});
     };
     if (TableName == QLatin1String("Users")) {
         lv.ColumnHeaders = {{T(m_g, "項目", 1, 1322), 1500}, {T(m_g, "內容", 1, 1323), 4000}};

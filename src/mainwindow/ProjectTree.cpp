@@ -14,11 +14,6 @@ QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
     return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
 }
 
-QString Text(const Recordset& rs, const char* field)
-{
-    return NullToEmpty(rs.Fields(QString::fromLatin1(field)));
-}
-
 // A suspended contact or zone is grey, any other black; the store's default reads as False.
 quint32 DisableColor(const Recordset& rs)
 {
@@ -57,7 +52,7 @@ void frmMain::mktvProjContent()
         QStringLiteral("UserName"), QStringLiteral("Users"));
     if (p.rsUsers.RecordCount() > 0) {
         for (p.rsUsers.MoveFirst(); !p.rsUsers.IsEOF(); p.rsUsers.MoveNext()) {
-            const QString name = Text(p.rsUsers, "UserName");
+            const QString name = FieldText(p.rsUsers, "UserName");
             if (name.isEmpty())
                 continue;
             const int node = addNode(
@@ -71,7 +66,7 @@ void frmMain::mktvProjContent()
         T(m_g, "UserGroups", 3, 1221), QStringLiteral("UserGroups"));
     if (p.rsUserGroups.RecordCount() > 0) {
         for (p.rsUserGroups.MoveFirst(); !p.rsUserGroups.IsEOF(); p.rsUserGroups.MoveNext()) {
-            const QString name = Text(p.rsUserGroups, "GroupName");
+            const QString name = FieldText(p.rsUserGroups, "GroupName");
             if (!name.isEmpty())
                 addNode(groups, QString(), name, QStringLiteral("UserGroups"),
                     QStringLiteral("UserGroups,") + name);
@@ -82,8 +77,8 @@ void frmMain::mktvProjContent()
         QStringLiteral("Zones"), QStringLiteral("Zones"));
     if (p.rsZones.RecordCount() > 0) {
         for (p.rsZones.MoveFirst(); !p.rsZones.IsEOF(); p.rsZones.MoveNext()) {
-            const QString zoneNo = Text(p.rsZones, "ZoneNo");
-            const QString zoneName = Text(p.rsZones, "ZoneName");
+            const QString zoneNo = FieldText(p.rsZones, "ZoneNo");
+            const QString zoneName = FieldText(p.rsZones, "ZoneName");
             QString text = QStringLiteral("#") + zoneNo;
             if (!zoneName.isEmpty())
                 text += QStringLiteral("-") + zoneName;

@@ -16,11 +16,6 @@ QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
     return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
 }
 
-QString Text(const Recordset& rs, const char* field)
-{
-    return NullToEmpty(rs.Fields(QString::fromLatin1(field)));
-}
-
 // The first of Prefix1 to Prefix99 that no row holds (compared exactly), Prefix1 for an
 // empty table, and nothing when all 99 are taken.
 QString ProposeName(Recordset& rs, const QString& FieldName, const QString& Prefix)
@@ -105,7 +100,7 @@ bool DeleteUserGroup(VORNAGlobal& g)
                 + T(g, "刪除連絡人群組失敗。", 2, 64),
             T(g, "刪除連絡人群組失敗", 3, 64), MsgBox::Critical);
 
-    const QString name = Text(p.rsUserGroups, "GroupName");
+    const QString name = FieldText(p.rsUserGroups, "GroupName");
 
     int groupRows = 0;
     Recordset clone = p.rsUserGroups.Clone();
@@ -126,9 +121,9 @@ bool DeleteUserGroup(VORNAGlobal& g)
     if (p.rsZones.RecordCount() > 0) {
         p.rsZones.MoveFirst();
         while (!p.rsZones.IsEOF()) {
-            if (Text(p.rsZones, "GroupName") == name)
-                AppendLine(
-                    zoneText, Text(p.rsZones, "ZoneNo") + QStringLiteral(" ,") + Text(p.rsZones, "ZoneName"));
+            if (FieldText(p.rsZones, "GroupName") == name)
+                AppendLine(zoneText,
+                    FieldText(p.rsZones, "ZoneNo") + QStringLiteral(" ,") + FieldText(p.rsZones, "ZoneName"));
             p.rsZones.MoveNext();
         }
     }
@@ -137,13 +132,14 @@ bool DeleteUserGroup(VORNAGlobal& g)
     if (p.rsUsers.RecordCount() > 0) {
         p.rsUsers.MoveFirst();
         while (!p.rsUsers.IsEOF()) {
-            for (const QString& entry : Text(p.rsUsers, "GroupName").split(CRLF)) {
+            for (const QString& entry : FieldText(p.rsUsers, "GroupName").split(CRLF)) {
                 if (entry != name)
                     continue;
                 ++userCount;
                 AppendLine(userText,
-                    Text(p.rsUsers, "UserName") + QStringLiteral(" ,") + Text(p.rsUsers, "PhoneNumber")
-                        + QStringLiteral(" ,") + Text(p.rsUsers, "UserDsc"));
+                    FieldText(p.rsUsers, "UserName") + QStringLiteral(" ,")
+                        + FieldText(p.rsUsers, "PhoneNumber") + QStringLiteral(" ,")
+                        + FieldText(p.rsUsers, "UserDsc"));
             }
             p.rsUsers.MoveNext();
         }
@@ -168,7 +164,7 @@ bool DeleteUserGroup(VORNAGlobal& g)
     if (p.rsZones.RecordCount() > 0) {
         p.rsZones.MoveFirst();
         while (!p.rsZones.IsEOF()) {
-            if (Text(p.rsZones, "GroupName") == name) {
+            if (FieldText(p.rsZones, "GroupName") == name) {
                 p.rsZones.setField(QStringLiteral("GroupName"), QString());
                 p.rsZones.Update();
             }
@@ -183,7 +179,7 @@ bool DeleteUserGroup(VORNAGlobal& g)
         while (!p.rsUsers.IsEOF()) {
             QString newList;
             bool found = false;
-            for (const QString& entry : Text(p.rsUsers, "GroupName").split(CRLF)) {
+            for (const QString& entry : FieldText(p.rsUsers, "GroupName").split(CRLF)) {
                 if (entry.toUpper() == upperName)
                     found = true;
                 else
@@ -271,8 +267,8 @@ bool DeleteUser(VORNAGlobal& g)
                 + T(g, "刪除連絡人名稱失敗。", 2, 238),
             T(g, "刪除連絡人名稱失敗", 3, 238), MsgBox::Critical);
 
-    const QString userName = Text(p.rsUsers, "UserName");
-    const QString phoneNumber = Text(p.rsUsers, "PhoneNumber");
+    const QString userName = FieldText(p.rsUsers, "UserName");
+    const QString phoneNumber = FieldText(p.rsUsers, "PhoneNumber");
     const int answer = g.platform.msgBox(T(g, "確定是否要刪除這個連絡人[", 1, 248) + userName
             + QStringLiteral(":") + phoneNumber + QStringLiteral("]?"),
         MsgBox::YesNo | MsgBox::Exclamation, T(g, "是否確定刪除這個連絡人", 3, 248));
@@ -306,7 +302,7 @@ qint16 CountTelNo(ProjectState& project)
     Recordset clone = project.rsUsers.Clone();
     clone.MoveFirst();
     while (!clone.IsEOF()) {
-        const QString groupList = Text(clone, "GroupName");
+        const QString groupList = FieldText(clone, "GroupName");
         if (!groupList.isEmpty())
             project.TelNoCount += static_cast<qint16>(groupList.split(CRLF).size());
         clone.MoveNext();
@@ -323,7 +319,7 @@ qint16 CountUsers(ProjectState& project)
     Recordset clone = project.rsUsers.Clone();
     clone.MoveFirst();
     while (!clone.IsEOF()) {
-        if (!Text(clone, "UserName").isEmpty())
+        if (!FieldText(clone, "UserName").isEmpty())
             ++count;
         clone.MoveNext();
     }

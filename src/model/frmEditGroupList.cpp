@@ -14,11 +14,6 @@ const QString CRLF = QStringLiteral("\r\n");
 const FormTextPath kFormTexts[] = {{""}, {"cmdRename"}, {"txtGroupDsc", "Text"}, {"cmdCancel"}, {"cmdOK"},
     {"lblGroupName"}, {"Label2"}, {"Label1"}};
 
-QString Text(const Recordset& rs, const char* field)
-{
-    return NullToEmpty(rs.Fields(QString::fromLatin1(field)));
-}
-
 } // namespace
 
 frmEditGroupList::frmEditGroupList(VORNAGlobal& g)
@@ -49,9 +44,9 @@ void frmEditGroupList::LoadFormObj(bool IsNewGroup)
     this->IsNewGroup = IsNewGroup;
     cmdRename.Enabled = !IsNewGroup;
     const Recordset& rs = m_g.project.rsUserGroups;
-    OldGroupName = Text(rs, "GroupName");
+    OldGroupName = FieldText(rs, "GroupName");
     lblGroupName.Caption = OldGroupName;
-    txtGroupDsc.Text = Text(rs, "GroupDsc");
+    txtGroupDsc.Text = FieldText(rs, "GroupDsc");
 }
 
 void frmEditGroupList::CheckFormObj(bool& IsValid)
@@ -75,7 +70,7 @@ void frmEditGroupList::SaveFormObj()
 {
     ProjectState& p = m_g.project;
     ProjectView& view = m_g.view();
-    const QString Old = Text(p.rsUserGroups, "GroupName");
+    const QString Old = FieldText(p.rsUserGroups, "GroupName");
     const QString New = lblGroupName.Caption;
 
     if (New != Old) {
@@ -85,7 +80,7 @@ void frmEditGroupList::SaveFormObj()
             Recordset users = p.rsUsers.Clone();
             for (users.MoveFirst(); !users.IsEOF(); users.MoveNext()) {
                 QString list;
-                for (const QString& entry : Text(users, "GroupName").split(CRLF)) {
+                for (const QString& entry : FieldText(users, "GroupName").split(CRLF)) {
                     if (entry == Old)
                         list = New + CRLF;
                     else
@@ -101,11 +96,11 @@ void frmEditGroupList::SaveFormObj()
         if (p.rsZones.RecordCount() > 0) {
             Recordset zones = p.rsZones.Clone();
             for (zones.MoveFirst(); !zones.IsEOF(); zones.MoveNext()) {
-                if (Text(zones, "GroupName") != Old)
+                if (FieldText(zones, "GroupName") != Old)
                     continue;
                 zones.setField(QStringLiteral("GroupName"), New);
                 zones.Update();
-                const QString tag = QStringLiteral("Zones,") + Text(zones, "ZoneNo");
+                const QString tag = QStringLiteral("Zones,") + FieldText(zones, "ZoneNo");
                 view.setNodeTag(FindNodeByTag(view, tag), tag);
                 view.refreshTree();
             }

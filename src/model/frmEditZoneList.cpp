@@ -16,18 +16,7 @@ const FormTextPath kFormTexts[] = {{""}, {"txtAlarmSMS", "Text"}, {"txtZoneDsc",
     {"txtResetSMS", "Text"}, {"chkIsDisable"}, {"txtZoneName", "Text"}, {"cmdCancel"}, {"cmdOK"},
     {"lblZoneNo"}, {"Label5"}, {"Label4"}, {"Label6"}, {"Label3"}, {"Label2"}, {"Label1"}};
 
-QString Text(const Recordset& rs, const char* field)
-{
-    return NullToEmpty(rs.Fields(QString::fromLatin1(field)));
-}
-
 // A stored Boolean; the store's default (null) reads as False.
-bool Flag(const Recordset& rs, const char* field)
-{
-    const QVariant value = rs.Fields(QString::fromLatin1(field));
-    return !value.isNull() && value.toBool();
-}
-
 } // namespace
 
 frmEditZoneList::frmEditZoneList(VORNAGlobal& g)
@@ -63,7 +52,7 @@ QString frmEditZoneList::T(const char* defaultText, int seq, int id) const
 
 bool frmEditZoneList::IsUnicode() const
 {
-    return Flag(m_g.project.rsBasic, "IsUnicode");
+    return FieldFlag(m_g.project.rsBasic, "IsUnicode");
 }
 
 frmEditZoneList::MessageSize frmEditZoneList::MessageSizeOf(const QString& message) const
@@ -83,12 +72,12 @@ void frmEditZoneList::LoadFormObj()
     Load();
     FocusControl = nullptr;
     const Recordset& rs = m_g.project.rsZones;
-    lblZoneNo.Caption = Text(rs, "ZoneNo");
-    txtZoneName.Text = Text(rs, "ZoneName");
-    txtZoneDsc.Text = Text(rs, "ZoneDsc");
-    txtAlarmSMS.Text = Text(rs, "AlarmSMS");
-    txtResetSMS.Text = Text(rs, "ResetSMS");
-    chkIsDisable.Value = Flag(rs, "IsDisable") ? CheckBox::Checked : CheckBox::Unchecked;
+    lblZoneNo.Caption = FieldText(rs, "ZoneNo");
+    txtZoneName.Text = FieldText(rs, "ZoneName");
+    txtZoneDsc.Text = FieldText(rs, "ZoneDsc");
+    txtAlarmSMS.Text = FieldText(rs, "AlarmSMS");
+    txtResetSMS.Text = FieldText(rs, "ResetSMS");
+    chkIsDisable.Value = FieldFlag(rs, "IsDisable") ? CheckBox::Checked : CheckBox::Unchecked;
     mkcmbGroupName();
     OldGroupText = cmbGroupName.Text;
     OldZoneName = txtZoneName.Text;
@@ -105,7 +94,7 @@ void frmEditZoneList::mkcmbGroupName()
         cmbGroupName.Clear();
         Recordset clone = groups.Clone();
         for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext()) {
-            const QString name = Text(clone, "GroupName");
+            const QString name = FieldText(clone, "GroupName");
             if (!name.isEmpty())
                 cmbGroupName.AddItem(name, name);
         }
@@ -113,7 +102,7 @@ void frmEditZoneList::mkcmbGroupName()
         cmbGroupName.AddItem(T("所有連絡人群組", 1, 208), All);
     }
 
-    const QString target = Text(m_g.project.rsZones, "GroupName");
+    const QString target = FieldText(m_g.project.rsZones, "GroupName");
     if (target.isEmpty()) {
         cmbGroupName.ListIndex = 0;
         cmbGroupName.Text = cmbGroupName.List[0];

@@ -478,3 +478,14 @@ bool FindRecord(Recordset& rs, const QString& FieldName, const QString& Value, b
     }
     return false;
 }
+
+QString FieldText(const Recordset& rs, const QString& field)
+{
+    return NullToEmpty(rs.Fields(field));
+}
+
+bool FieldFlag(const Recordset& rs, const QString& field)
+{
+    const QVariant value = rs.Fields(field);
+    return !value.isNull() && value.toBool();
+}

@@ -106,3 +106,8 @@ int GetRecordCount(Recordset& rs);
 // Linear scan comparing the field's text exactly; on True the cursor stands on the match,
 // on False it is at end of file.
 bool FindRecord(Recordset& rs, const QString& FieldName, const QString& Value, bool FromCurrent);
+
+// A field's text, a null as the empty string.
+QString FieldText(const Recordset& rs, const QString& field);
+// A Boolean field, a null as False.
+bool FieldFlag(const Recordset& rs, const QString& field);
