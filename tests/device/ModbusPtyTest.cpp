@@ -5,8 +5,6 @@
 
 #include <modbus/modbus.h>
 
-#include <QElapsedTimer>
-
 #include "DeviceRegisters.h"
 #include "PtyLinkFixture.h"
 
@@ -91,16 +89,4 @@ TEST_F(ModbusPtyTest, ReadsTheIdentityFromAnIndependentDevice)
     EXPECT_EQ(info.Parity, QStringLiteral("E"));
     EXPECT_EQ(info.BaudRate, QStringLiteral("9600"));
     EXPECT_EQ(device.requests.load(), 6);
-}
-
-TEST_F(ModbusPtyTest, AnExceptionAnswerIsAFailedAttempt)
-{
-    QElapsedTimer timer;
-    timer.start();
-    CommBuffer cmd = Buffer(QByteArray::fromHex("F70302000001"), 8);
-    CommBuffer rsp(7);
-    EXPECT_FALSE(SendCommand(g, comm, cmd, 6, rsp, 7, g.link.Timeout, 1));
-    EXPECT_EQ(rsp(2), 0x83);
-    EXPECT_EQ(device.requests.load(), 2);
-    EXPECT_LT(timer.elapsed(), 6000);
 }
