@@ -141,12 +141,6 @@ std::vector<Scenario> Scenarios()
                         QStringLiteral("建立日期: \n修改日期: \n")}}},
             {a}, {QStringLiteral("Project/A.mir")}},
 
-        {"missing_file_in_traditional_chinese", TraditionalChinese, {},
-            {{cmd({"info", "Project/None.cmb"}), 1, {},
-                {QStringLiteral("error: [專案開啟失敗] 本專案檔案路徑[") + Root
-                    + QStringLiteral("/Project/None.cmb]不存在。")}}},
-            {}, {}},
-
         {"missing_file_in_english", English, {},
             {{cmd({"info", "Project/None.cmb"}), 1, {},
                 {QStringLiteral("error: [Project Open Failed] The project file path [") + Root
