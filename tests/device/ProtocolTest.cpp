@@ -66,12 +66,12 @@ const std::vector<ProtocolCase> Cases = {
 class ProtocolTest : public DeviceTest, public ::testing::WithParamInterface<ProtocolCase>
 { };
 
-QByteArray Answer(const char* spec)
+QByteArray Answer(const char* text)
 {
-    const QByteArray s(spec);
+    const QByteArray s(text);
     if (s.startsWith("raw:"))
         return QByteArray::fromHex(s.mid(4));
-    return s.isEmpty() ? QByteArray() : WithCrc(spec);
+    return s.isEmpty() ? QByteArray() : WithCrc(text);
 }
 
 } // namespace
