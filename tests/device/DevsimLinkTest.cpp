@@ -146,7 +146,6 @@ TEST_P(DevsimFaultTest, SeenAsTheProtocolJudgesIt)
 
 const FaultCase FaultCases[] = {
     {"dropped answer retried", {"--drop-response", "@1"}, 1, true, 2, 0x04},
-    {"corrupt crc on every answer", {"--corrupt-crc", "1"}, 2, false, 3, 0x04},
     {"exception answer", {"--exception", "1"}, 1, false, 2, 0x84},
     // The rest of the answer waits in the queue, and the retry drops it before it goes.
     {"noise before the answer", {"--noise", "@1"}, 1, true, 2, 0x04},

@@ -18,6 +18,7 @@ struct ProtocolCase
     bool result;
     // The diagnostic boxes, in order: {title, text}.
     std::vector<std::pair<QString, QString>> boxes;
+    int debugLevel = 1; // 0: the diagnostics sleep
 };
 
 QString Silent(int received)
@@ -58,17 +59,19 @@ const std::vector<ProtocolCase> Cases = {
              "Response data with wrong function code.\r\nSend command function code=4\r\n"
              "Response data function code=132"},
             {SilentTitle, Silent(1)}, {SendError, Short(1)}}},
+    {"failed attempts show nothing when the diagnostics sleep", {"raw:F7840200", "F603024006"}, 1, false, {},
+        0},
 };
 
 class ProtocolTest : public DeviceTest, public ::testing::WithParamInterface<ProtocolCase>
 { };
 
-QByteArray Answer(const char* spec)
+QByteArray Answer(const char* text)
 {
-    const QByteArray s(spec);
+    const QByteArray s(text);
     if (s.startsWith("raw:"))
         return QByteArray::fromHex(s.mid(4));
-    return s.isEmpty() ? QByteArray() : WithCrc(spec);
+    return s.isEmpty() ? QByteArray() : WithCrc(text);
 }
 
 } // namespace
@@ -76,7 +79,7 @@ QByteArray Answer(const char* spec)
 TEST_P(ProtocolTest, JudgesEachAttemptInOrderAndRetries)
 {
     const ProtocolCase& c = GetParam();
-    g.link.CommDebugLevel = 1;
+    g.link.CommDebugLevel = qint16(c.debugLevel);
     ASSERT_TRUE(EnsureCommOpen(g, comm));
     for (const char* a : c.answers) {
         if (QByteArray(a).isEmpty())
@@ -100,17 +103,6 @@ TEST_P(ProtocolTest, JudgesEachAttemptInOrderAndRetries)
 
 INSTANTIATE_TEST_SUITE_P(Answers, ProtocolTest, ::testing::ValuesIn(Cases),
     [](const auto& info) { return CaseName(info.param.name); });
-
-TEST_F(DeviceTest, FailedAttemptsShowNothingWhenTheDiagnosticsSleep)
-{
-    ASSERT_TRUE(EnsureCommOpen(g, comm));
-    platform.serial.answer(QByteArray::fromHex("F7840200"));
-    platform.serial.answer(WithCrc("F603024006"));
-    CommBuffer cmd = Buffer(QByteArray::fromHex("F70400000001"), 8);
-    CommBuffer rsp(7);
-    EXPECT_FALSE(SendCommand(g, comm, cmd, 6, rsp, 7, 2, 1));
-    EXPECT_TRUE(platform.boxTexts().empty());
-}
 
 TEST_F(DeviceTest, TheNextAttemptWaitsForTheSleepTimer)
 {

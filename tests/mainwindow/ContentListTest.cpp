@@ -100,33 +100,33 @@ TEST_F(ProjectContentTest, ANodeWithoutATagIsAnInternalErrorThatLeavesTheList)
     EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral("連絡人"));
 }
 
-enum class Editor { None, TelList, GroupList, ZoneList };
-
 struct ListDblClickCase
 {
     const char* name;
     const char* node;
     const char* row; // the row's Text
     Editor editor;
+    const char* record;      // current when the editor opens
     const char* caption;     // after the click
     const char* selectedTag; // the tree's selection after the click
 };
 
 const ListDblClickCase ListDblClickCases[] = {
-    {"the contact row of the root sheet opens the contacts", "ProjName", "連絡人", Editor::None, "連絡人",
+    {"the contact row of the root sheet opens the contacts", "ProjName", "連絡人", Editor::None, "", "連絡人",
         "Users"},
-    {"the group row of the root sheet opens the groups", "ProjName", "群組", Editor::None, "連絡人群組",
+    {"the group row of the root sheet opens the groups", "ProjName", "群組", Editor::None, "", "連絡人群組",
         "UserGroups"},
-    {"the zone row of the root sheet opens the zones", "ProjName", "警報區", Editor::None, "警報區域",
+    {"the zone row of the root sheet opens the zones", "ProjName", "警報區", Editor::None, "", "警報區域",
         "Zones"},
     {"a contact row opens its editor with the caption cut at the colon", "Users", "Bob", Editor::TelList,
-        "連絡人內容:", "Users"},
-    {"a group row opens its editor", "UserGroups", "Fire", Editor::GroupList, "連絡人群組", "UserGroups"},
-    {"a row of a group's contacts does nothing", "UserGroups,Fire", "Ann", Editor::None,
+        "Bob", "連絡人內容:", "Users"},
+    {"a group row opens its editor", "UserGroups", "Fire", Editor::GroupList, "Fire", "連絡人群組",
+        "UserGroups"},
+    {"a row of a group's contacts does nothing", "UserGroups,Fire", "Ann", Editor::None, "",
         "連絡人群組名稱:Fire", "UserGroups,Fire"},
-    {"a zone row acts as its node", "Zones", "3", Editor::ZoneList, "警報區域", "Zones"},
-    {"any row of a contact's sheet opens its editor", "Users,Bob", "說明:", Editor::TelList, "連絡人內容:Bob",
-        "Users,Bob"},
+    {"a zone row acts as its node", "Zones", "3", Editor::ZoneList, "3", "警報區域", "Zones"},
+    {"any row of a contact's sheet opens its editor", "Users,Bob", "說明:", Editor::TelList, "Bob",
+        "連絡人內容:Bob", "Users,Bob"},
 };
 
 class ListDblClickTest : public ProjectContentTest, public ::testing::WithParamInterface<ListDblClickCase>
@@ -143,22 +143,7 @@ TEST_P(ListDblClickTest, FollowsTheRowOfTheSelectedNode)
             main.lvNodeContent.SelectedItem = i;
     ASSERT_GE(main.lvNodeContent.SelectedItem, 0) << "no row " << c.row;
 
-    switch (c.editor) {
-    case Editor::None:
-        break;
-    case Editor::TelList:
-        dialogs.expectEditTelList(
-            [&] { EXPECT_EQ(current(g.project.rsUsers, "UserName"), QStringLiteral("Bob")); });
-        break;
-    case Editor::GroupList:
-        dialogs.expectEditGroupList(
-            false, [&] { EXPECT_EQ(current(g.project.rsUserGroups, "GroupName"), QStringLiteral("Fire")); });
-        break;
-    case Editor::ZoneList:
-        dialogs.expectEditZoneList(
-            [&] { EXPECT_EQ(current(g.project.rsZones, "ZoneNo"), QStringLiteral("3")); });
-        break;
-    }
+    expectEditor(c.editor, c.record);
     main.lvNodeContent_DblClick();
 
     EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QString::fromUtf8(c.caption));

@@ -81,40 +81,33 @@ TEST_F(ProjectWindowTest, OpeningAProjectShowsItsNameInTheLabelAndThePanel)
     EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QString());
 }
 
-TEST_F(ProjectWindowTest, ClosingWithEditsAndCancelKeepsTheWindowAndTheProject)
+// Cancel keeps the window, the project and its edits, so the next close asks again.
+TEST_F(ProjectWindowTest, ClosingWithEditsCancelKeepsTheProjectAndNoClosesItAndExits)
 {
     newProject();
     addGroup(QStringLiteral("Night shift"));
+    const QString mirror = projectPath(QStringLiteral("Project1.mir"));
     platform.expectBox(
         MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::Cancel);
-
     int cancel = 0;
     main.Form_Unload(cancel);
-
     EXPECT_EQ(cancel, 1);
     EXPECT_EQ(g.project.ProjectName, QStringLiteral("Project1"));
     EXPECT_TRUE(g.project.IsProjectModified);
-    EXPECT_TRUE(QFile::exists(projectPath(QStringLiteral("Project1.mir"))));
+    EXPECT_TRUE(QFile::exists(mirror));
     EXPECT_EQ(g.project.rsUserGroups.RecordCount(), 2);
-    CloseProjectTables(g);
-}
 
-TEST_F(ProjectWindowTest, ClosingWithEditsAndNoClosesTheProjectAndExits)
-{
-    newProject();
-    addGroup(QStringLiteral("Night shift"));
     platform.expectBox(MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::No);
-
-    int cancel = 0;
+    cancel = 0;
     try {
         main.Form_Unload(cancel);
-        FAIL() << "the program did not end";
+        ADD_FAILURE() << "the program did not end";
     } catch (const ProcessEnded& e) {
         EXPECT_EQ(e.status, 0);
     }
     EXPECT_EQ(cancel, 0);
     EXPECT_TRUE(g.project.ProjectName.isEmpty());
-    EXPECT_FALSE(QFile::exists(projectPath(QStringLiteral("Project1.mir"))));
+    EXPECT_FALSE(QFile::exists(mirror));
 }
 
 namespace {

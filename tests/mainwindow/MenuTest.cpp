@@ -130,17 +130,15 @@ TEST_F(MainWindowTest, ARecentEntryOpensTheProjectOfItsCaption)
     main.clickMenu(QStringLiteral("mnuFileMRU(3)"));
 }
 
-TEST_F(MainWindowTest, TheRefreshKeyRebuildsOnlyWithAProject)
+TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOnlyWithAProject)
 {
-    main.tvProjectContent.Nodes = {Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
+    const Node stale {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")};
+    main.tvProjectContent.Nodes = {stale};
     main.shortcut(QStringLiteral("F5"));
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 1u);
-}
 
-TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOfTheOpenProject)
-{
     newProject();
-    main.tvProjectContent.Nodes = {Node {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")}};
+    main.tvProjectContent.Nodes = {stale};
     main.shortcut(QStringLiteral("F5"));
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 4u + 1u + 64u);
 }

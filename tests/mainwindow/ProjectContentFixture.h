@@ -5,6 +5,9 @@
 #include "ScriptedDialogs.h"
 #include "VBUtil.h"
 
+// The editor a double click must open.
+enum class Editor { None, TelList, GroupList, ZoneList };
+
 // A new project with contacts, groups and two named zones, its tree built:
 //   contacts Ann (suspended; groups Fire and UserGroup1), a row without a name, Bob (group
 //   "fire"), "A,B" (group Fire); groups UserGroup1, a row without a name, Fire, "A,B";
@@ -72,6 +75,29 @@ public:
     QString current(Recordset& rs, const QString& field) const
     {
         return rs.IsEOF() || rs.IsBOF() ? QStringLiteral("<none>") : NullToEmpty(rs.Fields(field));
+    }
+
+    // Expects the editor to open with the record of its kind current: a contact by name, a group
+    // by name, a zone by number, "<none>" for none.
+    void expectEditor(Editor editor, const char* record)
+    {
+        const QString want = QString::fromUtf8(record);
+        auto isCurrent = [this, want](Recordset& rs, const char* field) {
+            return [this, want, &rs, field] { EXPECT_EQ(current(rs, QString::fromLatin1(field)), want); };
+        };
+        switch (editor) {
+        case Editor::None:
+            break;
+        case Editor::TelList:
+            dialogs.expectEditTelList(isCurrent(g.project.rsUsers, "UserName"));
+            break;
+        case Editor::GroupList:
+            dialogs.expectEditGroupList(false, isCurrent(g.project.rsUserGroups, "GroupName"));
+            break;
+        case Editor::ZoneList:
+            dialogs.expectEditZoneList(isCurrent(g.project.rsZones, "ZoneNo"));
+            break;
+        }
     }
 
     ScriptedDialogs dialogs;

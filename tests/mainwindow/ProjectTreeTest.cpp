@@ -1,6 +1,8 @@
-#include "ProjectTree.h"
+#include <array>
+
 #include "CaseName.h"
 #include "ProjectContentFixture.h"
+#include "ProjectTree.h"
 #include "UnhandledError.h"
 
 namespace {
@@ -88,22 +90,24 @@ TEST(ParseNodeTag, AFifthFieldIsASubscriptOutOfRange)
     EXPECT_THROW(ParseNodeTag(QStringLiteral("Users,a,b,c,d"), Items, count), UnhandledError);
 }
 
+// The current row of each recordset after the search: rsUsers' UserName, rsUserGroups'
+// GroupName, rsZones' ZoneNo; nullptr where the case does not look.
 struct LocateCase
 {
     const char* name;
     const char* tag;
     bool found;
-    const char* usersRow;  // UserName of the current row of rsUsers, or nullptr if not looked at
-    const char* groupsRow; // likewise GroupName of rsUserGroups
+    std::array<const char*, 3> rows;
 };
 
 const LocateCase LocateCases[] = {
-    {"a contact", "Users,Bob", true, "Bob", nullptr},
-    {"a group", "UserGroups,Fire", true, nullptr, "Fire"},
-    {"the name is compared exactly", "UserGroups,fire", false, nullptr, "<none>"},
-    {"a comma: the part before it is searched", "Users,A,B", false, "<none>", nullptr},
-    {"a branch moves nothing", "Users", false, "<none>", "<none>"},
-    {"another kind word is found without moving", "ProjName,x", true, "<none>", "<none>"},
+    {"a contact", "Users,Bob", true, {"Bob", nullptr, nullptr}},
+    {"a group", "UserGroups,Fire", true, {nullptr, "Fire", nullptr}},
+    {"a zone by its number", "Zones,7", true, {nullptr, nullptr, "7"}},
+    {"the name is compared exactly", "UserGroups,fire", false, {nullptr, "<none>", nullptr}},
+    {"a comma: the part before it is searched", "Users,A,B", false, {"<none>", nullptr, nullptr}},
+    {"a branch moves nothing", "Users", false, {"<none>", "<none>", nullptr}},
+    {"another kind word is found without moving", "ProjName,x", true, {"<none>", "<none>", nullptr}},
 };
 
 class LocateTest : public ProjectContentTest, public ::testing::WithParamInterface<LocateCase>
@@ -118,46 +122,35 @@ TEST_P(LocateTest, MovesTheRecordsetOfTheKind)
     bool found = !c.found;
     main.LocateCurRecord(Items, count, found);
     EXPECT_EQ(found, c.found);
-    const QString usersRow = c.usersRow ? QString::fromUtf8(c.usersRow) : QString();
-    const QString groupsRow = c.groupsRow ? QString::fromUtf8(c.groupsRow) : QString();
-    if (c.usersRow) {
-        EXPECT_EQ(current(g.project.rsUsers, QStringLiteral("UserName")), usersRow);
-    }
-    if (c.groupsRow) {
-        EXPECT_EQ(current(g.project.rsUserGroups, QStringLiteral("GroupName")), groupsRow);
+    const std::pair<Recordset*, const char*> tables[] = {{&g.project.rsUsers, "UserName"},
+        {&g.project.rsUserGroups, "GroupName"}, {&g.project.rsZones, "ZoneNo"}};
+    for (int i = 0; i < 3; ++i) {
+        if (c.rows[i]) {
+            const auto& [rs, field] = tables[i];
+            EXPECT_EQ(current(*rs, QString::fromLatin1(field)), QString::fromUtf8(c.rows[i])) << field;
+        }
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Tags, LocateTest, ::testing::ValuesIn(LocateCases),
     [](const auto& info) { return CaseName(info.param.name); });
 
-TEST_F(ProjectContentTest, LocatingAZoneFindsItByNumber)
-{
-    NodeTagItems Items;
-    qint16 count = 0;
-    ParseNodeTag(QStringLiteral("Zones,7"), Items, count);
-    bool found = false;
-    main.LocateCurRecord(Items, count, found);
-    EXPECT_TRUE(found);
-    EXPECT_EQ(current(g.project.rsZones, QStringLiteral("ZoneNo")), QStringLiteral("7"));
-}
-
-enum class Editor { None, TelList, GroupList, ZoneList };
-
 struct DblClickCase
 {
     const char* name;
     const char* tag;
     Editor editor;
+    const char* record; // current when the editor opens
 };
 
 const DblClickCase TreeDblClickCases[] = {
-    {"a contact opens its editor", "Users,Bob", Editor::TelList},
-    {"a contact with a comma opens nothing", "Users,A,B", Editor::None},
-    {"a group with a comma still opens its editor", "UserGroups,A,B", Editor::GroupList},
-    {"a zone opens its editor", "Zones,3", Editor::ZoneList},
-    {"a branch opens nothing", "Zones", Editor::None},
-    {"the root opens nothing", "ProjName", Editor::None},
+    {"a contact opens its editor", "Users,Bob", Editor::TelList, "Bob"},
+    {"a contact with a comma opens nothing", "Users,A,B", Editor::None, ""},
+    // Only the part before the comma is searched, so no group is current.
+    {"a group with a comma still opens its editor", "UserGroups,A,B", Editor::GroupList, "<none>"},
+    {"a zone opens its editor", "Zones,3", Editor::ZoneList, "3"},
+    {"a branch opens nothing", "Zones", Editor::None, ""},
+    {"the root opens nothing", "ProjName", Editor::None, ""},
 };
 
 class TreeDblClickTest : public ProjectContentTest, public ::testing::WithParamInterface<DblClickCase>
@@ -167,22 +160,7 @@ TEST_P(TreeDblClickTest, OpensTheEditorOfTheSelectedRecord)
 {
     const DblClickCase& c = GetParam();
     main.tvProjectContent.SelectedItem = nodeIndex(QString::fromUtf8(c.tag));
-    switch (c.editor) {
-    case Editor::None:
-        break;
-    case Editor::TelList:
-        dialogs.expectEditTelList(
-            [&] { EXPECT_EQ(current(g.project.rsUsers, "UserName"), QStringLiteral("Bob")); });
-        break;
-    case Editor::GroupList:
-        // Only the part before the comma is searched, so no group is current.
-        dialogs.expectEditGroupList(false);
-        break;
-    case Editor::ZoneList:
-        dialogs.expectEditZoneList(
-            [&] { EXPECT_EQ(current(g.project.rsZones, "ZoneNo"), QStringLiteral("3")); });
-        break;
-    }
+    expectEditor(c.editor, c.record);
     main.tvProjectContent_DblClick();
 }
 
