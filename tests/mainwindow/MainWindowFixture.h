@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "ProjectFiles.h"
+#include "ProjectRows.h"
 #include "ScriptedPlatform.h"
 #include "TestFolder.h"
 #include "VORNAGlobal.h"
@@ -54,10 +55,7 @@ protected:
     // An edit as the editors make it: a row stored, and the project marked modified.
     void addGroup(const QString& name)
     {
-        g.project.rsUserGroups.AddNew();
-        g.project.rsUserGroups.setField(QStringLiteral("GroupName"), name);
-        g.project.rsUserGroups.setField(QStringLiteral("GroupDsc"), QString());
-        g.project.rsUserGroups.Update();
+        AddGroupRow(g.project, name);
         g.project.IsProjectModified = true;
     }
 

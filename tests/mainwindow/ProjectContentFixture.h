@@ -34,25 +34,13 @@ public:
 
     void addUser(const QString& name, const QString& groups, const QString& phone, bool disabled)
     {
-        Recordset& rs = g.project.rsUsers;
-        rs.AddNew();
-        rs.setField(QStringLiteral("UserName"), name);
-        rs.setField(QStringLiteral("PhoneNumber"), phone);
-        rs.setField(QStringLiteral("UserDsc"), name.isEmpty() ? QString() : name + QStringLiteral(" dsc"));
-        rs.setField(QStringLiteral("GroupName"), groups);
-        rs.setField(QStringLiteral("IsDisable"), disabled);
-        rs.Update();
+        AddUserRow(g.project, name, groups, phone, disabled,
+            name.isEmpty() ? QString() : name + QStringLiteral(" dsc"));
     }
 
     void setZone(int zoneNo, const QString& name, const QString& target, bool disabled)
     {
-        Recordset& rs = g.project.rsZones;
-        ASSERT_TRUE(FindRecord(rs, QStringLiteral("ZoneNo"), QString::number(zoneNo), false));
-        rs.setField(QStringLiteral("ZoneName"), name);
-        rs.setField(QStringLiteral("GroupName"), target);
-        rs.setField(QStringLiteral("AlarmSMS"), QStringLiteral("fire in ") + name);
-        rs.setField(QStringLiteral("IsDisable"), disabled);
-        rs.Update();
+        SetZoneRow(g.project, zoneNo, name, target, disabled, QStringLiteral("fire in ") + name);
     }
 
     // Selects the node with the Tag as a click does, and fills the list.

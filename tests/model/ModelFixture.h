@@ -6,6 +6,7 @@
 
 #include "ADOUtil.h"
 #include "ProjectFiles.h"
+#include "ProjectRows.h"
 #include "RecordingView.h"
 #include "ScriptedDialogs.h"
 #include "ScriptedPlatform.h"
@@ -39,46 +40,17 @@ public:
 
     ProjectState& p() { return g.project; }
 
-    void addGroup(const QString& name)
-    {
-        p().rsUserGroups.AddNew();
-        p().rsUserGroups.setField(QStringLiteral("GroupName"), name);
-        p().rsUserGroups.setField(QStringLiteral("GroupDsc"), QString());
-        p().rsUserGroups.Update();
-    }
-
+    void addGroup(const QString& name) { AddGroupRow(p(), name); }
     void addUser(const QString& name, const QString& groupList, const QString& phone = QStringLiteral("0912"),
         bool disabled = false)
     {
-        p().rsUsers.AddNew();
-        p().rsUsers.setField(QStringLiteral("UserName"), name);
-        p().rsUsers.setField(QStringLiteral("PhoneNumber"), phone);
-        p().rsUsers.setField(QStringLiteral("UserDsc"), QString());
-        p().rsUsers.setField(QStringLiteral("GroupName"), groupList);
-        p().rsUsers.setField(QStringLiteral("IsDisable"), disabled);
-        p().rsUsers.Update();
+        AddUserRow(p(), name, groupList, phone, disabled);
     }
-
     void setZoneTarget(int zoneNo, const QString& target, const QString& zoneName = QString())
     {
-        ASSERT_TRUE(FindRecord(p().rsZones, QStringLiteral("ZoneNo"), QString::number(zoneNo), false));
-        p().rsZones.setField(QStringLiteral("GroupName"), target);
-        p().rsZones.setField(QStringLiteral("ZoneName"), zoneName);
-        p().rsZones.Update();
+        SetZoneRow(p(), zoneNo, zoneName, target);
     }
-
-    // One field of every row, in table order, read on a clone.
-    QStringList column(Recordset& rs, const QString& field)
-    {
-        QStringList values;
-        if (rs.RecordCount() == 0)
-            return values;
-        Recordset clone = rs.Clone();
-        for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext())
-            values << NullToEmpty(clone.Fields(field));
-        clone.Close();
-        return values;
-    }
+    QStringList column(Recordset& rs, const QString& field) { return Column(rs, field); }
 
     QString field(Recordset& rs, const QString& keyField, const QString& key, const QString& wanted)
     {
