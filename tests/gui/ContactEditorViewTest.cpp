@@ -9,6 +9,7 @@
 
 #include "GuiApp.h"
 #include "ProjectFiles.h"
+#include "ProjectRows.h"
 #include "VBUtil.h"
 #include "VORNAUtil.h"
 
@@ -20,13 +21,8 @@ TEST_F(ContactEditorViewTest, ANumberTypedAndAGroupPickedInTheRealDialogsReachTh
     ASSERT_TRUE(QFile::copy(folder.path("RM64.mdb"), cmb));
     ASSERT_TRUE(OpenProject(vorna.g, cmb));
     ProjectState& p = vorna.g.project;
-    p.rsUserGroups.AddNew();
-    p.rsUserGroups.setField("GroupName", "B");
-    p.rsUserGroups.Update();
-    p.rsUsers.AddNew();
-    p.rsUsers.setField("UserName", "Ann");
-    p.rsUsers.setField("GroupName", "UserGroup1");
-    p.rsUsers.Update();
+    AddGroupRow(p, "B");
+    AddUserRow(p, "Ann", "UserGroup1", QString());
     vorna.mainForm.RefreshFormObj();
 
     atNextModal([&](QWidget* editor) {
