@@ -17,7 +17,7 @@ using FormViewsTest = VornaWindowTest;
 
 } // namespace
 
-TEST_F(FormViewsTest, EveryControlHasAWidgetOfItsNameAndEveryTextPathReachesAControl)
+TEST_F(FormViewsTest, EveryControlHasAWidgetOfItsNameAndEveryTextPathReachesAControlAndHasARow)
 {
     for (FormModel* form : vorna.forms()) {
         const std::string name = form->formName().toStdString();
@@ -25,10 +25,14 @@ TEST_F(FormViewsTest, EveryControlHasAWidgetOfItsNameAndEveryTextPathReachesACon
         EXPECT_EQ(window->objectName(), form->formName());
         for (const Control* c : form->controls())
             EXPECT_NE(window->findChild<QObject*>(c->Name), nullptr) << name << "." << c->Name.toStdString();
-        for (const FormTextPath& t : form->formTexts())
-            EXPECT_NE(
-                form->textProperty(QString::fromLatin1(t.path), QString::fromLatin1(t.property)), nullptr)
+        for (const FormTextPath& t : form->formTexts()) {
+            const QString path = QString::fromLatin1(t.path);
+            const QString property = QString::fromLatin1(t.property);
+            EXPECT_NE(form->textProperty(path, property), nullptr)
                 << name << " " << t.path << " " << t.property;
+            EXPECT_FALSE(vorna.g.ml.FindFormText(form->formName(), path, property).isEmpty())
+                << name << " " << t.path << " has no row in the shipped form table";
+        }
     }
 }
 

@@ -19,36 +19,14 @@ struct FormPath
     QString property;
 };
 
-// Every caption that the main window, the splash and the about box ask for at load; the
-// status bar's panels take Text, the rest Caption.
-std::vector<FormPath> FormPaths()
+// Every row of the shipped form table, as the original language holds it. That each form's
+// paths have their row is checked with the forms themselves.
+std::vector<FormPath> FormPaths(const MLUtil& ml)
 {
-    const std::array<std::pair<const char*, std::vector<const char*>>, 3> forms = {{
-        {"frmMain",
-            {"", "lbllvNodeContentCaption", "lbltvProjectContentCaption", "sbStatusBar.Panels(1)",
-                "sbStatusBar.Panels(2)", "sbStatusBar.Panels(3)", "mnuFile", "mnuFileNew", "mnuFileOpen",
-                "mnuFileSave", "mnuFileSaveAs", "mnuFileBar0", "mnuFileBasic", "mnuFileBar1", "mnuFileMRU(1)",
-                "mnuFileMRU(2)", "mnuFileMRU(3)", "mnuFileMRU(4)", "mnuFileBar2", "mnuFileExit", "mnuProj",
-                "mnuProjAddGroupList", "mnuProjAddTelList", "mnuProjBar0", "mnuProjEditGroupList",
-                "mnuProjEditTelList", "mnuProjEditZoneList", "mnuProjBar1", "mnuProjDeleteGroupList",
-                "mnuProjDeleteTelList", "mnuView", "mnuViewToolbar", "mnuViewStatusBar", "mnuViewBar0",
-                "mnuListViewMode(0)", "mnuListViewMode(1)", "mnuListViewMode(2)", "mnuListViewMode(3)",
-                "mnuViewBar1", "mnuViewArrangeIcons", "mnuViewBar2", "mnuViewRefresh", "mnuTools",
-                "mnuToolsOptions", "mnuViewWebBrowser", "mnuDevice", "mnuDeviceConnect", "mnuDeviceBar0",
-                "mnuDeviceDownLoad", "mnuDeviceSetting", "mnuDeviceBar1", "mnuHelp", "mnuHelpContents",
-                "mnuHelpSearchForHelpOn", "mnuHelpBar0", "mnuHelpAbout", "mnuProjConent",
-                "mnuProjConentAddGroupList", "mnuProjConentAddTelList", "mnuProjConentEditGroupList",
-                "mnuProjConentEditTelList", "mnuProjConentEditZoneList", "mnuProjConentDeleteGroupList",
-                "mnuProjConentDeleteTelList", "mnuProjConentBar1"}},
-        {"frmSplash", {"Label2", "Label1", "lblProductName", "lblCompanyProduct", "lblVersion"}},
-        {"frmAbout", {"", "cmdOK", "Label1", "lblTitle", "lblVersion"}},
-    }};
     std::vector<FormPath> paths;
-    for (const auto& [form, objects] : forms)
-        for (const char* object : objects) {
-            const QString path = object;
-            paths.push_back({form, path, path.startsWith("sbStatusBar") ? "Text" : "Caption"});
-        }
+    for (const FormEntry& form : ml.FormTable)
+        for (const FormItem& item : form.Items)
+            paths.push_back({form.FormName, item.Objectpath, item.PropertyName});
     return paths;
 }
 
@@ -84,7 +62,7 @@ TEST_F(ShippedLanguageTest, EveryWindowCaptionHasTextInEveryLanguageAndKeepsItsF
     for (const char* language : {"ChineseBig5", "ChineseGB", "English"}) {
         MLUtil ml(platform);
         LoadOnly(ml, language);
-        for (const FormPath& p : FormPaths()) {
+        for (const FormPath& p : FormPaths(big5)) {
             const QString original = FormText(big5, p);
             const QString translated = FormText(ml, p);
             const std::string where
@@ -151,7 +129,7 @@ TEST_F(ShippedLanguageTest, DeliveredProfileFollowsTheSystemLocale)
         SCOPED_TRACE(c.locale);
         platform.localeName = c.locale;
         MLUtil ml(platform);
-        EXPECT_EQ(ml.InitML(), 9);
+        EXPECT_EQ(ml.InitML(), 10);
         EXPECT_EQ(ml.AppliedLangName, "AUTO");
         EXPECT_EQ(ml.GetText("default", 2, 976, "VORNAMain").toStdString(), c.welcome);
         EXPECT_EQ(FormText(ml, {"frmSplash", "Label1", "Caption"}).toStdString(), c.splashLabel);
