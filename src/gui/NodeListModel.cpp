@@ -1,5 +1,7 @@
 #include "NodeListModel.h"
 
+#include <QPalette>
+
 NodeListModel::NodeListModel(const ListView& list, QObject* parent)
     : QAbstractTableModel(parent)
     , m_list(list)
@@ -30,14 +32,26 @@ int NodeListModel::columnCount(const QModelIndex& parent) const
 
 QVariant NodeListModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || role != Qt::DisplayRole || index.row() >= rowCount()
-        || index.column() >= columnCount())
+    if (!index.isValid() || index.row() >= rowCount() || index.column() >= columnCount())
         return {};
     const ListItem& item = m_rows[index.row()];
-    if (index.column() == 0)
-        return item.Text;
     const auto sub = static_cast<size_t>(index.column() - 1);
-    return sub < item.SubItems.size() ? item.SubItems[sub] : QString();
+    const QString text = index.column() == 0 ? item.Text
+        : sub < item.SubItems.size()         ? item.SubItems[sub]
+                                             : QString();
+    switch (role) {
+    case Qt::DisplayRole:
+        // A contact's group list keeps one group a line: the row shows them side by side.
+        return QString(text).replace(QStringLiteral("\r\n"), QStringLiteral(", "));
+    case Qt::ToolTipRole:
+        return text.contains(u'\n') ? QString(text).remove(u'\r') : QVariant();
+    case Qt::ForegroundRole:
+        return item.ForeColor == SystemColor::GrayText
+            ? QVariant(QPalette().brush(QPalette::Disabled, QPalette::Text))
+            : QVariant();
+    default:
+        return {};
+    }
 }
 
 QVariant NodeListModel::headerData(int section, Qt::Orientation orientation, int role) const

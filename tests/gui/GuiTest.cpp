@@ -129,7 +129,7 @@ TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
     };
     main.lvNodeContent.ColumnHeaders = {{QStringLiteral("項目"), 1500}, {QStringLiteral("項目說明"), 1500}};
     main.lvNodeContent.ListItems
-        = {{QStringLiteral("連絡人"), {QStringLiteral("連絡人清單")}}, {QStringLiteral("群組"), {}}};
+        = {{QStringLiteral("連絡人"), {QStringLiteral("Fire\r\nUserGroup1")}}, {QStringLiteral("群組"), {}}};
     EXPECT_TRUE(tree.sync());
     EXPECT_TRUE(list.sync());
 
@@ -140,6 +140,7 @@ TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
     EXPECT_TRUE(tree.indexOfNode(2).data(Qt::ForegroundRole).isValid());
     EXPECT_FALSE(tree.indexOfNode(1).data(Qt::ForegroundRole).isValid());
     EXPECT_EQ(list.index(1, 1).data().toString(), QString()) << "a missing sub-item reads empty";
+    EXPECT_EQ(list.index(0, 1).data().toString(), QStringLiteral("Fire, UserGroup1")) << "a group list on one line";
 
     // An expanded flag is the view's business and does not reset the model.
     main.tvProjectContent.Nodes[1].Expanded = true;
