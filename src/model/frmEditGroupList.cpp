@@ -123,12 +123,8 @@ void frmEditGroupList::SaveFormObj()
 
 void frmEditGroupList::cmdOK_Click()
 {
-    bool IsValid = false;
-    CheckFormObj(IsValid);
-    if (!IsValid)
-        return;
-    SaveFormObj();
-    m_g.platform.hideForm(*this);
+    if (CheckThenSave([this](bool& IsValid) { CheckFormObj(IsValid); }, [this] { SaveFormObj(); }))
+        m_g.platform.hideForm(*this);
 }
 
 void frmEditGroupList::cmdCancel_Click()

@@ -184,14 +184,8 @@ void frmEditTelList::SaveFormObj()
 
 void frmEditTelList::cmdOK_Click()
 {
-    bool IsValid = true;
-    CheckFormObj(IsValid);
-    if (!IsValid) {
-        if (FocusControl)
-            SetFocus(*FocusControl);
+    if (!CheckThenSave([this](bool& IsValid) { CheckFormObj(IsValid); }, [this] { SaveFormObj(); }))
         return;
-    }
-    SaveFormObj();
     // The running count follows the rows removed and added here, whatever the list held.
     ProjectState& p = m_g.project;
     p.TelNoCount = static_cast<qint16>(p.TelNoCount - RemovedCount + AddedCount);

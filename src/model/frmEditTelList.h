@@ -49,8 +49,6 @@ public:
     qint16 RemovedCount = 0;
     qint16 AddedCount = 0;
     qint16 WorkTelNoCount = 0;
-    // The control that a failed check puts the focus on.
-    Control* FocusControl = nullptr;
 
 private:
     VORNAGlobal& m_g;

@@ -184,15 +184,8 @@ void frmEditZoneList::SaveFormObj()
 
 void frmEditZoneList::cmdOK_Click()
 {
-    bool IsValid = false;
-    CheckFormObj(IsValid);
-    if (!IsValid) {
-        if (FocusControl)
-            SetFocus(*FocusControl);
-        return;
-    }
-    SaveFormObj();
-    m_g.platform.hideForm(*this);
+    if (CheckThenSave([this](bool& IsValid) { CheckFormObj(IsValid); }, [this] { SaveFormObj(); }))
+        m_g.platform.hideForm(*this);
 }
 
 void frmEditZoneList::cmdCancel_Click()

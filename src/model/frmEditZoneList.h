@@ -32,8 +32,6 @@ public:
     void cmdOK_Click();
     void cmdCancel_Click();
 
-    // The control that a refused check sends the focus to.
-    Control* FocusControl = nullptr;
     QString OldGroupText;
     QString OldZoneName;
 

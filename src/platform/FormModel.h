@@ -57,6 +57,23 @@ public:
 
     // Moves the keyboard focus to a control; the view does so at its next painting.
     void SetFocus(Control& control) { m_focusRequest = &control; }
+
+    // The control that a refusing CheckFormObj names, for OK to send the focus back to.
+    Control* FocusControl = nullptr;
+    // What OK does in a dialog: the form's check, then its save; when the check refuses, the
+    // focus goes back to FocusControl instead. True when the dialog may close.
+    bool CheckThenSave(const std::function<void(bool&)>& check, const std::function<void()>& save)
+    {
+        bool IsValid = false;
+        check(IsValid);
+        if (!IsValid) {
+            if (FocusControl)
+                SetFocus(*FocusControl);
+            return false;
+        }
+        save();
+        return true;
+    }
     // The control that the focus was last sent to, once; null when it was not sent since.
     Control* takeFocusRequest() { return std::exchange(m_focusRequest, nullptr); }
 
