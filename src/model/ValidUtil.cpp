@@ -56,53 +56,66 @@ bool NameTaken(Recordset& rs, const QString& FieldName, const QString& Name)
 
 } // namespace
 
-bool IsValidGroupName(VORNAGlobal& g, const QString& Name)
+namespace {
+
+// The texts and keys of one of the two name checks; they differ in wording only.
+struct NameCheck
+{
+    Recordset ProjectState::*table;
+    const char* field;
+    int blankId;
+    const char* blankText;
+    const char* blankTitle;
+    int reservedId;
+    const char* reservedName; // seq 2 of the reserved-name box
+    int takenId;
+    const char* takenName; // seq 1 of the box of a name in use
+    const char* takenTitle;
+};
+
+// The first line and the title of the reserved-name box speak of a group name in both
+// checks: the text is shared.
+const NameCheck kGroupNameCheck {&ProjectState::rsUserGroups, "GroupName", 10, "本使用者群組名稱不得為空白。",
+    "本使用者群組名稱不得為空白", 15, "本使用者群組名稱[", 26, "本使用者群組名稱[",
+    "本使用者群組名稱已經存在"};
+const NameCheck kUserNameCheck {&ProjectState::rsUsers, "UserName", 44, "本使用者名稱不得為空白。",
+    "本使用者名稱不得為空白", 49, "本使用者名稱[", 60, "本電話使用者名稱[", "本電話使用者名稱已經存在"};
+
+bool IsValidName(VORNAGlobal& g, const QString& Name, const NameCheck& c)
 {
     if (Name.isEmpty()) {
-        Box(g, T(g, "本使用者群組名稱不得為空白。", 1, 10), T(g, "本使用者群組名稱不得為空白", 2, 10));
+        Box(g, T(g, c.blankText, 1, c.blankId), T(g, c.blankTitle, 2, c.blankId));
         return false;
     }
     if (IsReservedName(Name)) {
         Box(g,
-            T(g, "不合法的使用者群組名稱！", 1, 15) + CRLF + T(g, "本使用者群組名稱[", 2, 15) + Name
-                + T(g, "]不得和以下名稱相同:", 3, 15) + CRLF
-                + T(g, "[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]", 4, 15),
-            T(g, "不合法的使用者群組名稱", 5, 15));
+            T(g, "不合法的使用者群組名稱！", 1, c.reservedId) + CRLF + T(g, c.reservedName, 2, c.reservedId)
+                + Name + T(g, "]不得和以下名稱相同:", 3, c.reservedId) + CRLF
+                + T(g, "[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]", 4, c.reservedId),
+            T(g, "不合法的使用者群組名稱", 5, c.reservedId));
         return false;
     }
-    if (g.project.rsUserGroups.RecordCount() == 0)
+    Recordset& table = g.project.*c.table;
+    if (table.RecordCount() == 0)
         return true;
-    if (NameTaken(g.project.rsUserGroups, QStringLiteral("GroupName"), Name)) {
-        Box(g, T(g, "本使用者群組名稱[", 1, 26) + Name + T(g, "]已經存在。", 2, 26),
-            T(g, "本使用者群組名稱已經存在", 3, 26));
+    if (NameTaken(table, QString::fromLatin1(c.field), Name)) {
+        Box(g, T(g, c.takenName, 1, c.takenId) + Name + T(g, "]已經存在。", 2, c.takenId),
+            T(g, c.takenTitle, 3, c.takenId));
         return false;
     }
     return true;
 }
 
+} // namespace
+
+bool IsValidGroupName(VORNAGlobal& g, const QString& Name)
+{
+    return IsValidName(g, Name, kGroupNameCheck);
+}
+
 bool IsValidUserName(VORNAGlobal& g, const QString& Name)
 {
-    if (Name.isEmpty()) {
-        Box(g, T(g, "本使用者名稱不得為空白。", 1, 44), T(g, "本使用者名稱不得為空白", 2, 44));
-        return false;
-    }
-    // The first line and the title speak of a group name here too: the text is shared.
-    if (IsReservedName(Name)) {
-        Box(g,
-            T(g, "不合法的使用者群組名稱！", 1, 49) + CRLF + T(g, "本使用者名稱[", 2, 49) + Name
-                + T(g, "]不得和以下名稱相同:", 3, 49) + CRLF
-                + T(g, "[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]", 4, 49),
-            T(g, "不合法的使用者群組名稱", 5, 49));
-        return false;
-    }
-    if (g.project.rsUsers.RecordCount() == 0)
-        return true;
-    if (NameTaken(g.project.rsUsers, QStringLiteral("UserName"), Name)) {
-        Box(g, T(g, "本電話使用者名稱[", 1, 60) + Name + T(g, "]已經存在。", 2, 60),
-            T(g, "本電話使用者名稱已經存在", 3, 60));
-        return false;
-    }
-    return true;
+    return IsValidName(g, Name, kUserNameCheck);
 }
 
 bool IsProjectReady(VORNAGlobal& g)
