@@ -9,8 +9,6 @@
 
 namespace {
 
-const QString SaveTitle = "是否儲存專案";
-
 QByteArray ReadAll(const QString& path)
 {
     QFile f(path);

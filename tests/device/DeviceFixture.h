@@ -70,70 +70,18 @@ protected:
         start();
     }
 
+    ProjectState& p() { return g.project; }
+
     int doEventsStepMs = 1;
     PauseView pause;
     CommControl comm {platform};
     frmMessage message {g};
 };
 
-// Rows of the open project as the editors store them: a project of the shipped template with
-// its groups and zones replaced by the test's own.
-class ProjectRows
+// A file's whole content.
+inline QByteArray FileBytes(const QString& name)
 {
-public:
-    explicit ProjectRows(VORNAGlobal& g)
-        : m_g(g)
-    { }
-
-    void clearGroupsAndZones()
-    {
-        for (Recordset* rs : {&m_g.project.rsUserGroups, &m_g.project.rsZones}) {
-            rs->MoveFirst();
-            while (!rs->IsEOF()) {
-                rs->Delete();
-                rs->MoveNext();
-            }
-        }
-    }
-
-    void group(const QString& name) { addRow(m_g.project.rsUserGroups, {{"GroupName", name}}); }
-
-    void user(const QString& name, const QString& phone, const QString& groups, bool disabled = false)
-    {
-        addRow(m_g.project.rsUsers,
-            {{"UserName", name}, {"PhoneNumber", phone}, {"GroupName", groups}, {"IsDisable", disabled}});
-    }
-
-    void zone(
-        int no, const QString& target, const QString& alarm, const QString& reset, bool disabled = false)
-    {
-        addRow(m_g.project.rsZones,
-            {{"ZoneNo", no}, {"GroupName", target}, {"AlarmSMS", alarm}, {"ResetSMS", reset},
-                {"IsDisable", disabled}});
-    }
-
-    void unicode(bool on)
-    {
-        m_g.project.rsBasic.MoveFirst();
-        m_g.project.rsBasic.setField("IsUnicode", on);
-        m_g.project.rsBasic.Update();
-    }
-
-    static QByteArray File(const QString& name)
-    {
-        QFile f(name);
-        EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << name.toStdString();
-        return f.readAll();
-    }
-
-private:
-    static void addRow(Recordset& rs, std::initializer_list<std::pair<const char*, QVariant>> fields)
-    {
-        rs.AddNew();
-        for (const auto& [name, value] : fields)
-            rs.setField(QString::fromLatin1(name), value);
-        rs.Update();
-    }
-
-    VORNAGlobal& m_g;
-};
+    QFile f(name);
+    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << name.toStdString();
+    return f.readAll();
+}

@@ -28,13 +28,9 @@ QStringList Lines(const QJsonValue& array, std::initializer_list<const char*> ke
 
 // The link against vorna-devsim, an independent dialler, as a child process: the line opened
 // on the path it prints, and its JSON dump read once it has counted the requests sent.
-class DevsimLinkTest : public PtyLinkTest, public ProjectRows
+class DevsimLinkTest : public PtyLinkTest
 {
 protected:
-    DevsimLinkTest()
-        : ProjectRows(g)
-    { }
-
     void startDevsim(const QStringList& options)
     {
         dumpPath = folder.path(QStringLiteral("dialler.json"));
@@ -87,13 +83,14 @@ TEST_F(DevsimLinkTest, DownloadsAProjectThatTheDiallerKeepsAsSent)
 {
     startDevsim({});
     newProject();
-    clearGroupsAndZones();
-    group("Fire");
-    group("Police");
-    user("Ann", "0912345678", "Fire\r\nPolice");
-    user("Bob", "110", "Police", true);
-    zone(3, "Police", QStringLiteral("火警"), "OK");
-    zone(5, "ALL", "", "Reset", true);
+    DeleteRows(p().rsUserGroups);
+    DeleteRows(p().rsZones);
+    AddGroupRow(p(), "Fire");
+    AddGroupRow(p(), "Police");
+    AddUserRow(p(), "Ann", "Fire\r\nPolice", "0912345678");
+    AddUserRow(p(), "Bob", "Police", "110", true);
+    AddZoneRow(p(), 3, "Police", QStringLiteral("火警"), "OK");
+    AddZoneRow(p(), 5, "ALL", "", "Reset", true);
     ProjectImage image;
     BuildProjectImage(g, image);
     ASSERT_TRUE(ClearPhoneBook(g));
@@ -108,7 +105,7 @@ TEST_F(DevsimLinkTest, DownloadsAProjectThatTheDiallerKeepsAsSent)
             dbgFiles[dbgFile] += frame.chopped(2);
     });
     for (const auto& [file, content] : dbgFiles)
-        EXPECT_EQ(File(file), content) << file.toStdString();
+        EXPECT_EQ(FileBytes(file), content) << file.toStdString();
     const QJsonObject dump = dumpAfter(int(planned.size()));
     EXPECT_EQ(Lines(dump["log"], {"frame"}), planned);
     EXPECT_EQ(dump["erases"].toObject(), (QJsonObject {{"phoneBook", 1}, {"shortMessages", 1}}));

@@ -8,14 +8,14 @@
 
 namespace {
 
-class ProjectImageTest : public DeviceTest, public ProjectRows
+class ProjectImageTest : public DeviceTest
 {
 protected:
     ProjectImageTest()
-        : ProjectRows(g)
     {
         newProject();
-        clearGroupsAndZones();
+        DeleteRows(p().rsUserGroups);
+        DeleteRows(p().rsZones);
     }
 
     ProjectImage image;
@@ -38,14 +38,14 @@ TEST_F(ProjectImageTest, TheTwoWorkedRecordsByteForByte)
 
 TEST_F(ProjectImageTest, ContactsBecomeOneEntryForEachOfTheirGroups)
 {
-    group("Fire");
-    group("fire");
-    group("");
-    group("Police");
-    user("A", "0912345678", "fire\r\n\r\nPolice", true);
-    user("B", "110", "Gone");
-    user("C", "119", "");
-    zone(0, "ALL", "AB", "");
+    AddGroupRow(p(), "Fire");
+    AddGroupRow(p(), "fire");
+    AddGroupRow(p(), "");
+    AddGroupRow(p(), "Police");
+    AddUserRow(p(), "A", "fire\r\n\r\nPolice", "0912345678", true);
+    AddUserRow(p(), "B", "Gone", "110");
+    AddUserRow(p(), "C", "", "119");
+    AddZoneRow(p(), 0, "ALL", "AB", "");
     BuildProjectImage(g, image);
 
     EXPECT_EQ(image.GroupNameList, (std::vector<QString> {"Fire", "fire", "Police"}));
@@ -58,13 +58,13 @@ TEST_F(ProjectImageTest, ContactsBecomeOneEntryForEachOfTheirGroups)
 
 TEST_F(ProjectImageTest, ZonesKeepARunningGroupNumber)
 {
-    group("Fire");
-    group("Police");
-    zone(0, "all", "AB", "");
-    zone(1, "Police", "", "");
-    zone(2, "", "X", "Y");
-    zone(3, "Gone", "", "R", true);
-    zone(4, "fire", "Z", "");
+    AddGroupRow(p(), "Fire");
+    AddGroupRow(p(), "Police");
+    AddZoneRow(p(), 0, "all", "AB", "");
+    AddZoneRow(p(), 1, "Police", "", "");
+    AddZoneRow(p(), 2, "", "X", "Y");
+    AddZoneRow(p(), 3, "Gone", "", "R", true);
+    AddZoneRow(p(), 4, "fire", "Z", "");
     BuildProjectImage(g, image);
     EXPECT_EQ(image.ShortMsgList,
         (std::vector<ShortMsgEntry> {{false, 0, "AB", 2, 1}, {false, 2, "X", 1, 3}, {false, 2, "Y", 1, 67},
@@ -74,13 +74,13 @@ TEST_F(ProjectImageTest, ZonesKeepARunningGroupNumber)
 
 TEST_F(ProjectImageTest, TheSizeFollowsTheEncodingOfTheMoment)
 {
-    group("Fire");
-    user("A", "0912345678", "Fire");
-    zone(0, "Fire", QStringLiteral("火警AB"), "");
-    unicode(true);
+    AddGroupRow(p(), "Fire");
+    AddUserRow(p(), "A", "Fire", "0912345678");
+    AddZoneRow(p(), 0, "Fire", QStringLiteral("火警AB"), "");
+    SetUnicode(p(), true);
     BuildProjectImage(g, image);
     EXPECT_EQ(g.project.ProjectImageSize, 10 + 4 + 8 + 4);
-    unicode(false);
+    SetUnicode(p(), false);
     BuildProjectImage(g, image);
     EXPECT_EQ(g.project.ProjectImageSize, 10 + 4 + 6 + 4);
     EXPECT_EQ(Hex(EncodeMessageText(g, QStringLiteral("火"), false)), "A4 F5");
@@ -107,42 +107,42 @@ TEST_F(ProjectImageTest, ACodePageThatQtLacksStopsTheProgram)
 
 TEST_F(ProjectImageTest, DownloadsKeepTheFramesWithoutCrcInDebugFiles)
 {
-    group("Fire");
-    user("A", "123", "Fire");
-    user("B", "45", "Fire", true);
-    zone(3, "ALL", "AB", "");
-    unicode(false);
+    AddGroupRow(p(), "Fire");
+    AddUserRow(p(), "A", "Fire", "123");
+    AddUserRow(p(), "B", "Fire", "45", true);
+    AddZoneRow(p(), 3, "ALL", "AB", "");
+    SetUnicode(p(), false);
     BuildProjectImage(g, image);
     for (int k = 0; k < 3; ++k)
         platform.serial.answer(WithCrc("F7504300"));
     ASSERT_TRUE(DownloadImages(g, image));
-    EXPECT_EQ(
-        Hex(File("PhoneBook.dbg")), "F7 50 43 01 07 00 01 03 01 31 32 33 F7 50 43 02 06 80 01 02 02 34 35");
-    EXPECT_EQ(Hex(File("SHORTMSG.dbg")), "F7 50 53 04 06 40 00 02 00 41 42");
+    EXPECT_EQ(Hex(FileBytes("PhoneBook.dbg")),
+        "F7 50 43 01 07 00 01 03 01 31 32 33 F7 50 43 02 06 80 01 02 02 34 35");
+    EXPECT_EQ(Hex(FileBytes("SHORTMSG.dbg")), "F7 50 53 04 06 40 00 02 00 41 42");
     EXPECT_EQ(Hex(platform.serial.written.at(2)), Hex(WithCrc("F75053040640000200 4142")));
 }
 
 TEST_F(ProjectImageTest, AFailedRecordEndsTheDownloadAfterKeepingIt)
 {
-    group("Fire");
-    user("A", "123", "Fire");
-    user("B", "45", "Fire");
+    AddGroupRow(p(), "Fire");
+    AddUserRow(p(), "A", "Fire", "123");
+    AddUserRow(p(), "B", "Fire", "45");
     g.link.Retry = 0;
     BuildProjectImage(g, image);
     platform.serial.answer(WithCrc("F7504300"));
     platform.serial.answer(WithCrc("F6504300"));
     EXPECT_FALSE(DownloadPhoneBook(g, image));
-    EXPECT_EQ(File("PhoneBook.dbg").size(), 12 + 11);
+    EXPECT_EQ(FileBytes("PhoneBook.dbg").size(), 12 + 11);
     // A project without messages still leaves an empty file.
     EXPECT_TRUE(DownloadShortMessages(g, image));
     EXPECT_TRUE(QFile::exists("SHORTMSG.dbg"));
-    EXPECT_TRUE(File("SHORTMSG.dbg").isEmpty());
+    EXPECT_TRUE(FileBytes("SHORTMSG.dbg").isEmpty());
 }
 
 TEST_F(ProjectImageTest, AByteFieldOver255EndsTheProgram)
 {
-    group("Fire");
-    zone(191, "Fire", "A", "B"); // the reset record would be number 256
+    AddGroupRow(p(), "Fire");
+    AddZoneRow(p(), 191, "Fire", "A", "B"); // the reset record would be number 256
     BuildProjectImage(g, image);
     platform.serial.answer(WithCrc("F7505300"));
     EXPECT_THROW(DownloadShortMessages(g, image), UnhandledError);

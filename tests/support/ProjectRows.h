@@ -1,6 +1,10 @@
 #pragma once
 
+#include <initializer_list>
+#include <utility>
+
 #include <QStringList>
+#include <QVariant>
 
 #include <gtest/gtest.h>
 
@@ -11,25 +15,41 @@
 // Rows written straight into the open project's tables, as the editors store them, for the
 // suites that start from a project made from the template.
 
+inline void AddRow(Recordset& rs, std::initializer_list<std::pair<const char*, QVariant>> fields)
+{
+    rs.AddNew();
+    for (const auto& [name, value] : fields)
+        rs.setField(QString::fromLatin1(name), value);
+    rs.Update();
+}
+
+inline void DeleteRows(Recordset& rs)
+{
+    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext())
+        rs.Delete();
+}
+
 inline void AddGroupRow(ProjectState& p, const QString& name, const QString& description = QString())
 {
-    p.rsUserGroups.AddNew();
-    p.rsUserGroups.setField(QStringLiteral("GroupName"), name);
-    p.rsUserGroups.setField(QStringLiteral("GroupDsc"), description);
-    p.rsUserGroups.Update();
+    AddRow(p.rsUserGroups, {{"GroupName", name}, {"GroupDsc", description}});
 }
 
 inline void AddUserRow(ProjectState& p, const QString& name, const QString& groupList,
     const QString& phone = QStringLiteral("0912"), bool disabled = false,
     const QString& description = QString())
 {
-    p.rsUsers.AddNew();
-    p.rsUsers.setField(QStringLiteral("UserName"), name);
-    p.rsUsers.setField(QStringLiteral("PhoneNumber"), phone);
-    p.rsUsers.setField(QStringLiteral("UserDsc"), description);
-    p.rsUsers.setField(QStringLiteral("GroupName"), groupList);
-    p.rsUsers.setField(QStringLiteral("IsDisable"), disabled);
-    p.rsUsers.Update();
+    AddRow(p.rsUsers,
+        {{"UserName", name}, {"PhoneNumber", phone}, {"UserDsc", description}, {"GroupName", groupList},
+            {"IsDisable", disabled}});
+}
+
+// A zone of its own, for a project whose zones were deleted.
+inline void AddZoneRow(ProjectState& p, int zoneNo, const QString& target, const QString& alarm,
+    const QString& reset, bool disabled = false)
+{
+    AddRow(p.rsZones,
+        {{"ZoneNo", zoneNo}, {"GroupName", target}, {"AlarmSMS", alarm}, {"ResetSMS", reset},
+            {"IsDisable", disabled}});
 }
 
 // The zone's name and target, and its alarm text and suspension when given.
@@ -44,6 +64,13 @@ inline void SetZoneRow(ProjectState& p, int zoneNo, const QString& name, const Q
     if (disabled)
         p.rsZones.setField(QStringLiteral("IsDisable"), true);
     p.rsZones.Update();
+}
+
+inline void SetUnicode(ProjectState& p, bool on)
+{
+    p.rsBasic.MoveFirst();
+    p.rsBasic.setField(QStringLiteral("IsUnicode"), on);
+    p.rsBasic.Update();
 }
 
 // One field of every row, in table order, read on a clone.

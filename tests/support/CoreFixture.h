@@ -7,6 +7,7 @@
 
 #include "ADOUtil.h"
 #include "ProjectFiles.h"
+#include "ProjectRows.h"
 #include "RecordingView.h"
 #include "ScriptedPlatform.h"
 #include "TestFolder.h"
@@ -14,17 +15,13 @@
 #include "VORNAGlobal.h"
 #include "VORNAMain.h"
 
-// An installation in a temporary folder, the scripted platform, the shared state and a
-// recording window. The locale is Traditional Chinese, so that the profile's AUTO rule
-// picks the original language and every text is the default at its call site.
-class CoreTest : public ::testing::Test
+// An installation in a temporary folder, the scripted platform and the shared state, with
+// no window yet. The locale is Traditional Chinese, so that the profile's AUTO rule picks
+// the original language and every text is the default at its call site.
+class InstallationTest : public ::testing::Test
 {
 protected:
-    CoreTest()
-    {
-        platform.localeName = QStringLiteral("zh_TW");
-        g.setView(&view);
-    }
+    InstallationTest() { platform.localeName = QStringLiteral("zh_TW"); }
 
     void start() { InitApplication(g, folder.appPath()); }
 
@@ -45,27 +42,19 @@ protected:
     // An edit as the editors make it: a row stored, and the project marked modified.
     void addGroup(const QString& name)
     {
-        g.project.rsUserGroups.AddNew();
-        g.project.rsUserGroups.setField(QStringLiteral("GroupName"), name);
-        g.project.rsUserGroups.setField(QStringLiteral("GroupDsc"), QString());
-        g.project.rsUserGroups.Update();
+        AddGroupRow(g.project, name);
         g.project.IsProjectModified = true;
     }
 
     // One field of every row of a table in a closed database file.
     QStringList column(const QString& dbPath, const QString& table, const QString& field)
     {
-        QStringList values;
         Connection conn = OpenMDBConn(platform, dbPath, {}, {});
         Recordset rs = OpenRecordset(conn, table, false);
         EXPECT_EQ(rs.State(), 1) << "cannot open " << table.toStdString() << " in " << dbPath.toStdString();
-        if (rs.State() == 1) {
-            while (!rs.IsEOF()) {
-                values << NullToEmpty(rs.Fields(field));
-                rs.MoveNext();
-            }
+        const QStringList values = rs.State() == 1 ? Column(rs, field) : QStringList();
+        if (rs.State() == 1)
             rs.Close();
-        }
         conn.Close();
         return values;
     }
@@ -77,11 +66,21 @@ protected:
 
     TestFolder folder;
     ScriptedPlatform platform;
-    RecordingView view;
     VORNAGlobal g {platform};
+};
+
+// The same with a recording window in place of the main window.
+class CoreTest : public InstallationTest
+{
+protected:
+    CoreTest() { g.setView(&view); }
+
+    RecordingView view;
 };
 
 inline QString SavePrompt(const QString& name)
 {
     return QStringLiteral("您要將變更儲存到專案[") + name + QStringLiteral("]?");
 }
+
+inline const QString SaveTitle = QStringLiteral("是否儲存專案");
