@@ -149,15 +149,6 @@ std::vector<Scenario> Scenarios()
                     + QStringLiteral("/Project/None.cmb] does not exist.")}}},
             {}, {}},
 
-        {"extension_test_is_case_sensitive", TraditionalChinese,
-            [](const TestFolder& folder) {
-                ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")),
-                    QDir(folder.root()).filePath(QStringLiteral("Project/A.CMB"))));
-            },
-            {{cmd("info Project/A.CMB"), 1, {},
-                {QStringLiteral("[本專案無法執行] 本專案無法開啟！\n因為專案檔名[A.CMB]不屬於[.cmb]")}}},
-            {}, {QStringLiteral("Project/A.mir")}},
-
         {"cmb_that_is_no_database_is_unhandled", English,
             [](const TestFolder& folder) {
                 WriteFile(folder, QStringLiteral("Project/Bad.cmb"), "not a database\n");

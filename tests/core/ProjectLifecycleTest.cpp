@@ -384,18 +384,6 @@ TEST_F(ProjectTest, FileExitWithCancelEndsTheProgramAndKeepsTheWorkingCopy)
     }
     EXPECT_TRUE(QFile::exists(projectPath("Project1.mir")));
     EXPECT_FALSE(groups(path).contains("Guards"));
-    EXPECT_EQ(platform.settings["Settings/MainWidth"], "10800");
-    EXPECT_EQ(platform.settings["Settings/ViewMode"], "3");
-}
-
-TEST_F(ProjectTest, ExitFromAMinimisedWindowKeepsThePlaceButWritesTheViewMode)
-{
-    platform.settings["Settings/MainLeft"] = "1234";
-    view.placement = {0, 0, 1440, 400, 1, 2};
-    EXPECT_THROW(ExitApplication(g, true), ProcessEnded);
-    EXPECT_EQ(platform.settings["Settings/MainLeft"], "1234");
-    EXPECT_EQ(platform.settings.count("Settings/MainWidth"), 0u);
-    EXPECT_EQ(platform.settings["Settings/ViewMode"], "2");
 }
 
 TEST_F(ProjectTest, TheDownloadCommitCopiesWithoutAskingAndKeepsTheModifiedFlag)

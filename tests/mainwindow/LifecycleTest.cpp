@@ -1,7 +1,5 @@
 #include <array>
 
-#include <QFile>
-
 #include "MainWindowFixture.h"
 #include "UnhandledError.h"
 
@@ -81,21 +79,18 @@ TEST_F(ProjectWindowTest, OpeningAProjectShowsItsNameInTheLabelAndThePanel)
     EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QString());
 }
 
-// Cancel keeps the window, the project and its edits, so the next close asks again.
+// Cancel keeps the window and the project, so the next close asks again; what each answer
+// does to the project itself is the core tests' close table.
 TEST_F(ProjectWindowTest, ClosingWithEditsCancelKeepsTheProjectAndNoClosesItAndExits)
 {
     newProject();
     addGroup(QStringLiteral("Night shift"));
-    const QString mirror = projectPath(QStringLiteral("Project1.mir"));
     platform.expectBox(
         MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::Cancel);
     int cancel = 0;
     main.Form_Unload(cancel);
     EXPECT_EQ(cancel, 1);
     EXPECT_EQ(g.project.ProjectName, QStringLiteral("Project1"));
-    EXPECT_TRUE(g.project.IsProjectModified);
-    EXPECT_TRUE(QFile::exists(mirror));
-    EXPECT_EQ(g.project.rsUserGroups.RecordCount(), 2);
 
     platform.expectBox(MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::No);
     cancel = 0;
@@ -107,7 +102,6 @@ TEST_F(ProjectWindowTest, ClosingWithEditsCancelKeepsTheProjectAndNoClosesItAndE
     }
     EXPECT_EQ(cancel, 0);
     EXPECT_TRUE(g.project.ProjectName.isEmpty());
-    EXPECT_FALSE(QFile::exists(mirror));
 }
 
 namespace {
