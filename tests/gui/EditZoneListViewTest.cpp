@@ -15,26 +15,12 @@
 #include "VORNAUtil.h"
 #include "VornaApp.h"
 
-namespace {
-
-template<class W> W* child(QWidget* window, const char* name)
-{
-    auto* w = window->findChild<W*>(QString::fromLatin1(name));
-    EXPECT_NE(w, nullptr) << name;
-    return w;
-}
-
-} // namespace
+using EditZoneListView = VornaWindowTest;
 
 // A user opens zone 3 from the tree, types into the real boxes and leaves with Enter, then
 // opens it again and leaves with Escape.
-TEST(EditZoneListView, EnterSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
+TEST_F(EditZoneListView, EnterSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
 {
-    guiApp();
-    TestFolder folder;
-    QtPlatform platform(QDir(folder.root()).filePath(QStringLiteral("settings.ini")));
-    VornaApp vorna(platform);
-    vorna.Main({folder.appPath(), false});
     const QString project = QDir(folder.projectDir()).filePath(QStringLiteral("a.cmb"));
     ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), project));
     ASSERT_TRUE(OpenProject(vorna.g, project));

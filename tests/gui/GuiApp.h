@@ -25,6 +25,14 @@ inline VornaApplication& guiApp()
     return *instance;
 }
 
+// The named child widget of a window, failing the test when there is none.
+template<class W> W* child(QWidget* window, const char* name)
+{
+    auto* w = window->findChild<W*>(QString::fromLatin1(name));
+    EXPECT_NE(w, nullptr) << name;
+    return w;
+}
+
 // Plays the user at the next modal window: waits for it to come up, then hands it over.
 // The action must close it, or the test hangs where a user would be left looking at it.
 inline void atNextModal(std::function<void(QWidget*)> action)

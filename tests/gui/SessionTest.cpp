@@ -20,13 +20,6 @@
 
 namespace {
 
-template<class Widget> Widget* child(QWidget* parent, const char* name)
-{
-    auto* widget = parent->findChild<Widget*>(QString::fromLatin1(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
-}
-
 // Types over whatever the box holds, as a user who selects it all first.
 void retype(QLineEdit* box, const QString& text)
 {
