@@ -49,11 +49,8 @@ TEST_F(CoreTest, AFifthRecentRowIsASubscriptError)
     {
         Connection conn = OpenMDBConn(platform, folder.path("VORNA.sdb"), {}, {});
         Recordset rs = OpenRecordset(conn, "MRUList", false);
-        for (int i = 1; i <= 5; ++i) {
-            rs.AddNew();
-            rs.setField("FilePath", QString("/p/%1.cmb").arg(i));
-        }
-        rs.Update();
+        for (int i = 1; i <= 5; ++i)
+            AddRow(rs, {{"FilePath", QString("/p/%1.cmb").arg(i)}});
         conn.Close();
     }
     try {

@@ -71,12 +71,7 @@ TEST_P(SettingByteTest, ParityAndBaudIDBothWays)
     const SettingCase& c = GetParam();
     EXPECT_EQ(DecodeSettingByte(c.byte), (SettingByte {c.parity, c.baudID}));
 
-    Recordset& rs = g.system.rsCommBaudList;
-    rs.AddNew();
-    rs.setField(QStringLiteral("ModelName"), QStringLiteral("RM64T"));
-    rs.setField(QStringLiteral("BaudRate"), QStringLiteral("300"));
-    rs.setField(QStringLiteral("BaudID"), c.baudID);
-    rs.Update();
+    AddRow(g.system.rsCommBaudList, {{"ModelName", "RM64T"}, {"BaudRate", "300"}, {"BaudID", c.baudID}});
     platform.serial.answer(WithCrc("F71000800002"));
     EXPECT_TRUE(WriteDeviceComm(g, QStringLiteral("KV470-rm64t"), QStringLiteral("5"), QStringLiteral("300"),
         QString::fromLatin1(c.parity), false));
