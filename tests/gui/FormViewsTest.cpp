@@ -1,10 +1,21 @@
+#include <QAbstractButton>
+#include <QClipboard>
+#include <QComboBox>
 #include <QDir>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabWidget>
 #include <QTest>
+#include <QTextCursor>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
+#include "FormBinder.h"
+#include "FormText.h"
 #include "FormView.h"
 #include "GuiApp.h"
 #include "QtPlatform.h"
@@ -15,16 +26,166 @@ namespace {
 
 using FormViewsTest = VornaWindowTest;
 
+// The texts a control gives its widget to show, in the order the widget shows them.
+QStringList controlTexts(const Control& c)
+{
+    if (const auto* box = dynamic_cast<const TextBox*>(&c))
+        return {box->Text};
+    if (const auto* label = dynamic_cast<const Label*>(&c))
+        return {label->Caption};
+    if (const auto* combo = dynamic_cast<const ComboBox*>(&c))
+        return QStringList(combo->List.begin(), combo->List.end());
+    if (const auto* tabs = dynamic_cast<const TabStrip*>(&c))
+        return QStringList(tabs->TabCaptions.begin(), tabs->TabCaptions.end());
+    QStringList texts;
+    if (const auto* list = dynamic_cast<const ListView*>(&c))
+        for (const ColumnHeader& column : list->ColumnHeaders)
+            texts << column.Text;
+    return texts;
+}
+
+// The texts a widget shows: a label's or button's text, a frame's title, a box's text as the
+// model keeps it, a list's rows, column headers or tab captions.
+QStringList shownTexts(const QObject* widget)
+{
+    if (const auto* label = qobject_cast<const QLabel*>(widget))
+        return label->pixmap().isNull() ? QStringList {label->text()} : QStringList {};
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+        return {button->text()};
+    if (const auto* frame = qobject_cast<const QGroupBox*>(widget))
+        return {frame->title()};
+    if (const auto* line = qobject_cast<const QLineEdit*>(widget))
+        return {line->text()};
+    if (const auto* box = qobject_cast<const QPlainTextEdit*>(widget))
+        return {box->toPlainText().replace(u'\n', QStringLiteral("\r\n"))};
+    QStringList texts;
+    if (const auto* combo = qobject_cast<const QComboBox*>(widget))
+        for (int i = 0; i < combo->count(); ++i)
+            texts << combo->itemText(i);
+    if (const auto* tabs = qobject_cast<const QTabWidget*>(widget))
+        for (int i = 0; i < tabs->count(); ++i)
+            texts << tabs->tabText(i);
+    if (const auto* list = qobject_cast<const QTreeView*>(widget); list && !list->isHeaderHidden())
+        for (int i = 0; i < list->model()->columnCount(); ++i)
+            texts << list->model()->headerData(i, Qt::Horizontal).toString();
+    return texts;
+}
+
+// The control types that no shipped dialog uses yet, and two boxes with a limit.
+class frmSample : public FormModel
+{
+public:
+    QString formName() const override { return QStringLiteral("frmSample"); }
+    Frame fraPort {*this, "fraPort"};
+    TabStrip sstPages {*this, "sstPages"};
+    TextBox txtLine {*this, "txtLine"};
+    TextBox txtLines {*this, "txtLines"};
+};
+
+struct SampleView
+{
+    SampleView()
+    {
+        binder.bind(frame, form.fraPort);
+        tabs->addTab(new QWidget, QString());
+        tabs->addTab(new QWidget, QString());
+        binder.bind(tabs, form.sstPages, [this] { ++tabClicks; });
+        binder.bind(line, form.txtLine);
+        binder.bind(lines, form.txtLines);
+        window.show();
+    }
+
+    VornaApplication& app = guiApp();
+    frmSample form;
+    FormBinder binder {[this] { binder.paint(); }};
+    QWidget window;
+    QGroupBox* frame = new QGroupBox(&window);
+    QTabWidget* tabs = new QTabWidget(&window);
+    QLineEdit* line = new QLineEdit(&window);
+    QPlainTextEdit* lines = new QPlainTextEdit(&window);
+    int tabClicks = 0;
+};
+
 } // namespace
 
-TEST_F(FormViewsTest, EveryControlHasAWidgetOfItsNameAndEveryTextPathReachesAControlAndHasARow)
+TEST(FormBinderTest, AFrameAndATabStripShowTheirCaptionsAndAPickedTabReachesTheControl)
+{
+    SampleView v;
+    v.form.fraPort.Caption = QStringLiteral("Port");
+    v.form.sstPages.TabCaptions = {QStringLiteral("Line"), QStringLiteral("Dialler")};
+    v.binder.paint();
+    EXPECT_EQ(shownTexts(v.frame), controlTexts(v.form.fraPort));
+    EXPECT_EQ(shownTexts(v.tabs), controlTexts(v.form.sstPages));
+    v.tabs->setCurrentIndex(1);
+    EXPECT_EQ(v.form.sstPages.Tab, 1);
+    EXPECT_EQ(v.tabClicks, 1);
+}
+
+// A limit refuses what does not fit, at the caret, and never takes away what was there. The
+// caret is in the widget's units; the texts are the model's, where a line break is CR LF.
+TEST(FormBinderTest, ABoxAtItsMaxLengthRefusesWhatDoesNotFitAtTheCaret)
+{
+    struct Case
+    {
+        const char* name;
+        bool multiLine;
+        int maxLength;
+        const char* before;
+        int caret;
+        const char* typed;
+        bool paste;
+        const char* after;
+    };
+    const Case cases[] = {
+        {"a full line refuses a key in its middle", false, 5, "abcde", 2, "x", false, "abcde"},
+        {"a paste longer than the room keeps its head", false, 6, "abcd", 2, "xyz", true, "abxycd"},
+        {"a line loaded longer than the limit stays whole", false, 3, "abcdef", 6, "x", false, "abcdef"},
+        {"a key with room goes in at the caret", true, 7, "ab\r\ncd", 1, "x", false, "axb\r\ncd"},
+        {"a full box refuses a key in its middle", true, 6, "ab\r\ncd", 1, "x", false, "ab\r\ncd"},
+        {"a pasted line break counts two", true, 7, "abcd", 2, "x\ny", true, "abx\r\ncd"},
+        {"a box loaded longer than the limit stays whole", true, 3, "ab\r\ncd", 0, "x", false, "ab\r\ncd"},
+    };
+    for (const Case& c : cases) {
+        SampleView v;
+        TextBox& box = c.multiLine ? v.form.txtLines : v.form.txtLine;
+        QWidget* widget = c.multiLine ? static_cast<QWidget*>(v.lines) : v.line;
+        box.MaxLength = c.maxLength;
+        box.Text = QString::fromLatin1(c.before);
+        v.binder.paint();
+        if (c.multiLine) {
+            QTextCursor caret = v.lines->textCursor();
+            caret.setPosition(c.caret);
+            v.lines->setTextCursor(caret);
+        } else {
+            v.line->setCursorPosition(c.caret);
+        }
+        if (c.paste) {
+            QGuiApplication::clipboard()->setText(QString::fromLatin1(c.typed));
+            QTest::keySequence(widget, QKeySequence::Paste);
+        } else {
+            QTest::keyClicks(widget, QString::fromLatin1(c.typed));
+        }
+        EXPECT_EQ(box.Text, QString::fromLatin1(c.after)) << c.name;
+        EXPECT_EQ(shownTexts(widget), QStringList {box.Text}) << c.name;
+    }
+}
+
+TEST_F(FormViewsTest, EveryControlHasAWidgetOfItsNameShowingItsTextAndEveryTextPathHasARow)
 {
     for (FormModel* form : vorna.forms()) {
         const std::string name = form->formName().toStdString();
-        QWidget* window = platform.viewOf(*form).widget();
+        ApplyFormText(vorna.g.ml, *form);
+        FormView& view = platform.viewOf(*form);
+        view.refresh();
+        QWidget* window = view.widget();
         EXPECT_EQ(window->objectName(), form->formName());
-        for (const Control* c : form->controls())
-            EXPECT_NE(window->findChild<QObject*>(c->Name), nullptr) << name << "." << c->Name.toStdString();
+        for (const Control* c : form->controls()) {
+            const QObject* widget = window->findChild<QObject*>(c->Name);
+            ASSERT_NE(widget, nullptr) << name << "." << c->Name.toStdString();
+            if (!dynamic_cast<const Menu*>(c)) {
+                EXPECT_EQ(shownTexts(widget), controlTexts(*c)) << name << "." << c->Name.toStdString();
+            }
+        }
         for (const FormTextPath& t : form->formTexts()) {
             const QString path = QString::fromLatin1(t.path);
             const QString property = QString::fromLatin1(t.property);
