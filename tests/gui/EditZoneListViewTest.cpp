@@ -26,9 +26,9 @@ template<class W> W* child(QWidget* window, const char* name)
 
 } // namespace
 
-// A user opens zone 3 from the tree, types into the real boxes and leaves with Enter, then
-// opens it again and leaves with Escape.
-TEST(EditZoneListView, EnterSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
+// A user opens zone 3 from the tree, types into the real boxes, starting a line with Ctrl+Enter,
+// and leaves with Enter from a multi-line box; then opens it again and leaves with Escape.
+TEST(EditZoneListView, EnterFromAnyBoxSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
 {
     guiApp();
     TestFolder folder;
@@ -49,7 +49,7 @@ TEST(EditZoneListView, EnterSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
         QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), QStringLiteral("Hall"));
         auto* alarm = child<QPlainTextEdit>(dialog, "txtAlarmSMS");
         QTest::keyClicks(alarm, QStringLiteral("Fire"));
-        QTest::keyClick(alarm, Qt::Key_Return);
+        QTest::keyClick(alarm, Qt::Key_Return, Qt::ControlModifier);
         QTest::keyClicks(alarm, QStringLiteral("out"));
         auto* reset = child<QPlainTextEdit>(dialog, "txtResetSMS");
         QTest::keyClicks(reset, QString(71, u'x'));
@@ -60,7 +60,7 @@ TEST(EditZoneListView, EnterSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
         QTest::keyClick(reset, Qt::Key_Backspace);
         EXPECT_EQ(resetSize->text(), QStringLiteral("70/70"));
         EXPECT_FALSE(resetSize->styleSheet().contains(QStringLiteral("red")));
-        QTest::keyClick(child<QLineEdit>(dialog, "txtZoneName"), Qt::Key_Return);
+        QTest::keyClick(reset, Qt::Key_Return);
     });
     main.tvProjectContent.SelectedItem = FindNodeByTag(main, QStringLiteral("Zones,3"));
     main.tvProjectContent_DblClick();
@@ -73,7 +73,7 @@ TEST(EditZoneListView, EnterSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
 
     atNextModal([](QWidget* dialog) {
         QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), QStringLiteral(" Annex"));
-        QTest::keyClick(dialog, Qt::Key_Escape);
+        QTest::keyClick(child<QPlainTextEdit>(dialog, "txtAlarmSMS"), Qt::Key_Escape);
     });
     main.tvProjectContent_DblClick();
     EXPECT_EQ(zone3("ZoneName"), QStringLiteral("Hall"));
