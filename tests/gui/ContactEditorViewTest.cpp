@@ -1,6 +1,4 @@
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -12,10 +10,8 @@
 #include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "ProjectFiles.h"
 #include "ProjectRows.h"
 #include "VBUtil.h"
-#include "VORNAUtil.h"
 
 namespace {
 
@@ -43,19 +39,12 @@ private:
 class ContactEditorViewTest : public VornaWindowTest
 {
 protected:
-    ContactEditorViewTest()
-    {
-        const QString cmb = QDir(folder.projectDir()).filePath("Site.cmb");
-        EXPECT_TRUE(QFile::copy(folder.path("RM64.mdb"), cmb));
-        EXPECT_TRUE(OpenProject(vorna.g, cmb));
-    }
-    // Opens the editor of a tree node, as a double click does, with the user played by action.
+    ContactEditorViewTest() { openTemplateProject(); }
+    // The rows just written reach the tree before the editor is opened on them.
     void edit(const QString& tag, std::function<void(QWidget*)> action)
     {
         vorna.mainForm.RefreshFormObj();
-        atNextModal(std::move(action));
-        vorna.mainForm.selectNode(FindNodeByTag(vorna.mainForm, tag));
-        vorna.mainForm.tvProjectContent_DblClick();
+        openEditor(tag, std::move(action));
     }
 };
 
