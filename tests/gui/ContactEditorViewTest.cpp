@@ -15,26 +15,21 @@
 
 namespace {
 
-// Answers each message box that comes up while it lives, and counts them.
-class BoxCounter
+// The message boxes that come up while act runs, each answered with Escape.
+int boxesDuring(const std::function<void()>& act)
 {
-public:
-    BoxCounter()
-    {
-        m_poll.setInterval(10);
-        QObject::connect(&m_poll, &QTimer::timeout, [this] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                ++count;
-                QTest::keyClick(box, Qt::Key_Escape);
-            }
-        });
-        m_poll.start();
-    }
     int count = 0;
-
-private:
-    QTimer m_poll;
-};
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&count] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            ++count;
+            QTest::keyClick(box, Qt::Key_Escape);
+        }
+    });
+    poll.start(10);
+    act();
+    return count;
+}
 
 class ContactEditorViewTest : public VornaWindowTest
 {
@@ -71,14 +66,13 @@ TEST_F(ContactEditorViewTest, ANumberTypedAndAGroupPickedInTheRealDialogsReachTh
             };
             // The contact's own group, grey, is current: the keys pass over it without a box,
             // and a click on it raises one.
-            BoxCounter boxes;
-            QTest::keyClick(list, Qt::Key_Down);
-            QTest::keyClick(list, Qt::Key_Up);
-            EXPECT_EQ(boxes.count, 0);
-            clickRow(0);
-            EXPECT_EQ(boxes.count, 1);
-            clickRow(1);
-            EXPECT_EQ(boxes.count, 1);
+            const auto downAndUp = [list] {
+                QTest::keyClick(list, Qt::Key_Down);
+                QTest::keyClick(list, Qt::Key_Up);
+            };
+            EXPECT_EQ(boxesDuring(downAndUp), 0);
+            EXPECT_EQ(boxesDuring([&] { clickRow(0); }), 1);
+            EXPECT_EQ(boxesDuring([&] { clickRow(1); }), 0);
             QTest::keyClick(list, Qt::Key_Return);
         });
         QTest::mouseClick(editor->findChild<QPushButton*>("cmdAdd"), Qt::LeftButton);
