@@ -1,5 +1,7 @@
 #include "FormView.h"
 
+#include <algorithm>
+
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -55,6 +57,7 @@ QPushButton* DialogView::defaultButton() const
     return nullptr;
 }
 
+// A dialog asking for more than the screen's free room is cut to it, and put back on it.
 void DialogView::fitToScreen()
 {
     const QScreen* shown = screen();
