@@ -35,12 +35,6 @@ class ContactEditorViewTest : public VornaWindowTest
 {
 protected:
     ContactEditorViewTest() { openTemplateProject(); }
-    // The rows just written reach the tree before the editor is opened on them.
-    void edit(const QString& tag, std::function<void(QWidget*)> action)
-    {
-        vorna.mainForm.RefreshFormObj();
-        openEditor(tag, std::move(action));
-    }
 };
 
 } // namespace
@@ -51,7 +45,7 @@ TEST_F(ContactEditorViewTest, ANumberTypedAndAGroupPickedInTheRealDialogsReachTh
     AddGroupRow(p, "B");
     AddUserRow(p, "Ann", "UserGroup1", QString());
 
-    edit("Users,Ann", [&](QWidget* editor) {
+    openEditor("Users,Ann", [&](QWidget* editor) {
         auto* number = editor->findChild<QLineEdit*>("txtTelNo");
         ASSERT_NE(number, nullptr);
         // Typed past the box's 20 characters.
@@ -96,7 +90,7 @@ TEST_F(ContactEditorViewTest, TheEditorsOfALongNameStayOnTheScreen)
     AddGroupRow(vorna.g.project, name);
     AddUserRow(vorna.g.project, name, name);
     for (const QString& tag : {"UserGroups," + name, "Users," + name})
-        edit(tag, [&](QWidget* editor) {
+        openEditor(tag, [&](QWidget* editor) {
             const QRect screen = editor->screen()->availableGeometry();
             EXPECT_TRUE(screen.contains(editor->frameGeometry())) << tag.left(10).toStdString();
             auto* ok = editor->findChild<QPushButton*>("cmdOK");

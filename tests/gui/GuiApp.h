@@ -63,12 +63,12 @@ protected:
         const QString cmb = QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"));
         ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), cmb));
         ASSERT_TRUE(OpenProject(vorna.g, cmb));
-        vorna.mainForm.RefreshFormObj();
     }
     // Opens the editor of the tree node with the tag, as a double click does, the user at the
-    // dialog played by action.
+    // dialog played by action. The tree is rebuilt first, with the rows a test has written.
     void openEditor(const QString& tag, std::function<void(QWidget*)> action)
     {
+        vorna.mainForm.RefreshFormObj();
         atNextModal(std::move(action));
         vorna.mainForm.selectNode(FindNodeByTag(vorna.mainForm, tag));
         vorna.mainForm.tvProjectContent_DblClick();
