@@ -1,5 +1,7 @@
 #include "ElidedLabel.h"
 
+#include <algorithm>
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -21,17 +23,19 @@ ElidedLabel::ElidedLabel(QWidget* parent)
 
 QSize ElidedLabel::sizeHint() const
 {
-    const QSize whole = QLabel::sizeHint();
-    const int chrome = whole.width() - fontMetrics().horizontalAdvance(text());
-    return {std::min(whole.width(), chrome + fontMetrics().averageCharWidth() * WidestChars), whole.height()};
+    return narrowed(QLabel::sizeHint(), WidestChars);
 }
 
 QSize ElidedLabel::minimumSizeHint() const
 {
-    const QSize whole = QLabel::minimumSizeHint();
+    return narrowed(QLabel::minimumSizeHint(), NarrowestChars);
+}
+
+// The whole text's size, no wider than the frame and margins and that many characters.
+QSize ElidedLabel::narrowed(QSize whole, int chars) const
+{
     const int chrome = whole.width() - fontMetrics().horizontalAdvance(text());
-    return {
-        std::min(whole.width(), chrome + fontMetrics().averageCharWidth() * NarrowestChars), whole.height()};
+    return {std::min(whole.width(), chrome + fontMetrics().averageCharWidth() * chars), whole.height()};
 }
 
 QRect ElidedLabel::textRect() const

@@ -17,6 +17,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QSize narrowed(QSize whole, int chars) const;
     QRect textRect() const;
     QString shownText() const;
 };
