@@ -1,7 +1,6 @@
 #include "AllUserGroupsView.h"
 
 #include <QGridLayout>
-#include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -21,12 +20,10 @@ AllUserGroupsView::AllUserGroupsView(frmAllUserGroups& model, QWidget* parent)
         model.cmbOK, [&model] { model.cmbOK_Click(); }, model.cmbCancel,
         [&model] { model.cmbCancel_Click(); });
     setFirstFocus(lvUserGroups);
-    auto* lblCaption = new QLabel(this);
-    m_binder.bind(lblCaption, model.lblCaption);
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(16, 16, 16, 12);
-    grid->addWidget(lblCaption, 0, 0);
+    grid->addWidget(label(model.lblCaption, lvUserGroups), 0, 0);
     grid->addWidget(lvUserGroups, 1, 0);
     grid->addWidget(cmdAddGroup, 1, 1, Qt::AlignTop);
     grid->addLayout(buttons, 2, 0, 1, 2);

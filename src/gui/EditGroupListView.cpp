@@ -10,26 +10,19 @@
 EditGroupListView::EditGroupListView(frmEditGroupList& model, QWidget* parent)
     : DialogView(model, parent)
 {
-    auto* Label1 = new QLabel(this);
-    m_binder.bind(Label1, model.Label1);
-    auto* lblGroupName = new QLabel(this);
+    QLabel* lblGroupName = nameLabel(model.lblGroupName);
     lblGroupName->setFrameShape(QFrame::StyledPanel);
-    lblGroupName->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_binder.bind(lblGroupName, model.lblGroupName);
-    auto* Label2 = new QLabel(this);
-    m_binder.bind(Label2, model.Label2);
     auto* txtGroupDsc = new QPlainTextEdit(this);
     m_binder.bind(txtGroupDsc, model.txtGroupDsc);
-    Label2->setBuddy(txtGroupDsc);
     auto* cmdRename = new QPushButton(this);
     m_binder.bind(cmdRename, model.cmdRename, [&model] { model.cmdRename_Click(); });
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(16, 16, 16, 12);
-    grid->addWidget(Label1, 0, 0);
+    grid->addWidget(label(model.Label1), 0, 0);
     grid->addWidget(lblGroupName, 0, 1);
     grid->addWidget(cmdRename, 0, 2);
-    grid->addWidget(Label2, 1, 0, Qt::AlignTop);
+    grid->addWidget(label(model.Label2, txtGroupDsc), 1, 0, Qt::AlignTop);
     grid->addWidget(txtGroupDsc, 1, 1, 1, 2);
     grid->addWidget(rule(model.Line1), 2, 0, 1, 3);
     grid->addLayout(okCancelRow(

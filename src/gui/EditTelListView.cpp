@@ -2,7 +2,6 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -36,22 +35,17 @@ EditTelListView::EditTelListView(frmEditTelList& model, QWidget* parent)
         [&model] { model.cmdCancel_Click(); });
     setFirstFocus(txtTelNo);
 
-    const auto label = [this](Label& control) {
-        auto* w = new QLabel(this);
-        m_binder.bind(w, control);
-        return w;
-    };
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(16, 16, 16, 12);
     grid->addWidget(label(model.Label2), 0, 0);
-    grid->addWidget(label(model.lblTelUser), 0, 1);
+    grid->addWidget(nameLabel(model.lblTelUser), 0, 1);
     grid->addWidget(cmdTelUserRename, 0, 2);
-    grid->addWidget(label(model.Label1), 1, 0);
+    grid->addWidget(label(model.Label1, txtTelNo), 1, 0);
     grid->addWidget(txtTelNo, 1, 1);
     grid->addWidget(chkIsDisable, 1, 2);
-    grid->addWidget(label(model.Label3), 2, 0, Qt::AlignTop);
+    grid->addWidget(label(model.Label3, txtTelDsc), 2, 0, Qt::AlignTop);
     grid->addWidget(txtTelDsc, 2, 1, 1, 2);
-    grid->addWidget(label(model.Label5), 3, 0, Qt::AlignTop);
+    grid->addWidget(label(model.Label5, lvGroupName), 3, 0, Qt::AlignTop);
     grid->addWidget(lvGroupName, 3, 1);
     auto* listButtons = new QVBoxLayout;
     listButtons->addWidget(cmdAdd);

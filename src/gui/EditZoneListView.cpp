@@ -31,14 +31,6 @@ EditZoneListView::EditZoneListView(frmEditZoneList& model, QWidget* parent)
     : DialogView(model, parent)
     , m_model(model)
 {
-    auto label = [this](Label& control, QWidget* buddy) {
-        auto* widget = new QLabel(this);
-        m_binder.bind(widget, control);
-        widget->setBuddy(buddy);
-        return widget;
-    };
-    auto* lblZoneNo = new QLabel(this);
-    m_binder.bind(lblZoneNo, model.lblZoneNo);
     auto* txtZoneName = new QLineEdit(this);
     m_binder.bind(txtZoneName, model.txtZoneName);
     auto* txtZoneDsc = new QPlainTextEdit(this);
@@ -57,8 +49,8 @@ EditZoneListView::EditZoneListView(frmEditZoneList& model, QWidget* parent)
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(16, 16, 16, 12);
-    grid->addWidget(label(model.Label3, nullptr), 0, 0);
-    grid->addWidget(lblZoneNo, 0, 1);
+    grid->addWidget(label(model.Label3), 0, 0);
+    grid->addWidget(label(model.lblZoneNo), 0, 1);
     grid->addWidget(label(model.Label2, txtZoneName), 1, 0);
     grid->addWidget(txtZoneName, 1, 1);
     grid->addWidget(label(model.Label4, txtZoneDsc), 2, 0, Qt::AlignTop);

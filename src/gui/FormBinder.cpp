@@ -1,9 +1,11 @@
 #include "FormBinder.h"
 
+#include <algorithm>
 #include <memory>
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,6 +13,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTabWidget>
+#include <QTextCursor>
 #include <QTreeWidget>
 
 namespace {
@@ -24,6 +28,35 @@ QString toWidgetText(const QString& text)
 QString toModelText(const QString& text)
 {
     return QString(text).replace(u'\n', QStringLiteral("\r\n"));
+}
+
+// A line break counts as the model keeps it, CR LF: two units.
+int modelUnits(const QString& widgetText)
+{
+    return static_cast<int>(widgetText.size() + widgetText.count(u'\n'));
+}
+
+// An edit turned before into after and left the caret at the end of what it inserted (a key
+// typed, a paste, a drop). Returns where the insertion must end for the whole to count no more
+// than limit units: what does not fit is refused at the caret, and what was there before stays,
+// even when it is longer than the limit (a text loaded from the project).
+int fittingEnd(const QString& before, const QString& after, int caret, int limit)
+{
+    // The insertion starts where after departs from before, short of the text after the caret.
+    const int bound = std::max(0, std::min(caret, static_cast<int>(before.size() - (after.size() - caret))));
+    int start = 0;
+    while (start < bound && before[start] == after[start])
+        ++start;
+    int over = modelUnits(after) - limit;
+    int end = caret;
+    while (over > 0 && end > start) {
+        // A character outside the basic plane goes whole or stays whole.
+        const int width
+            = end - 2 >= start && after[end - 1].isLowSurrogate() && after[end - 2].isHighSurrogate() ? 2 : 1;
+        over -= after[end - 1] == u'\n' ? 2 : width;
+        end -= width;
+    }
+    return end;
 }
 
 int pixels(double twips)
@@ -62,11 +95,6 @@ void FormBinder::add(QWidget* widget, Control& control, std::function<void()> pa
     });
 }
 
-void FormBinder::bind(QWidget* widget, Control& control)
-{
-    add(widget, control, {});
-}
-
 void FormBinder::bind(QLabel* widget, Label& control)
 {
     add(widget, control, [widget, &control] { widget->setText(control.Caption); });
@@ -93,14 +121,16 @@ void FormBinder::bind(QCheckBox* widget, CheckBox& control, Handler click)
 void FormBinder::bind(QLineEdit* widget, TextBox& control, Handler change)
 {
     add(widget, control, [widget, &control] {
-        widget->setMaxLength(control.MaxLength > 0 ? control.MaxLength : 32767);
         widget->setReadOnly(control.Locked);
         widget->setEchoMode(control.PasswordChar.isEmpty() ? QLineEdit::Normal : QLineEdit::Password);
         if (widget->text() != control.Text)
             widget->setText(control.Text);
-        if (widget->cursorPosition() != control.SelStart + control.SelLength
-            || widget->selectionLength() != control.SelLength)
-            widget->setSelection(control.SelStart, control.SelLength);
+        // The model may keep a selection past the end of a text it has since shortened.
+        const int length = static_cast<int>(widget->text().size());
+        const int start = std::clamp(control.SelStart, 0, length);
+        const int selected = std::clamp(control.SelLength, 0, length - start);
+        if (widget->cursorPosition() != start + selected || widget->selectionLength() != selected)
+            widget->setSelection(start, selected);
     });
     connect(widget, &QLineEdit::selectionChanged, this, [widget, &control] {
         control.SelStart = widget->hasSelectedText() ? widget->selectionStart() : widget->cursorPosition();
@@ -113,8 +143,20 @@ void FormBinder::bind(QLineEdit* widget, TextBox& control, Handler change)
         }
     });
     connect(widget, &QLineEdit::textEdited, this, [this, widget, &control, change = std::move(change)] {
-        control.Text = widget->text();
-        control.SelStart = widget->cursorPosition();
+        QString text = widget->text();
+        int caret = widget->cursorPosition();
+        if (control.MaxLength > 0) {
+            const int end = fittingEnd(control.Text, text, caret, control.MaxLength);
+            if (end < caret) {
+                text.remove(end, caret - end);
+                caret = end;
+                const QSignalBlocker block(widget);
+                widget->setText(text);
+                widget->setCursorPosition(caret);
+            }
+        }
+        control.Text = text;
+        control.SelStart = caret;
         control.SelLength = 0;
         run(change);
     });
@@ -129,26 +171,31 @@ void FormBinder::bind(QPlainTextEdit* widget, TextBox& control, Handler change)
             widget->setPlainText(toWidgetText(control.Text));
     });
     connect(widget, &QPlainTextEdit::textChanged, this, [this, widget, &control, change = std::move(change)] {
-        QString text = toModelText(widget->toPlainText());
-        // The limit counts what the model keeps, CR LF as two.
-        if (control.MaxLength > 0 && text.size() > control.MaxLength) {
-            text.truncate(control.MaxLength);
-            if (text.endsWith(u'\r'))
-                text.chop(1);
-            const QSignalBlocker block(widget);
-            const int cursor = widget->textCursor().position();
-            widget->setPlainText(toWidgetText(text));
-            QTextCursor c = widget->textCursor();
-            c.setPosition(std::min(cursor, static_cast<int>(widget->toPlainText().size())));
-            widget->setTextCursor(c);
+        if (control.MaxLength > 0) {
+            const QString text = widget->toPlainText();
+            const int caret = widget->textCursor().position();
+            const int end = fittingEnd(toWidgetText(control.Text), text, caret, control.MaxLength);
+            if (end < caret) {
+                // Refused as part of the same edit, so that one undo takes back what was kept.
+                const QSignalBlocker block(widget);
+                QTextCursor refused(widget->document());
+                refused.setPosition(end);
+                refused.setPosition(caret, QTextCursor::KeepAnchor);
+                refused.joinPreviousEditBlock();
+                refused.removeSelectedText();
+                refused.endEditBlock();
+            }
         }
-        control.Text = text;
+        control.Text = toModelText(widget->toPlainText());
         run(change);
     });
 }
 
 void FormBinder::bind(QComboBox* widget, ComboBox& control, Handler click)
 {
+    // Its rows are names of any length: the box takes the width the layout gives it.
+    widget->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    widget->setMinimumContentsLength(12);
     add(widget, control, [widget, &control] {
         bool same = widget->count() == control.ListCount();
         for (int i = 0; same && i < widget->count(); ++i)
@@ -207,14 +254,31 @@ void FormBinder::bind(QTreeWidget* widget, ListView& control, Handler click, Han
         if (widget->currentItem() != current)
             widget->setCurrentItem(current);
     });
-    connect(widget, &QTreeWidget::currentItemChanged, this,
-        [this, widget, &control, click = std::move(click)](QTreeWidgetItem* current) {
-            control.SelectedItem = current ? widget->indexOfTopLevelItem(current) : -1;
-            if (current)
-                run(click);
-        });
+    // The keys move the selection; Click is a user's click on a row, the current row included.
+    connect(widget, &QTreeWidget::currentItemChanged, this, [widget, &control](QTreeWidgetItem* current) {
+        control.SelectedItem = current ? widget->indexOfTopLevelItem(current) : -1;
+    });
+    connect(widget, &QTreeWidget::itemClicked, this, [this, click = std::move(click)] { run(click); });
     connect(widget, &QTreeWidget::itemDoubleClicked, this,
         [this, dblClick = std::move(dblClick)] { run(dblClick); });
+}
+
+void FormBinder::bind(QGroupBox* widget, Frame& control)
+{
+    add(widget, control, [widget, &control] { widget->setTitle(control.Caption); });
+}
+
+void FormBinder::bind(QTabWidget* widget, TabStrip& control, Handler click)
+{
+    add(widget, control, [widget, &control] {
+        for (int i = 0; i < widget->count() && i < static_cast<int>(control.TabCaptions.size()); ++i)
+            widget->setTabText(i, control.TabCaptions[i]);
+        widget->setCurrentIndex(control.Tab);
+    });
+    connect(widget, &QTabWidget::currentChanged, this, [this, &control, click = std::move(click)](int tab) {
+        control.Tab = tab;
+        run(click);
+    });
 }
 
 void FormBinder::onClick(QWidget* widget, Handler click)

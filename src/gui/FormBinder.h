@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <functional>
 #include <map>
 #include <vector>
@@ -10,10 +11,12 @@
 
 class QCheckBox;
 class QComboBox;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+class QTabWidget;
 class QTreeWidget;
 class QWidget;
 
@@ -30,8 +33,11 @@ public:
     // repaint paints the whole form (the view's refresh), after every handler.
     explicit FormBinder(std::function<void()> repaint, QObject* parent = nullptr);
 
-    // Name, Enabled and Visible only (a frame, a picture, a container).
-    void bind(QWidget* widget, Control& control);
+    // A control with nothing to paint but its name, Enabled and Visible: a rule, a picture, a
+    // plain container. Every typed control has a binding of its own and is refused here.
+    template<class C>
+    requires std::same_as<C, Control>
+    void bind(QWidget* widget, C& control) { add(widget, control, {}); }
     void bind(QLabel* widget, Label& control);
     void bind(QPushButton* widget, Label& control, Handler click);
     void bind(QCheckBox* widget, CheckBox& control, Handler click = {});
@@ -39,8 +45,13 @@ public:
     void bind(QPlainTextEdit* widget, TextBox& control, Handler change = {});
     // click runs when the user picks a row.
     void bind(QComboBox* widget, ComboBox& control, Handler click = {});
-    // A report list: click when the user selects a row, dblClick on a double click.
+    // A report list: click when the user clicks a row, dblClick on a double click.
     void bind(QTreeWidget* widget, ListView& control, Handler click = {}, Handler dblClick = {});
+    // A frame around other controls, with its caption.
+    void bind(QGroupBox* widget, Frame& control);
+    // The view adds the pages; the control gives their captions and the current tab, and
+    // click runs when the user picks a tab.
+    void bind(QTabWidget* widget, TabStrip& control, Handler click = {});
 
     // A click (press and release of the left button over it) on a widget without a click
     // signal of its own: a label, a frame, a picture.

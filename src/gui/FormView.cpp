@@ -1,9 +1,16 @@
 #include "FormView.h"
 
+#include <algorithm>
+
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 
+#include "ElidedLabel.h"
 #include "Icons.h"
 
 DialogView::DialogView(FormModel& form, QWidget* parent)
@@ -16,8 +23,58 @@ DialogView::DialogView(FormModel& form, QWidget* parent)
 void DialogView::showEvent(QShowEvent* event)
 {
     BoundView<QDialog>::showEvent(event);
+    fitToScreen();
+    for (QPlainTextEdit* box : findChildren<QPlainTextEdit*>())
+        box->installEventFilter(this);
     if (m_firstFocus)
         m_firstFocus->setFocus();
+}
+
+// The multi-line boxes would take Enter as a new line: it is the dialog's, and Ctrl+Enter is
+// the new line.
+bool DialogView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        auto* box = qobject_cast<QPlainTextEdit*>(watched);
+        QPushButton* button = defaultButton();
+        if (box && button && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+            if (!(key->modifiers() & Qt::ControlModifier))
+                button->click();
+            else if (!box->isReadOnly())
+                box->insertPlainText(QStringLiteral("\n"));
+            return true;
+        }
+    }
+    return BoundView<QDialog>::eventFilter(watched, event);
+}
+
+QPushButton* DialogView::defaultButton() const
+{
+    for (QPushButton* button : findChildren<QPushButton*>())
+        if (button->isDefault() && button->isVisible() && button->isEnabled())
+            return button;
+    return nullptr;
+}
+
+// A dialog asking for more than the screen's free room is cut to it, and put back on it.
+void DialogView::fitToScreen()
+{
+    const QScreen* shown = screen();
+    if (!shown)
+        return;
+    const QRect room = shown->availableGeometry();
+    const QSize frame = frameGeometry().size() - size();
+    const QSize most = room.size() - frame;
+    if (width() > most.width() || height() > most.height())
+        resize(size().boundedTo(most));
+    QRect place = frameGeometry();
+    place.moveRight(std::min(place.right(), room.right()));
+    place.moveBottom(std::min(place.bottom(), room.bottom()));
+    place.moveLeft(std::max(place.left(), room.left()));
+    place.moveTop(std::max(place.top(), room.top()));
+    if (place.topLeft() != frameGeometry().topLeft())
+        move(place.topLeft());
 }
 
 void DialogView::reject()
@@ -40,6 +97,21 @@ QBoxLayout* DialogView::okCancelRow(
     row->addWidget(ok);
     row->addWidget(cancel);
     return row;
+}
+
+QLabel* DialogView::label(Label& control, QWidget* buddy)
+{
+    auto* widget = new QLabel(this);
+    m_binder.bind(widget, control);
+    widget->setBuddy(buddy);
+    return widget;
+}
+
+QLabel* DialogView::nameLabel(Label& control)
+{
+    auto* widget = new ElidedLabel(this);
+    m_binder.bind(widget, control);
+    return widget;
 }
 
 QFrame* DialogView::rule(Control& line)

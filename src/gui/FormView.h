@@ -3,9 +3,11 @@
 #include <functional>
 
 #include <QDialog>
+#include <QLabel>
 
 class QBoxLayout;
 class QFrame;
+class QPushButton;
 
 #include "FormBinder.h"
 #include "FormModel.h"
@@ -58,7 +60,9 @@ protected:
 };
 
 // A modal form's view. Escape and the window's close box run the form's cancel handler
-// (the click of its Cancel button), as a dialog's Cancel does; Enter presses its default button.
+// (the click of its Cancel button), as a dialog's Cancel does. Enter presses its default
+// button from every box, a multi-line one included, where Ctrl+Enter starts a new line.
+// The dialog never grows past the screen.
 class DialogView : public BoundView<QDialog>
 {
 public:
@@ -72,13 +76,22 @@ protected:
         Label& cmdOK, FormBinder::Handler okClick, Label& cmdCancel, FormBinder::Handler cancelClick);
     // A horizontal rule between groups of controls.
     QFrame* rule(Control& line);
+    // A caption; its mnemonic gives the focus to buddy, when it has one.
+    QLabel* label(Label& control, QWidget* buddy = nullptr);
+    // A label that shows a name of any length: what does not fit ends in an ellipsis, the whole
+    // name is its tooltip, and a long name never widens the dialog.
+    QLabel* nameLabel(Label& control);
     // The widget that has the focus each time the dialog is shown, so that the keys always
     // start from the same place; without one the dialog keeps the focus where it was.
     void setFirstFocus(QWidget* widget) { m_firstFocus = widget; }
     void showEvent(QShowEvent* event) override;
     void reject() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QPushButton* defaultButton() const;
+    void fitToScreen();
+
     FormBinder::Handler m_cancel;
     QWidget* m_firstFocus = nullptr;
 };

@@ -1,6 +1,5 @@
 #include "KeyInStringView.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -9,15 +8,12 @@
 KeyInStringView::KeyInStringView(frmKeyInString& model, QWidget* parent)
     : DialogView(model, parent)
 {
-    auto* lbKeyInString = new QLabel(this);
-    m_binder.bind(lbKeyInString, model.lbKeyInString);
     auto* txtKeyInString = new QLineEdit(this);
     m_binder.bind(txtKeyInString, model.txtKeyInString);
-    lbKeyInString->setBuddy(txtKeyInString);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
-    layout->addWidget(lbKeyInString);
+    layout->addWidget(label(model.lbKeyInString, txtKeyInString));
     layout->addWidget(txtKeyInString);
     layout->addSpacing(8);
     layout->addLayout(okCancelRow(

@@ -100,13 +100,13 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     }
 
     m_tvProjectContent = new QTreeView(m_client);
-    m_binder.bind(m_tvProjectContent, m_model.tvProjectContent);
+    m_binder.bind(m_tvProjectContent, static_cast<Control&>(m_model.tvProjectContent));
     m_tvProjectContent->setHeaderHidden(true);
     m_treeModel = new ProjectTreeModel(m_model.tvProjectContent, this);
     m_tvProjectContent->setModel(m_treeModel);
 
     m_lvNodeContent = new QTreeView(m_client);
-    m_binder.bind(m_lvNodeContent, m_model.lvNodeContent);
+    m_binder.bind(m_lvNodeContent, static_cast<Control&>(m_model.lvNodeContent));
     m_lvNodeContent->setRootIsDecorated(false);
     m_lvNodeContent->setItemsExpandable(false);
     m_lvNodeContent->setUniformRowHeights(true);
@@ -157,7 +157,7 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     m_picSplitter->hide();
 
     m_sbStatusBar = new QStatusBar(m_client);
-    m_binder.bind(m_sbStatusBar, m_model.sbStatusBar);
+    m_binder.bind(m_sbStatusBar, static_cast<Control&>(m_model.sbStatusBar));
     m_sbStatusBar->setSizeGripEnabled(false);
     for (const Panel& p : m_model.sbStatusBar.Panels) {
         auto* label = new QLabel(m_sbStatusBar);

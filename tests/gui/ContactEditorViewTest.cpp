@@ -1,42 +1,73 @@
-#include <QDir>
-#include <QFile>
+#include <QApplication>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "ProjectFiles.h"
 #include "ProjectRows.h"
 #include "VBUtil.h"
-#include "VORNAUtil.h"
 
-using ContactEditorViewTest = VornaWindowTest;
+namespace {
+
+// The message boxes that come up while act runs, each answered with Escape.
+int boxesDuring(const std::function<void()>& act)
+{
+    int count = 0;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&count] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            ++count;
+            QTest::keyClick(box, Qt::Key_Escape);
+        }
+    });
+    poll.start(10);
+    act();
+    return count;
+}
+
+class ContactEditorViewTest : public VornaWindowTest
+{
+protected:
+    ContactEditorViewTest() { openTemplateProject(); }
+};
+
+} // namespace
 
 TEST_F(ContactEditorViewTest, ANumberTypedAndAGroupPickedInTheRealDialogsReachTheTableOnEnter)
 {
-    const QString cmb = QDir(folder.projectDir()).filePath("Site.cmb");
-    ASSERT_TRUE(QFile::copy(folder.path("RM64.mdb"), cmb));
-    ASSERT_TRUE(OpenProject(vorna.g, cmb));
     ProjectState& p = vorna.g.project;
     AddGroupRow(p, "B");
     AddUserRow(p, "Ann", "UserGroup1", QString());
-    vorna.mainForm.RefreshFormObj();
 
-    atNextModal([&](QWidget* editor) {
+    openEditor("Users,Ann", [&](QWidget* editor) {
         auto* number = editor->findChild<QLineEdit*>("txtTelNo");
         ASSERT_NE(number, nullptr);
-        EXPECT_EQ(number->maxLength(), 20);
-        QTest::keyClicks(number, "+886912345678");
+        // Typed past the box's 20 characters.
+        QTest::keyClicks(number, "+8869123456789012345678");
         atNextModal([&](QWidget* picker) {
             auto* list = picker->findChild<QTreeWidget*>("lvUserGroups");
             ASSERT_NE(list, nullptr);
             ASSERT_EQ(list->topLevelItemCount(), 2);
-            QTest::mouseClick(
-                list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->topLevelItem(1)).center());
-            QTest::mouseClick(picker->findChild<QPushButton*>("cmbOK"), Qt::LeftButton);
+            const auto clickRow = [list](int row) {
+                QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualItemRect(list->topLevelItem(row)).center());
+            };
+            // The contact's own group, grey, is current: the keys pass over it without a box,
+            // and a click on it raises one.
+            const auto downAndUp = [list] {
+                QTest::keyClick(list, Qt::Key_Down);
+                QTest::keyClick(list, Qt::Key_Up);
+            };
+            EXPECT_EQ(boxesDuring(downAndUp), 0);
+            EXPECT_EQ(boxesDuring([&] { clickRow(0); }), 1);
+            EXPECT_EQ(boxesDuring([&] { clickRow(1); }), 0);
+            QTest::keyClick(list, Qt::Key_Return);
         });
         QTest::mouseClick(editor->findChild<QPushButton*>("cmdAdd"), Qt::LeftButton);
         EXPECT_EQ(editor->findChild<QTreeWidget*>("lvGroupName")->topLevelItemCount(), 2);
@@ -44,12 +75,27 @@ TEST_F(ContactEditorViewTest, ANumberTypedAndAGroupPickedInTheRealDialogsReachTh
         if (editor->isVisible())
             QTest::mouseClick(editor->findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
     });
-    vorna.mainForm.selectNode(FindNodeByTag(vorna.mainForm, "Users,Ann"));
-    vorna.mainForm.tvProjectContent_DblClick();
 
     ASSERT_TRUE(FindRecord(p.rsUsers, "UserName", "Ann", false));
-    EXPECT_EQ(NullToEmpty(p.rsUsers.Fields("PhoneNumber")), "+886912345678");
+    EXPECT_EQ(NullToEmpty(p.rsUsers.Fields("PhoneNumber")), "+8869123456789012345");
     EXPECT_EQ(NullToEmpty(p.rsUsers.Fields("GroupName")), "UserGroup1\r\nB");
     EXPECT_EQ(p.TelNoCount, 2);
     EXPECT_TRUE(p.IsProjectModified);
+}
+
+// A name of 204 characters in an editor: the dialog and its buttons stay on the screen.
+TEST_F(ContactEditorViewTest, TheEditorsOfALongNameStayOnTheScreen)
+{
+    const QString name(204, u'W');
+    AddGroupRow(vorna.g.project, name);
+    AddUserRow(vorna.g.project, name, name);
+    for (const QString& tag : {"UserGroups," + name, "Users," + name})
+        openEditor(tag, [&](QWidget* editor) {
+            const QRect screen = editor->screen()->availableGeometry();
+            EXPECT_TRUE(screen.contains(editor->frameGeometry())) << tag.left(10).toStdString();
+            auto* ok = editor->findChild<QPushButton*>("cmdOK");
+            ASSERT_NE(ok, nullptr);
+            EXPECT_TRUE(screen.contains(QRect(ok->mapToGlobal(QPoint()), ok->size())));
+            QTest::keyClick(editor, Qt::Key_Escape);
+        });
 }

@@ -1,5 +1,3 @@
-#include <QDir>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -8,34 +6,37 @@
 #include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "ProjectFiles.h"
-#include "QtPlatform.h"
-#include "TestFolder.h"
 #include "VBUtil.h"
-#include "VORNAUtil.h"
-#include "VornaApp.h"
 
-using EditZoneListView = VornaWindowTest;
+namespace {
 
-// A user opens zone 3 from the tree, types into the real boxes and leaves with Enter, then
-// opens it again and leaves with Escape.
-TEST_F(EditZoneListView, EnterSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
+template<class W> W* child(QWidget* window, const char* name)
 {
-    const QString project = QDir(folder.projectDir()).filePath(QStringLiteral("a.cmb"));
-    ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), project));
-    ASSERT_TRUE(OpenProject(vorna.g, project));
-    frmMain& main = vorna.mainForm;
+    auto* w = window->findChild<W*>(QString::fromLatin1(name));
+    EXPECT_NE(w, nullptr) << name;
+    return w;
+}
+
+} // namespace
+
+using EditZoneListViewTest = VornaWindowTest;
+
+// A user opens zone 3 from the tree, types into the real boxes, starting a line with Ctrl+Enter,
+// and leaves with Enter from a multi-line box; then opens it again and leaves with Escape.
+TEST_F(EditZoneListViewTest, EnterFromAnyBoxSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
+{
+    openTemplateProject();
     Recordset& zones = vorna.g.project.rsZones;
     auto zone3 = [&](const char* field) {
         EXPECT_TRUE(FindRecord(zones, QStringLiteral("ZoneNo"), QStringLiteral("3"), false));
         return NullToEmpty(zones.Fields(QString::fromLatin1(field)));
     };
 
-    atNextModal([](QWidget* dialog) {
+    openEditor(QStringLiteral("Zones,3"), [](QWidget* dialog) {
         QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), QStringLiteral("Hall"));
         auto* alarm = child<QPlainTextEdit>(dialog, "txtAlarmSMS");
         QTest::keyClicks(alarm, QStringLiteral("Fire"));
-        QTest::keyClick(alarm, Qt::Key_Return);
+        QTest::keyClick(alarm, Qt::Key_Return, Qt::ControlModifier);
         QTest::keyClicks(alarm, QStringLiteral("out"));
         auto* reset = child<QPlainTextEdit>(dialog, "txtResetSMS");
         QTest::keyClicks(reset, QString(71, u'x'));
@@ -46,21 +47,18 @@ TEST_F(EditZoneListView, EnterSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
         QTest::keyClick(reset, Qt::Key_Backspace);
         EXPECT_EQ(resetSize->text(), QStringLiteral("70/70"));
         EXPECT_FALSE(resetSize->styleSheet().contains(QStringLiteral("red")));
-        QTest::keyClick(child<QLineEdit>(dialog, "txtZoneName"), Qt::Key_Return);
+        QTest::keyClick(reset, Qt::Key_Return);
     });
-    main.tvProjectContent.SelectedItem = FindNodeByTag(main, QStringLiteral("Zones,3"));
-    main.tvProjectContent_DblClick();
     EXPECT_EQ(zone3("ZoneName"), QStringLiteral("Hall"));
     EXPECT_EQ(zone3("AlarmSMS"), QStringLiteral("Fire\r\nout"));
     EXPECT_EQ(zone3("ResetSMS"), QString(70, u'x'));
     EXPECT_EQ(zone3("GroupName"), QStringLiteral("UserGroup1"));
-    EXPECT_EQ(
-        main.tvProjectContent.Nodes[main.tvProjectContent.SelectedItem].Text, QStringLiteral("#3-Hall"));
+    const TreeView& tree = vorna.mainForm.tvProjectContent;
+    EXPECT_EQ(tree.Nodes[tree.SelectedItem].Text, QStringLiteral("#3-Hall"));
 
-    atNextModal([](QWidget* dialog) {
+    openEditor(QStringLiteral("Zones,3"), [](QWidget* dialog) {
         QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), QStringLiteral(" Annex"));
-        QTest::keyClick(dialog, Qt::Key_Escape);
+        QTest::keyClick(child<QPlainTextEdit>(dialog, "txtAlarmSMS"), Qt::Key_Escape);
     });
-    main.tvProjectContent_DblClick();
     EXPECT_EQ(zone3("ZoneName"), QStringLiteral("Hall"));
 }

@@ -1,10 +1,18 @@
+#include <QClipboard>
 #include <QDir>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabWidget>
 #include <QTest>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
+#include "FormBinder.h"
+#include "FormText.h"
 #include "FormView.h"
 #include "GuiApp.h"
 #include "QtPlatform.h"
@@ -15,16 +23,147 @@ namespace {
 
 using FormViewsTest = VornaWindowTest;
 
+// The texts a control gives its widget to show, in the order the widget shows them.
+QStringList controlTexts(Control& c)
+{
+    QStringList texts;
+    if (const auto* tabs = dynamic_cast<const TabStrip*>(&c))
+        texts = QStringList(tabs->TabCaptions.begin(), tabs->TabCaptions.end());
+    else if (const auto* list = dynamic_cast<const ListView*>(&c))
+        for (const ColumnHeader& column : list->ColumnHeaders)
+            texts << column.Text;
+    else
+        for (const char* property : {"Caption", "Text"})
+            if (const QString* text = c.textProperty({}, QString::fromLatin1(property)))
+                texts << *text;
+    texts.removeAll(QString());
+    return texts;
+}
+
+// The texts a widget shows: its caption, title, text (a box's as the model keeps it, CR LF) or
+// current row, its tab captions or column headers.
+QStringList shownTexts(const QObject* w)
+{
+    QStringList texts;
+    for (const char* property : {"text", "title", "plainText", "currentText"})
+        if (const QVariant text = w->property(property); text.isValid())
+            texts << text.toString().replace(u'\n', QStringLiteral("\r\n"));
+    if (const auto* tabs = qobject_cast<const QTabWidget*>(w))
+        for (int i = 0; i < tabs->count(); ++i)
+            texts << tabs->tabText(i);
+    if (const auto* list = qobject_cast<const QTreeView*>(w); list && !list->isHeaderHidden())
+        for (int i = 0; i < list->model()->columnCount(); ++i)
+            texts << list->model()->headerData(i, Qt::Horizontal).toString();
+    texts.removeAll(QString());
+    return texts;
+}
+
+// The control types that no shipped dialog uses yet, and two boxes to hold at a limit.
+class frmSample : public FormModel
+{
+public:
+    QString formName() const override { return QStringLiteral("frmSample"); }
+    Frame fraPort {*this, "fraPort"};
+    TabStrip sstPages {*this, "sstPages"};
+    TextBox txtLine {*this, "txtLine"};
+    TextBox txtLines {*this, "txtLines"};
+};
+
+struct SampleView
+{
+    SampleView()
+    {
+        tabs.addTab(new QWidget, QString());
+        tabs.addTab(new QWidget, QString());
+        binder.bind(&frame, form.fraPort);
+        binder.bind(&tabs, form.sstPages);
+        binder.bind(&line, form.txtLine);
+        binder.bind(&lines, form.txtLines);
+    }
+
+    VornaApplication& app = guiApp();
+    frmSample form;
+    FormBinder binder {[this] { binder.paint(); }};
+    QGroupBox frame;
+    QTabWidget tabs;
+    QLineEdit line;
+    QPlainTextEdit lines;
+};
+
 } // namespace
 
-TEST_F(FormViewsTest, EveryControlHasAWidgetOfItsNameAndEveryTextPathReachesAControlAndHasARow)
+TEST(FormBinderTest, AFrameAndATabStripShowTheirCaptions)
+{
+    SampleView v;
+    v.form.fraPort.Caption = QStringLiteral("Port");
+    v.form.sstPages.TabCaptions = {QStringLiteral("Line"), QStringLiteral("Dialler")};
+    v.binder.paint();
+    EXPECT_EQ(shownTexts(&v.frame), controlTexts(v.form.fraPort));
+    EXPECT_EQ(shownTexts(&v.tabs), controlTexts(v.form.sstPages));
+}
+
+// A limit refuses what does not fit, at the caret (the bar), and never takes away what was
+// there. One character is typed, more are pasted. The texts are the model's: a line break is
+// CR LF.
+TEST(FormBinderTest, ABoxAtItsMaxLengthRefusesWhatDoesNotFitAtTheCaret)
+{
+    struct Case
+    {
+        const char* name;
+        bool multiLine;
+        int maxLength;
+        const char* before;
+        const char* typed;
+        const char* after;
+    };
+    const Case cases[] = {
+        {"a full line refuses a key in its middle", false, 5, "ab|cde", "x", "abcde"},
+        {"a paste longer than the room keeps its head", false, 6, "ab|cd", "xyz", "abxycd"},
+        {"a line loaded longer than the limit stays whole", false, 3, "abcdef|", "x", "abcdef"},
+        {"a key with room goes in at the caret", true, 7, "a|b\r\ncd", "x", "axb\r\ncd"},
+        {"a full box refuses a key in its middle", true, 6, "a|b\r\ncd", "x", "ab\r\ncd"},
+        {"a pasted line break counts two", true, 7, "ab|cd", "x\ny", "abx\r\ncd"},
+        {"a box loaded longer than the limit stays whole", true, 3, "|ab\r\ncd", "x", "ab\r\ncd"},
+    };
+    for (const Case& c : cases) {
+        SampleView v;
+        TextBox& box = c.multiLine ? v.form.txtLines : v.form.txtLine;
+        QWidget* widget = c.multiLine ? static_cast<QWidget*>(&v.lines) : &v.line;
+        box.MaxLength = c.maxLength;
+        box.Text = QString::fromLatin1(c.before).remove(u'|');
+        v.binder.paint();
+        // The caret starts at the beginning; a line break is one step.
+        for (int i = QString::fromLatin1(c.before).remove(u'\r').indexOf(u'|'); i > 0; --i)
+            QTest::keyClick(widget, Qt::Key_Right);
+        const QString typed = QString::fromLatin1(c.typed);
+        if (typed.size() > 1) {
+            QGuiApplication::clipboard()->setText(typed);
+            QTest::keySequence(widget, QKeySequence::Paste);
+        } else {
+            QTest::keyClicks(widget, typed);
+        }
+        EXPECT_EQ(box.Text, QString::fromLatin1(c.after)) << c.name;
+        EXPECT_EQ(shownTexts(widget), QStringList {box.Text}) << c.name;
+    }
+}
+
+TEST_F(FormViewsTest, EveryControlHasAWidgetOfItsNameShowingItsTextAndEveryTextPathHasARow)
 {
     for (FormModel* form : vorna.forms()) {
         const std::string name = form->formName().toStdString();
-        QWidget* window = platform.viewOf(*form).widget();
+        ApplyFormText(vorna.g.ml, *form);
+        FormView& view = platform.viewOf(*form);
+        view.refresh();
+        QWidget* window = view.widget();
         EXPECT_EQ(window->objectName(), form->formName());
-        for (const Control* c : form->controls())
-            EXPECT_NE(window->findChild<QObject*>(c->Name), nullptr) << name << "." << c->Name.toStdString();
+        // The main window's menus are painted by it, not through the binder.
+        for (Control* c : form->controls()) {
+            const QObject* widget = window->findChild<QObject*>(c->Name);
+            ASSERT_NE(widget, nullptr) << name << "." << c->Name.toStdString();
+            if (!dynamic_cast<const Menu*>(c)) {
+                EXPECT_EQ(shownTexts(widget), controlTexts(*c)) << name << "." << c->Name.toStdString();
+            }
+        }
         for (const FormTextPath& t : form->formTexts()) {
             const QString path = QString::fromLatin1(t.path);
             const QString property = QString::fromLatin1(t.property);

@@ -3,14 +3,16 @@
 #include <functional>
 
 #include <QApplication>
-#include <QTimer>
-
 #include <QDir>
+#include <QFile>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include "ProjectFiles.h"
 #include "QtPlatform.h"
 #include "TestFolder.h"
+#include "VORNAUtil.h"
 #include "VornaApp.h"
 #include "VornaApplication.h"
 
@@ -62,6 +64,23 @@ protected:
         vorna.Main({folder.appPath(), false});
     }
     ~VornaWindowTest() override { InstallToolkitTranslation(QStringLiteral("English")); }
+
+    // Opens a copy of the shipped template as the project Site.cmb.
+    void openTemplateProject()
+    {
+        const QString cmb = QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"));
+        ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), cmb));
+        ASSERT_TRUE(OpenProject(vorna.g, cmb));
+    }
+    // Opens the editor of the tree node with the tag, as a double click does, the user at the
+    // dialog played by action. The tree is rebuilt first, with the rows a test has written.
+    void openEditor(const QString& tag, std::function<void(QWidget*)> action)
+    {
+        vorna.mainForm.RefreshFormObj();
+        atNextModal(std::move(action));
+        vorna.mainForm.selectNode(FindNodeByTag(vorna.mainForm, tag));
+        vorna.mainForm.tvProjectContent_DblClick();
+    }
 
     TestFolder folder;
     QtPlatform platform;
