@@ -396,14 +396,30 @@ void WriteAll(const QString& path, const QByteArray& bytes)
     file.write(bytes);
 }
 
-// The wrapper that kills the program at the when-th call of the given system call.
-QStringList KillAt(const char* call, int when)
+// Runs the program killed at the 1st, 2nd, ... call of each system call in turn, until a run
+// gets past its last such call. run starts one, under the wrapper it is given; check judges
+// what it left, told where the kill was. Gives the number of runs killed.
+int KillAtEachCall(std::initializer_list<const char*> calls, int most,
+    const std::function<Result(const QStringList&)>& run,
+    const std::function<void(const std::string&)>& check)
 {
     const QString strace = QStandardPaths::findExecutable(QStringLiteral("strace"));
     EXPECT_FALSE(strace.isEmpty()) << "strace is needed (the set-up command installs it)";
-    return {strace, QStringLiteral("-f"), QStringLiteral("-o"), QStringLiteral("/dev/null"),
-        QStringLiteral("-e"),
-        QStringLiteral("inject=%1:signal=SIGKILL:when=%2").arg(QLatin1String(call)).arg(when)};
+    int kills = 0;
+    for (const char* call : calls) {
+        for (int when = 1; when <= most; ++when) {
+            const Result result = run({strace, QStringLiteral("-f"), QStringLiteral("-o"),
+                QStringLiteral("/dev/null"), QStringLiteral("-e"),
+                QStringLiteral("inject=%1:signal=SIGKILL:when=%2").arg(QLatin1String(call)).arg(when)});
+            const std::string where = call + (" #" + std::to_string(when));
+            EXPECT_TRUE(result.finished) << where;
+            check(where);
+            if (result.status == 0)
+                break;
+            ++kills;
+        }
+    }
+    return kills;
 }
 
 // An installation whose recent list holds Project/P1.cmb to P4.cmb, P4 first.
@@ -466,25 +482,19 @@ TEST(VornaCliKill, ASaveAsKilledAtAnyStepLeavesTheOldOrTheNewFileWhole)
             .entryList({QStringLiteral(".*")}, QDir::Files | QDir::Hidden);
     };
 
-    int kills = 0;
     bool leftBehind = false;
-    for (const char* call : {"openat", "write", "fsync", "rename", "unlink"}) {
-        for (int when = 1; when <= 60; ++when) {
-            QFile::remove(target);
+    const int kills = KillAtEachCall(
+        {"openat", "write", "fsync", "rename", "unlink"}, 60,
+        [&](const QStringList& wrapper) {
             WriteAll(target, oldBytes);
-            const Result run = RunCli(root, English,
-                QStringLiteral("--yes save-as Project/A.cmb Project/T.cmb").split(u' '), nullptr,
-                KillAt(call, when));
-            ASSERT_TRUE(run.finished) << call << " #" << when;
+            return RunCli(root, English,
+                QStringLiteral("--yes save-as Project/A.cmb Project/T.cmb").split(u' '), nullptr, wrapper);
+        },
+        [&](const std::string& where) {
             const QByteArray now = ReadAll(target);
-            EXPECT_TRUE(now == oldBytes || now == newBytes)
-                << call << " #" << when << ": " << now.size() << " bytes";
+            EXPECT_TRUE(now == oldBytes || now == newBytes) << where << ": " << now.size() << " bytes";
             leftBehind = leftBehind || !leftovers().isEmpty();
-            if (run.status == 0)
-                break; // the run got past its last such call
-            ++kills;
-        }
-    }
+        });
     EXPECT_GT(kills, 5);
     EXPECT_TRUE(leftBehind);
     EXPECT_TRUE(leftovers().isEmpty()) << leftovers().join(u' ').toStdString();
@@ -496,21 +506,18 @@ TEST_F(RecentListRun, ARewriteKilledAtAnyStepLeavesTheOldOrTheNewList)
 {
     const QString oldList = listOf({"P4", "P3", "P2", "P1"});
     const QString newList = listOf({"N", "P4", "P3", "P2"});
-    int kills = 0;
-    for (const char* call : {"pwrite64", "unlink"}) {
-        for (int when = 1; when <= 40; ++when) {
+    const int kills = KillAtEachCall(
+        {"pwrite64", "unlink"}, 40,
+        [&](const QStringList& wrapper) {
             restore({"N"});
-            const Result killed = run({QStringLiteral("new"), project("N")}, KillAt(call, when));
-            ASSERT_TRUE(killed.finished) << call << " #" << when;
+            return run({QStringLiteral("new"), project("N")}, wrapper);
+        },
+        [&](const std::string& where) {
             const Result recent = run({QStringLiteral("recent")});
-            EXPECT_EQ(recent.status, 0) << call << " #" << when << "\n" << recent.err.toStdString();
-            EXPECT_TRUE(recent.out == oldList || recent.out == newList) << call << " #" << when << "\n"
+            EXPECT_EQ(recent.status, 0) << where << "\n" << recent.err.toStdString();
+            EXPECT_TRUE(recent.out == oldList || recent.out == newList) << where << "\n"
                                                                         << recent.out.toStdString();
-            if (killed.status == 0)
-                break;
-            ++kills;
-        }
-    }
+        });
     EXPECT_GT(kills, 2);
 }
 
