@@ -115,7 +115,7 @@ bool OpenPrivateCopy(VORNAGlobal& g, const QString& path, const QTemporaryDir& s
     if (!IsProjectFilePath(g, path))
         return false;
     const QString copy = scratch.filePath(QStringLiteral("project.mir"));
-    if (!scratch.isValid() || !FileCopy(path, copy))
+    if (!scratch.isValid() || !FileCopyOwn(path, copy))
         return false;
     OpenProjectTables(g, copy);
     ReadModelLimits(g);

@@ -215,9 +215,11 @@ bool OpenProject(VORNAGlobal& g, QString FilePath)
     SetPointer(g, Pointer::Hourglass);
     SetStatus(g, OpeningText(g, FilePath, 176));
 
-    // A working copy left from an earlier run is overwritten without a word.
+    // A working copy left from an earlier run is overwritten without a word. The working copy
+    // is the program's own file: writable even when the project file is read-only, whose
+    // refusal then comes at the save's copy.
     const QString workPath = GetFname(FilePath, 1) + GetFname(FilePath, 0) + QStringLiteral(".mir");
-    if (!FileCopy(FilePath, workPath)) {
+    if (!FileCopyOwn(FilePath, workPath)) {
         SetPointer(g, Pointer::Default);
         SetStatus(g, QString());
         ShowCopyFailure(g, 210, "開啟專案失敗。", FilePath, "]檔案無法開啟。", "開啟專案失敗");

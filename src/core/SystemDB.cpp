@@ -69,19 +69,23 @@ void AddMRUFilePath(VORNAGlobal& g, const QString& FilePath)
 
 void SaveMRUList(VORNAGlobal& g)
 {
-    // Another VORNA or vorna-cli sharing the program folder may have written the list since
-    // it was read: the table is rewritten whole, so its rows are read again first.
-    g.system.rsMRUList.Requery();
-    if (GetRecordCount(g.system.rsMRUList) > 0) {
-        g.system.rsMRUList.MoveFirst();
-        while (!g.system.rsMRUList.IsEOF()) {
-            g.system.rsMRUList.Delete();
-            g.system.rsMRUList.MoveNext();
+    // Another VORNA or vorna-cli sharing the program folder may write the list at the same
+    // time: one transaction re-reads the rows it replaces and writes the whole list, so that a
+    // second writer waits for it and a kill leaves the old list, never a mix or an empty one.
+    Transaction rewrite(g.system.SystemConn);
+    Recordset& rs = g.system.rsMRUList;
+    rs.Requery();
+    if (GetRecordCount(rs) > 0) {
+        rs.MoveFirst();
+        while (!rs.IsEOF()) {
+            rs.Delete();
+            rs.MoveNext();
         }
     }
     for (int i = 1; i <= g.system.MRUCount; ++i) {
-        g.system.rsMRUList.AddNew();
-        g.system.rsMRUList.setField(QStringLiteral("FilePath"), g.system.MRUFilePath(i));
+        rs.AddNew();
+        rs.setField(QStringLiteral("FilePath"), g.system.MRUFilePath(i));
     }
-    g.system.rsMRUList.Update();
+    rs.Update();
+    rewrite.Commit();
 }

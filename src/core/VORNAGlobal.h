@@ -9,6 +9,7 @@
 #include "Platform.h"
 #include "ProjectDialogs.h"
 #include "ProjectView.h"
+#include "StoreText.h"
 #include "VBArray.h"
 #include "Version.h"
 
@@ -103,7 +104,13 @@ public:
     explicit VORNAGlobal(Platform& platform)
         : platform(platform)
         , ml(platform)
-    { }
+    {
+        // The store's own failures are worded in this program's applied language.
+        RegisterStoreTextLookup(this, [this](const QString& text, int seq, int id, const QString& module) {
+            return GetText(text, seq, id, module);
+        });
+    }
+    ~VORNAGlobal() { UnregisterStoreTextLookup(this); }
     VORNAGlobal(const VORNAGlobal&) = delete;
     VORNAGlobal& operator=(const VORNAGlobal&) = delete;
 

@@ -9,6 +9,7 @@
 
 #include "FileUtil.h"
 #include "Platform.h"
+#include "StoreText.h"
 #include "TableImage.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
@@ -148,6 +149,27 @@ QVariant FieldValue(const CursorData& c, int index)
     return c.table->rows[c.pos].values[index];
 }
 
+// Reads a table's rows again from the file. Old positions mean nothing in the new rows:
+// every cursor on the table starts again at its first row. False if the table cannot be
+// read whole; its rows then stay as they were.
+bool ReloadRows(TableImage& table)
+{
+    const std::shared_ptr<TableImage> fresh = TableImage::loadTable(table.conn, table.name);
+    if (!fresh)
+        return false;
+    table.rows = std::move(fresh->rows);
+    table.liveCount = fresh->liveCount;
+    const int first = FirstLive(table);
+    for (const std::weak_ptr<CursorData>& w : table.conn->cursors) {
+        if (const auto other = w.lock(); other && other->table.get() == &table) {
+            other->pending.clear();
+            other->mode = CursorData::Mode::None;
+            other->pos = first >= 0 ? first : CursorData::BeforeFirst;
+        }
+    }
+    return true;
+}
+
 bool IsStatement(const QString& Source)
 {
     const QString head = Source.left(6).toUpper();
@@ -223,23 +245,10 @@ void Recordset::Requery()
 {
     CursorData& c = OpenCursor(m_data);
     CommitPending(c);
-    TableImage& table = *c.table;
-    if (table.readOnly)
+    if (c.table->readOnly)
         throw UnhandledError(QStringLiteral("Operation is not allowed in this context"));
-    const std::shared_ptr<TableImage> fresh = TableImage::loadTable(table.conn, table.name);
-    if (!fresh)
-        throw UnhandledError(QStringLiteral("Table not found: ") + table.name);
-    table.rows = std::move(fresh->rows);
-    table.liveCount = fresh->liveCount;
-    // Old positions mean nothing in the new rows: every cursor on the table starts again.
-    const int first = FirstLive(table);
-    for (const std::weak_ptr<CursorData>& w : table.conn->cursors) {
-        if (const auto other = w.lock(); other && other->table.get() == &table) {
-            other->pending.clear();
-            other->mode = CursorData::Mode::None;
-            other->pos = first >= 0 ? first : CursorData::BeforeFirst;
-        }
-    }
+    if (!ReloadRows(*c.table))
+        throw UnhandledError(StoreText("資料表[", 1, 3) + c.table->name + StoreText("]無法讀取。", 2, 3));
 }
 
 void Recordset::MoveLast()
@@ -369,13 +378,46 @@ QString Recordset::FieldName(int index) const
     return c.table->columns[index].name;
 }
 
+Transaction::Transaction(Connection& conn)
+    : m_data(conn.m_data)
+{
+    if (!m_data || !m_data->open)
+        ThrowClosed();
+    // The write lock is taken at once: a second program waits here, not between the reads
+    // and the writes of this one.
+    m_data->execute(QStringLiteral("BEGIN IMMEDIATE"));
+}
+
+Transaction::~Transaction()
+{
+    if (!m_data || !m_data->open)
+        return;
+    {
+        QSqlQuery rollback(m_data->database());
+        rollback.exec(QStringLiteral("ROLLBACK"));
+    }
+    // The rows held in memory went with the writes that were taken back.
+    for (auto& [key, weak] : m_data->tables)
+        if (const auto table = weak.lock(); table && !table->readOnly)
+            ReloadRows(*table);
+}
+
+void Transaction::Commit()
+{
+    if (!m_data || !m_data->open)
+        ThrowClosed();
+    m_data->execute(QStringLiteral("COMMIT"));
+    m_data.reset();
+}
+
 QString ConnectString(const QString& FilePath, const QString& UserID, const QString& Password)
 {
-    QString s = QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + FilePath + QLatin1Char(';');
+    // Names the store and the file as it is really opened: relative paths are resolved.
+    QString s = QStringLiteral("Provider=SQLite;Data Source=") + AbsolutePath(FilePath) + QLatin1Char(';');
     if (!UserID.isEmpty())
         s += QStringLiteral("User ID=") + UserID + QLatin1Char(';');
     if (!Password.isEmpty())
-        s += QStringLiteral("Jet OLEDB:Database Password=\"") + Password + QStringLiteral("\";");
+        s += QStringLiteral("Password=\"") + Password + QStringLiteral("\";");
     return s;
 }
 

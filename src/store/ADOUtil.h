@@ -29,6 +29,7 @@ public:
 private:
     friend Connection OpenMDBConn(Platform&, const QString&, const QString&, const QString&);
     friend class Recordset;
+    friend class Transaction;
     friend Recordset OpenRecordset(Connection&, const QString&, bool);
     std::shared_ptr<ConnectionData> m_data;
 };
@@ -89,12 +90,30 @@ private:
     std::shared_ptr<CursorData> m_data;
 };
 
+// One transaction on a connection, for a table that is rewritten whole. It takes the file's
+// write lock when it begins, so that what is read inside it is what it replaces, and a second
+// program waits for it to end. Everything written in it lands at Commit or not at all: it is
+// rolled back unless committed, and a process killed part way leaves the file as it was.
+class Transaction
+{
+public:
+    explicit Transaction(Connection& conn);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void Commit();
+
+private:
+    std::shared_ptr<ConnectionData> m_data; // empty once committed
+};
+
 // Opens a database file. A missing file gives "no object" without a word; a file that
 // will not open as a database shows the two boxes of a failed open and gives no object.
 Connection OpenMDBConn(
     Platform& platform, const QString& FilePath, const QString& UserID, const QString& Password);
 
-// The connection string the program names in its failure box.
+// The connection string named in OpenMDBConn's failure box: the store and the file's
+// absolute path, then the user and password pieces when they are given.
 QString ConnectString(const QString& FilePath, const QString& UserID, const QString& Password);
 
 // Opens a table by name, or a statement when Source begins with SELECT, UPDATE, DELETE or

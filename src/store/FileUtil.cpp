@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <QDir>
@@ -38,6 +39,87 @@ void SyncFolder(const QString& Folder)
         return;
     ::fsync(fd);
     ::close(fd);
+}
+
+// The hidden temporary sibling that a copy onto Destination writes before its rename:
+// "." + the file name + "." + six characters.
+QString SiblingPrefix(const QFileInfo& destination)
+{
+    return QStringLiteral(".") + destination.fileName() + QStringLiteral(".");
+}
+constexpr int SiblingSuffixLength = 6;
+
+// Removes the siblings of Destination that a copy killed before its rename left behind.
+// A copy holds a lock on its sibling until it ends, so a sibling that can be locked is
+// a leftover; one that cannot belongs to a copy still running and stays.
+void RemoveLeftoverSiblings(const QFileInfo& destination)
+{
+    const QString prefix = SiblingPrefix(destination);
+    const QDir folder = destination.absoluteDir();
+    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
+        if (!name.startsWith(prefix) || name.size() != prefix.size() + SiblingSuffixLength)
+            continue;
+        const QByteArray path = QFile::encodeName(folder.filePath(name));
+        const int fd = ::open(path.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
+        if (fd < 0)
+            continue;
+        if (::flock(fd, LOCK_EX | LOCK_NB) == 0)
+            ::unlink(path.constData());
+        ::close(fd);
+    }
+}
+
+enum class CopyKind { Plain, Own };
+
+bool CopyReplacing(const QString& Source, const QString& Destination, CopyKind kind,
+    const std::function<void()>& beforeRename)
+{
+    const QString source = AbsolutePath(Source);
+    const QString destination = AbsolutePath(Destination);
+    QFile in(source);
+    if (!QFileInfo(source).isFile() || !in.open(QIODevice::ReadOnly))
+        return false;
+
+    const QFileInfo destInfo(destination);
+    const bool replacing = destInfo.exists();
+    if (kind == CopyKind::Plain && replacing && !(destInfo.permissions() & QFileDevice::WriteOwner))
+        return false;
+    if (!destInfo.absoluteDir().exists())
+        return false;
+    RemoveLeftoverSiblings(destInfo);
+    QTemporaryFile temp(destInfo.absolutePath() + QLatin1Char('/') + SiblingPrefix(destInfo)
+        + QString(SiblingSuffixLength, u'X'));
+    temp.setAutoRemove(true);
+    if (!temp.open())
+        return false;
+    const int fd = temp.handle();
+    // Held until the copy ends: it tells a running copy's sibling from a leftover.
+    ::flock(fd, LOCK_EX);
+    QFileDevice::Permissions permissions
+        = replacing ? destInfo.permissions() : QFileInfo(source).permissions();
+    if (kind == CopyKind::Own)
+        permissions |= QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+    temp.setPermissions(permissions);
+
+    while (!in.atEnd()) {
+        const QByteArray chunk = in.read(1 << 20);
+        if (chunk.isEmpty() && in.error() != QFileDevice::NoError)
+            return false;
+        if (!WriteAll(fd, chunk.constData(), chunk.size()))
+            return false;
+    }
+    if (::fsync(fd) != 0)
+        return false;
+
+    if (beforeRename)
+        beforeRename();
+
+    if (::rename(QFile::encodeName(temp.fileName()).constData(), QFile::encodeName(destination).constData())
+        != 0)
+        return false;
+    temp.setAutoRemove(false);
+    SyncFolder(destInfo.absolutePath());
+    return true;
 }
 
 } // namespace
@@ -110,43 +192,12 @@ int WriteTextFile(const QString& Text, const QString& FilePath)
 
 bool FileCopy(const QString& Source, const QString& Destination, const std::function<void()>& beforeRename)
 {
-    const QString source = AbsolutePath(Source);
-    const QString destination = AbsolutePath(Destination);
-    QFile in(source);
-    if (!QFileInfo(source).isFile() || !in.open(QIODevice::ReadOnly))
-        return false;
+    return CopyReplacing(Source, Destination, CopyKind::Plain, beforeRename);
+}
 
-    const QFileInfo destInfo(destination);
-    if (destInfo.exists() && !(destInfo.permissions() & QFileDevice::WriteOwner))
-        return false;
-    const QString folder = destInfo.absolutePath();
-    QTemporaryFile temp(folder + QStringLiteral("/.") + destInfo.fileName() + QStringLiteral(".XXXXXX"));
-    temp.setAutoRemove(true);
-    if (!temp.open())
-        return false;
-    // The copy takes the permissions the destination had, or the source's for a new file.
-    temp.setPermissions(destInfo.exists() ? destInfo.permissions() : QFileInfo(source).permissions());
-
-    const int fd = temp.handle();
-    while (!in.atEnd()) {
-        const QByteArray chunk = in.read(1 << 20);
-        if (chunk.isEmpty() && in.error() != QFileDevice::NoError)
-            return false;
-        if (!WriteAll(fd, chunk.constData(), chunk.size()))
-            return false;
-    }
-    if (::fsync(fd) != 0)
-        return false;
-
-    if (beforeRename)
-        beforeRename();
-
-    if (::rename(QFile::encodeName(temp.fileName()).constData(), QFile::encodeName(destination).constData())
-        != 0)
-        return false;
-    temp.setAutoRemove(false);
-    SyncFolder(folder);
-    return true;
+bool FileCopyOwn(const QString& Source, const QString& Destination)
+{
+    return CopyReplacing(Source, Destination, CopyKind::Own, {});
 }
 
 QString JoinPath(const QString& Folder, const QString& Name)

@@ -20,12 +20,19 @@ QString ReadTextFile(const QString& FilePath);
 int WriteTextFile(const QString& Text, const QString& FilePath);
 
 // Copies Source over Destination so that Destination is never left half-written:
-// the bytes go to a temporary file in Destination's folder, are flushed to disk, and
-// the temporary file is then renamed over Destination. Returns false on any failure,
-// with Destination as it was; a read-only Destination is a failure, as a plain copy's. beforeRename is a test
-// hook run just before the rename.
+// the bytes go to a hidden temporary sibling of Destination, are flushed to disk, and
+// the sibling is then renamed over Destination. Returns false on any failure, with
+// Destination as it was; a read-only Destination is a failure, as a plain copy's. The copy
+// takes Destination's permissions, or Source's for a new file. Siblings left by a copy that
+// was killed before its rename are removed first. beforeRename is a test hook run just
+// before the rename.
 bool FileCopy(
     const QString& Source, const QString& Destination, const std::function<void()>& beforeRename = {});
+
+// FileCopy for a file of the program's own, such as a working copy: the copy is always
+// readable and writable by its user, whatever Source's permissions, and replaces an earlier
+// file at Destination even if that one is marked read-only.
+bool FileCopyOwn(const QString& Source, const QString& Destination);
 
 // Joins a folder and a name with the platform's separator.
 QString JoinPath(const QString& Folder, const QString& Name);

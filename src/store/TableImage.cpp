@@ -9,6 +9,7 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 
+#include "StoreText.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 
@@ -118,8 +119,8 @@ constexpr int SqliteReadOnly = 8;
     // A read-only file is the likely cause of a refused write, and the driver's words
     // do not tell the user which file or what to do.
     if (query.lastError().nativeErrorCode().toInt() == SqliteReadOnly)
-        throw UnhandledError(QStringLiteral("The file ") + filePath
-            + QStringLiteral(" is read-only, so the change could not be written to it."));
+        throw UnhandledError(
+            StoreText("檔案[", 1, 1) + filePath + StoreText("]是唯讀檔案，變更無法寫入。", 2, 1));
     throw UnhandledError(query.lastError().text());
 }
 
@@ -161,6 +162,13 @@ ConnectionData::~ConnectionData()
 {
     if (open && !SqlShutDown())
         closeDatabase();
+}
+
+void ConnectionData::execute(const QString& sql)
+{
+    QSqlQuery query(database());
+    if (!query.exec(sql))
+        ThrowWriteError(query, filePath);
 }
 
 void ConnectionData::closeDatabase()
@@ -304,7 +312,8 @@ std::shared_ptr<TableImage> TableImage::loadTable(
             }
             image->columns.push_back({info.value(1).toString(), KindOfDeclaredType(declared)});
         }
-        if (image->columns.empty())
+        // A read error is no end of the list: a table read in part is no table.
+        if (info.lastError().isValid() || image->columns.empty())
             return nullptr;
         if (keyColumns == 1)
             image->rowidColumn = integerKey;
@@ -316,6 +325,9 @@ std::shared_ptr<TableImage> TableImage::loadTable(
         return nullptr;
     while (query.next())
         image->rows.push_back(image->readRow(query));
+    // A damaged page ends the scan early: the rows read so far must never pass for the table.
+    if (query.lastError().isValid())
+        return nullptr;
     image->liveCount = int(image->rows.size());
     return image;
 }
@@ -341,6 +353,8 @@ std::shared_ptr<TableImage> TableImage::loadStatement(
                 query.isNull(i) ? QVariant() : FieldFromStored(query.value(i), image->columns[i].kind));
         image->rows.push_back(std::move(row));
     }
+    if (query.lastError().isValid())
+        return nullptr;
     image->liveCount = int(image->rows.size());
     return image;
 }
@@ -410,7 +424,7 @@ int TableImage::insertRow(const Changes& values)
     if (!select.exec())
         ThrowWriteError(select, conn->filePath);
     if (!select.next())
-        throw UnhandledError(QStringLiteral("The new row could not be read back."));
+        throw UnhandledError(StoreText("新增的資料列無法讀回。", 1, 2));
     rows.push_back(readRow(select));
     select.finish();
     ++liveCount;

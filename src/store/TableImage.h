@@ -21,6 +21,8 @@ struct ConnectionData
     // Registers a QtSql connection of the given name on the SQLite driver.
     static QSqlDatabase addDatabase(const QString& name);
     QSqlDatabase database() const { return QSqlDatabase::database(connectionName, false); }
+    // Runs a statement that returns no rows; a refusal is an unhandled error.
+    void execute(const QString& sql);
     // Closes the file and forgets the QtSql connection. No query may be alive by then.
     void closeDatabase();
 
@@ -53,7 +55,7 @@ struct TableImage
 
     ~TableImage();
 
-    // The whole table in rowid order, or nothing if it cannot be read.
+    // The whole table in rowid order, or nothing if it cannot be read whole.
     static std::shared_ptr<TableImage> loadTable(
         const std::shared_ptr<ConnectionData>& conn, const QString& name);
     // The rows of a SELECT statement, read-only; nothing if it fails or yields no rows set.

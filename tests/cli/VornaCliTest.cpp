@@ -1,4 +1,5 @@
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -52,27 +53,33 @@ struct Result
 const char* const TraditionalChinese = "zh_TW.UTF-8";
 const char* const English = "en_US.UTF-8";
 
-// The program, under the wrapper command if one is given (its program and options first).
-Result RunCli(const QString& root, const char* locale, const QStringList& args, const char* input,
-    const QStringList& wrapper = {})
+// The program started, under the wrapper command if one is given (its program and options
+// first); nothing if it does not start.
+std::unique_ptr<QProcess> StartCli(const QString& root, const char* locale, const QStringList& args,
+    const char* input, const QStringList& wrapper = {})
 {
-    QProcess process;
+    auto process = std::make_unique<QProcess>();
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
     env.insert(QStringLiteral("LANG"), QString::fromLatin1(locale));
     env.insert(QStringLiteral("LC_ALL"), QString::fromLatin1(locale));
     // The settings store stays inside the test's folder.
     env.insert(QStringLiteral("XDG_CONFIG_HOME"), root + QStringLiteral("/config"));
-    process.setProcessEnvironment(env);
-    process.setWorkingDirectory(root);
+    process->setProcessEnvironment(env);
+    process->setWorkingDirectory(root);
     QStringList command = wrapper
         + QStringList {QStringLiteral(VORNA_CLI_PATH), QStringLiteral("--dir"), QStringLiteral("VORNA")}
         + args;
-    process.start(command.takeFirst(), command);
-    if (!process.waitForStarted())
-        return {};
+    process->start(command.takeFirst(), command);
+    if (!process->waitForStarted())
+        return nullptr;
     if (input)
-        process.write(input);
-    process.closeWriteChannel();
+        process->write(input);
+    process->closeWriteChannel();
+    return process;
+}
+
+Result FinishCli(QProcess& process)
+{
     if (!process.waitForFinished(30000)) {
         process.kill();
         process.waitForFinished();
@@ -84,6 +91,13 @@ Result RunCli(const QString& root, const char* locale, const QStringList& args, 
     result.out = QString::fromUtf8(process.readAllStandardOutput());
     result.err = QString::fromUtf8(process.readAllStandardError());
     return result;
+}
+
+Result RunCli(const QString& root, const char* locale, const QStringList& args, const char* input,
+    const QStringList& wrapper = {})
+{
+    const std::unique_ptr<QProcess> process = StartCli(root, locale, args, input, wrapper);
+    return process ? FinishCli(*process) : Result {};
 }
 
 void WriteFile(const TestFolder& folder, const QString& relative, const QByteArray& bytes)
@@ -109,6 +123,35 @@ std::function<void(const TestFolder&)> ProjectA(QStringList statements)
         }
         QSqlDatabase::removeDatabase(QStringLiteral("prepare"));
     };
+}
+
+// Project/A.cmb with 128 contacts, then one page of its contacts zeroed as a disk fault
+// leaves it: the file still opens, and the damage shows only when the rows are read.
+void DamagedProjectA(const TestFolder& folder)
+{
+    ProjectA({QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 128) "
+                             "INSERT INTO Users SELECT 'User' || i, '0912' || (100000 + i), "
+                             "hex(zeroblob(40)), 'UserGroup1', 0 FROM n")})(folder);
+    const QString path = QDir(folder.root()).filePath(QStringLiteral("Project/A.cmb"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    // The page size stands big-endian at offset 16 of the header. The contacts were written
+    // last, so the pages before the file's last one hold them.
+    const QByteArray header = file.read(18);
+    const qint64 pageSize = (quint8(header.at(16)) << 8) | quint8(header.at(17));
+    ASSERT_GT(file.size(), 4 * pageSize);
+    ASSERT_TRUE(file.seek(file.size() - 3 * pageSize));
+    file.write(QByteArray(pageSize, '\0'));
+    file.close();
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("check"));
+        db.setDatabaseName(path);
+        ASSERT_TRUE(db.open());
+        QSqlQuery query(QStringLiteral("PRAGMA integrity_check"), db);
+        ASSERT_TRUE(query.next());
+        EXPECT_NE(query.value(0).toString(), QStringLiteral("ok"));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("check"));
 }
 
 CliRun Usage(QStringList args)
@@ -201,6 +244,12 @@ std::vector<Scenario> Scenarios()
             ProjectA({annInGroup1, QStringLiteral("INSERT INTO Zones (ZoneNo, ResetSMS) VALUES (191, 'R')")}),
             {{cmd("image Project/A.cmb"), 3, {QStringLiteral("F7 50 43 01")},
                 {QStringLiteral("vorna-cli: ")}}},
+            {}, {}},
+
+        // A table read in part is no table: neither command reports a shorter project.
+        {"damaged_project_is_unhandled", English, DamagedProjectA,
+            {{cmd("image Project/A.cmb"), 3, {}, {QStringLiteral("vorna-cli: ")}, QString()},
+                {cmd("info Project/A.cmb"), 3, {}, {QStringLiteral("vorna-cli: ")}}},
             {}, {}},
 
         {"usage_errors", English, {},
@@ -331,43 +380,153 @@ QByteArray ReadAll(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(absent)");
 }
 
+void WriteAll(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+}
+
+// Runs the program killed at the 1st, 2nd, ... call of each system call in turn, until a run
+// gets past its last such call. run starts one, under the wrapper it is given; check judges
+// what it left, told where the kill was. Gives the number of runs killed.
+int KillAtEachCall(std::initializer_list<const char*> calls, int most,
+    const std::function<Result(const QStringList&)>& run,
+    const std::function<void(const std::string&)>& check)
+{
+    const QString strace = QStandardPaths::findExecutable(QStringLiteral("strace"));
+    EXPECT_FALSE(strace.isEmpty()) << "strace is needed (the set-up command installs it)";
+    int kills = 0;
+    for (const char* call : calls) {
+        for (int when = 1; when <= most; ++when) {
+            const Result result = run({strace, QStringLiteral("-f"), QStringLiteral("-o"),
+                QStringLiteral("/dev/null"), QStringLiteral("-e"),
+                QStringLiteral("inject=%1:signal=SIGKILL:when=%2").arg(QLatin1String(call)).arg(when)});
+            const std::string where = call + (" #" + std::to_string(when));
+            EXPECT_TRUE(result.finished) << where;
+            check(where);
+            if (result.status == 0)
+                break;
+            ++kills;
+        }
+    }
+    return kills;
+}
+
+// An installation whose recent list holds Project/P1.cmb to P4.cmb, P4 first.
+class RecentListRun : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        for (const char* name : {"P1", "P2", "P3", "P4"})
+            ASSERT_EQ(run({QStringLiteral("new"), project(name)}).status, 0) << name;
+        initial = ReadAll(sdb);
+    }
+
+    Result run(const QStringList& args, const QStringList& wrapper = {})
+    {
+        return RunCli(root, English, args, nullptr, wrapper);
+    }
+    static QString project(const char* name)
+    {
+        return QStringLiteral("Project/%1.cmb").arg(QLatin1String(name));
+    }
+    // The list as the program shows it: the given projects, newest first, one a line.
+    QString listOf(std::initializer_list<const char*> names) const
+    {
+        QString text;
+        for (const char* name : names)
+            text += root + QLatin1Char('/') + project(name) + QLatin1Char('\n');
+        return text;
+    }
+    // The system database as SetUp left it, with no journal beside it, and no project N.
+    void restore(std::initializer_list<const char*> projects)
+    {
+        QFile::remove(sdb + QStringLiteral("-journal"));
+        WriteAll(sdb, initial);
+        for (const char* name : projects)
+            QFile::remove(QDir(root).filePath(project(name)));
+    }
+
+    TestFolder folder;
+    const QString root = QDir(folder.root()).canonicalPath();
+    const QString sdb = root + QStringLiteral("/VORNA/VORNA.sdb");
+    QByteArray initial;
+};
+
 } // namespace
 
 // A kill at any system call of a save-as onto an existing file leaves that file whole: as
-// it was, or the new project, never missing and never half-written.
+// it was, or the new project, never missing and never half-written. The hidden copies that
+// killed runs leave beside their targets are removed by the next copy onto those targets.
 TEST(VornaCliKill, ASaveAsKilledAtAnyStepLeavesTheOldOrTheNewFileWhole)
 {
-    const QString strace = QStandardPaths::findExecutable(QStringLiteral("strace"));
-    ASSERT_FALSE(strace.isEmpty()) << "strace is needed (the set-up command installs it)";
     TestFolder folder;
     const QString root = QDir(folder.root()).canonicalPath();
     ASSERT_EQ(RunCli(root, English, QStringLiteral("new Project/A.cmb").split(u' '), nullptr).status, 0);
     const QString target = root + QStringLiteral("/Project/T.cmb");
     const QByteArray oldBytes = QByteArray("an older project\n").repeated(500);
     const QByteArray newBytes = ReadAll(root + QStringLiteral("/Project/A.cmb"));
+    const auto leftovers = [&root] {
+        return QDir(root + QStringLiteral("/Project"))
+            .entryList({QStringLiteral(".*")}, QDir::Files | QDir::Hidden);
+    };
 
-    int kills = 0;
-    for (const char* call : {"openat", "write", "fsync", "rename", "unlink"}) {
-        for (int when = 1; when <= 60; ++when) {
-            QFile::remove(target);
-            QFile file(target);
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-            file.write(oldBytes);
-            file.close();
-
-            const QString inject = QStringLiteral("inject=%1:signal=SIGKILL:when=%2").arg(call).arg(when);
-            const Result run = RunCli(root, English,
-                QStringLiteral("--yes save-as Project/A.cmb Project/T.cmb").split(u' '), nullptr,
-                {strace, QStringLiteral("-f"), QStringLiteral("-o"), QStringLiteral("/dev/null"),
-                    QStringLiteral("-e"), inject});
-            ASSERT_TRUE(run.finished) << call << " #" << when;
+    bool leftBehind = false;
+    const int kills = KillAtEachCall(
+        {"openat", "write", "fsync", "rename", "unlink"}, 60,
+        [&](const QStringList& wrapper) {
+            WriteAll(target, oldBytes);
+            return RunCli(root, English,
+                QStringLiteral("--yes save-as Project/A.cmb Project/T.cmb").split(u' '), nullptr, wrapper);
+        },
+        [&](const std::string& where) {
             const QByteArray now = ReadAll(target);
-            EXPECT_TRUE(now == oldBytes || now == newBytes)
-                << call << " #" << when << ": " << now.size() << " bytes";
-            if (run.status == 0)
-                break; // the run got past its last such call
-            ++kills;
-        }
-    }
+            EXPECT_TRUE(now == oldBytes || now == newBytes) << where << ": " << now.size() << " bytes";
+            leftBehind = leftBehind || !leftovers().isEmpty();
+        });
     EXPECT_GT(kills, 5);
+    EXPECT_TRUE(leftBehind);
+    EXPECT_TRUE(leftovers().isEmpty()) << leftovers().join(u' ').toStdString();
+}
+
+// A kill anywhere in the recent list's rewrite leaves the old list or the whole new one, and
+// the next start reads it.
+TEST_F(RecentListRun, ARewriteKilledAtAnyStepLeavesTheOldOrTheNewList)
+{
+    const QString oldList = listOf({"P4", "P3", "P2", "P1"});
+    const QString newList = listOf({"N", "P4", "P3", "P2"});
+    const int kills = KillAtEachCall(
+        {"pwrite64", "unlink"}, 40,
+        [&](const QStringList& wrapper) {
+            restore({"N"});
+            return run({QStringLiteral("new"), project("N")}, wrapper);
+        },
+        [&](const std::string& where) {
+            const Result recent = run({QStringLiteral("recent")});
+            EXPECT_EQ(recent.status, 0) << where << "\n" << recent.err.toStdString();
+            EXPECT_TRUE(recent.out == oldList || recent.out == newList) << where << "\n"
+                                                                        << recent.out.toStdString();
+        });
+    EXPECT_GT(kills, 2);
+}
+
+// Two programs opening projects at once each write the list whole: what is left is the list
+// of one of them, whichever wrote last, having read the other's or not.
+TEST_F(RecentListRun, TwoProgramsRewritingAtOnceLeaveOneWholeList)
+{
+    const QStringList wholeLists = {listOf({"X", "P4", "P3", "P2"}), listOf({"Y", "P4", "P3", "P2"}),
+        listOf({"X", "Y", "P4", "P3"}), listOf({"Y", "X", "P4", "P3"})};
+    for (int trial = 1; trial <= 50; ++trial) {
+        restore({"X", "Y"});
+        const auto first = StartCli(root, English, {QStringLiteral("new"), project("X")}, nullptr);
+        const auto second = StartCli(root, English, {QStringLiteral("new"), project("Y")}, nullptr);
+        ASSERT_TRUE(first && second);
+        ASSERT_EQ(FinishCli(*first).status, 0) << "trial " << trial;
+        ASSERT_EQ(FinishCli(*second).status, 0) << "trial " << trial;
+        const Result recent = run({QStringLiteral("recent")});
+        ASSERT_EQ(recent.status, 0) << "trial " << trial << "\n" << recent.err.toStdString();
+        ASSERT_TRUE(wholeLists.contains(recent.out)) << "trial " << trial << "\n" << recent.out.toStdString();
+    }
 }

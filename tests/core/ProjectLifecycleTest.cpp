@@ -292,15 +292,22 @@ class BlockedSaveTest : public ProjectTest, public ::testing::WithParamInterface
 { };
 
 // The box comes, the file stays as it was, and the tables stay closed with the project still
-// named: the next use is fatal.
+// named: the next use is fatal. A read-only project opens without a word, over a read-only
+// working copy left by an earlier run, and takes edits until the save.
 TEST_P(BlockedSaveTest, ShowsItsBoxAndLeavesTheProjectBroken)
 {
     const QString path = newProject();
-    addGroup("Guards");
     const QByteArray before = ReadAll(path);
     if (GetParam().readOnly) {
-        QFile::setPermissions(path, QFileDevice::ReadOwner);
+        ASSERT_EQ(CloseProject(g), ProjectResult::Done);
+        const QString stale = projectPath("Project1.mir");
+        WriteAll(stale, "left over from a crash");
+        for (const QString& file : {path, stale})
+            QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadGroup);
+        ASSERT_TRUE(OpenProject(g, path));
+        addGroup("Guards");
     } else {
+        addGroup("Guards");
         QFile::remove(path);
         QDir().mkpath(path + "/in the way");
     }

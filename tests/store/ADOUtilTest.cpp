@@ -420,6 +420,26 @@ TEST_F(StoreTest, ClosedDatabaseIsOneCopyableFile)
     copied.Close();
 }
 
+// A table rewritten in a transaction: taken back, the rows in memory and in the file are the
+// old ones; committed, the new ones.
+TEST_F(StoreTest, ATransactionLandsWholeAtCommitOrNotAtAll)
+{
+    for (const bool commit : {false, true}) {
+        Recordset rs = open("UserGroups");
+        {
+            Transaction rewrite(conn);
+            play(rs, {"delete all"});
+            AddRow(rs, {{"GroupName", "G9"}});
+            if (commit)
+                rewrite.Commit();
+        }
+        const QStringList expected = commit ? QStringList {"G9"} : QStringList {"G1", "G2", "G3"};
+        EXPECT_EQ(Walk(rs, "GroupName"), expected) << commit;
+        reopen();
+        EXPECT_EQ(Walk(open("UserGroups"), "GroupName"), expected) << commit;
+    }
+}
+
 TEST(OpenMDBConnTest, MissingFileGivesNothingSilentlyAndAForeignFileTwoBoxes)
 {
     QTemporaryDir dir;
@@ -433,8 +453,7 @@ TEST(OpenMDBConnTest, MissingFileGivesNothingSilentlyAndAForeignFileTwoBoxes)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(QByteArray(4096, 'x'));
     file.close();
-    platform.expectBox(16,
-        "OpenMDBConn Failed!\nConnect String:Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path + ";",
+    platform.expectBox(16, "OpenMDBConn Failed!\nConnect String:Provider=SQLite;Data Source=" + path + ";",
         "OpenMDBConn Failed");
     platform.expectBox(0, "file is not a database", "VORNA");
     EXPECT_TRUE(OpenMDBConn(platform, path, "", "").isNothing());
