@@ -8,17 +8,6 @@
 #include "GuiApp.h"
 #include "VBUtil.h"
 
-namespace {
-
-template<class W> W* child(QWidget* window, const char* name)
-{
-    auto* w = window->findChild<W*>(QString::fromLatin1(name));
-    EXPECT_NE(w, nullptr) << name;
-    return w;
-}
-
-} // namespace
-
 using EditZoneListViewTest = VornaWindowTest;
 
 // A user opens zone 3 from the tree, types into the real boxes, starting a line with Ctrl+Enter,
