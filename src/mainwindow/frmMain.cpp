@@ -1,5 +1,8 @@
 #include "frmMain.h"
 
+#include <iterator>
+#include <vector>
+
 #include <QRegularExpression>
 
 #include "FormText.h"
@@ -12,106 +15,32 @@
 
 namespace {
 
-// The window's entries of the form-text table, in the order they are applied.
-const FormTextPath kFormTexts[] = {
+// The window's entries of the form-text table: these, then its menu entries'.
+const FormTextPath kControlTexts[] = {
     {""},
     {"lbllvNodeContentCaption"},
     {"lbltvProjectContentCaption"},
     {"sbStatusBar.Panels(1)", "Text"},
     {"sbStatusBar.Panels(2)", "Text"},
     {"sbStatusBar.Panels(3)", "Text"},
-    {"mnuFile"},
-    {"mnuFileNew"},
-    {"mnuFileOpen"},
-    {"mnuFileSave"},
-    {"mnuFileSaveAs"},
-    {"mnuFileBar0"},
-    {"mnuFileBasic"},
-    {"mnuFileBar1"},
-    {"mnuFileMRU(1)"},
-    {"mnuFileMRU(2)"},
-    {"mnuFileMRU(3)"},
-    {"mnuFileMRU(4)"},
-    {"mnuFileBar2"},
-    {"mnuFileExit"},
-    {"mnuProj"},
-    {"mnuProjAddGroupList"},
-    {"mnuProjAddTelList"},
-    {"mnuProjBar0"},
-    {"mnuProjEditGroupList"},
-    {"mnuProjEditTelList"},
-    {"mnuProjEditZoneList"},
-    {"mnuProjBar1"},
-    {"mnuProjDeleteGroupList"},
-    {"mnuProjDeleteTelList"},
-    {"mnuView"},
-    {"mnuViewToolbar"},
-    {"mnuViewStatusBar"},
-    {"mnuViewBar0"},
-    {"mnuListViewMode(0)"},
-    {"mnuListViewMode(1)"},
-    {"mnuListViewMode(2)"},
-    {"mnuListViewMode(3)"},
-    {"mnuViewBar1"},
-    {"mnuViewArrangeIcons"},
-    {"mnuViewBar2"},
-    {"mnuViewRefresh"},
-    {"mnuTools"},
-    {"mnuToolsOptions"},
-    {"mnuViewWebBrowser"},
-    {"mnuDevice"},
-    {"mnuDeviceConnect"},
-    {"mnuDeviceBar0"},
-    {"mnuDeviceDownLoad"},
-    {"mnuDeviceSetting"},
-    {"mnuDeviceBar1"},
-    {"mnuHelp"},
-    {"mnuHelpContents"},
-    {"mnuHelpSearchForHelpOn"},
-    {"mnuHelpBar0"},
-    {"mnuHelpAbout"},
-    {"mnuProjConent"},
-    {"mnuProjConentAddGroupList"},
-    {"mnuProjConentAddTelList"},
-    {"mnuProjConentEditGroupList"},
-    {"mnuProjConentEditTelList"},
-    {"mnuProjConentEditZoneList"},
-    {"mnuProjConentDeleteGroupList"},
-    {"mnuProjConentDeleteTelList"},
-    {"mnuProjConentBar1"},
 };
 
-using Handler = void (frmMain::*)();
-
-struct MenuHandler
+std::vector<FormTextPath> FormTexts()
 {
-    const char* name;
-    Handler handler;
-};
+    std::vector<FormTextPath> texts(std::begin(kControlTexts), std::end(kControlTexts));
+    for (const MenuDesign& d : MenuDesigns())
+        if (d.formText)
+            texts.push_back({d.name});
+    return texts;
+}
 
-// Top menus whose click sets up their entries before they drop down.
-const MenuHandler kMenuSetUps[] = {
-    {"mnuFile", &frmMain::mnuFile_Click},
-    {"mnuProj", &frmMain::mnuProj_Click},
-};
-
-const MenuHandler kMenuClicks[] = {
-    {"mnuFileNew", &frmMain::mnuFileNew_Click},
-    {"mnuFileOpen", &frmMain::mnuFileOpen_Click},
-    {"mnuFileSave", &frmMain::mnuFileSave_Click},
-    {"mnuFileSaveAs", &frmMain::mnuFileSaveAs_Click},
-    {"mnuFileBasic", &frmMain::mnuFileBasic_Click},
-    {"mnuFileExit", &frmMain::mnuFileExit_Click},
-    {"mnuProjAddGroupList", &frmMain::mnuProjAddGroupList_Click},
-    {"mnuProjAddTelList", &frmMain::mnuProjAddTelList_Click},
-    {"mnuProjEditGroupList", &frmMain::mnuProjEditGroupList_Click},
-    {"mnuProjEditTelList", &frmMain::mnuProjEditTelList_Click},
-    {"mnuProjEditZoneList", &frmMain::mnuProjEditZoneList_Click},
-    {"mnuProjDeleteGroupList", &frmMain::mnuProjDeleteGroupList_Click},
-    {"mnuProjDeleteTelList", &frmMain::mnuProjDeleteTelList_Click},
-    {"mnuViewRefresh", &frmMain::mnuViewRefresh_Click},
-    {"mnuHelpAbout", &frmMain::mnuHelpAbout_Click},
-};
+const MenuDesign* findDesign(const QString& name)
+{
+    for (const MenuDesign& d : MenuDesigns())
+        if (name == QLatin1String(d.name))
+            return &d;
+    return nullptr;
+}
 
 // A size that the control refuses (negative) is skipped: the layout goes on with the others.
 void setSize(double& property, double value)
@@ -202,7 +131,8 @@ Panel& frmMain::panel(const QString& key)
 
 std::span<const FormTextPath> frmMain::formTexts() const
 {
-    return kFormTexts;
+    static const std::vector<FormTextPath> texts = FormTexts();
+    return texts;
 }
 
 void frmMain::Form_Load()
@@ -408,9 +338,9 @@ void frmMain::mnuHelpAbout_Click()
 
 void frmMain::openMenu(const QString& topName)
 {
-    for (const MenuHandler& h : kMenuSetUps)
-        if (topName == QLatin1String(h.name))
-            (this->*h.handler)();
+    // A top entry's click is its set-up.
+    if (const MenuDesign* d = findDesign(topName); d && d->click && !*d->parent)
+        (this->*d->click)();
 }
 
 void frmMain::clickMenu(const QString& name)
@@ -420,9 +350,8 @@ void frmMain::clickMenu(const QString& name)
         mnuFileMRU_Click(m.captured(1).toInt());
         return;
     }
-    for (const MenuHandler& h : kMenuClicks)
-        if (name == QLatin1String(h.name))
-            (this->*h.handler)();
+    if (const MenuDesign* d = findDesign(name); d && d->click && *d->parent)
+        (this->*d->click)();
 }
 
 void frmMain::shortcut(const QString& key)
