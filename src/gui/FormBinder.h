@@ -16,7 +16,9 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
+class QStatusBar;
 class QTabWidget;
+class QTreeView;
 class QTreeWidget;
 class QWidget;
 
@@ -52,6 +54,17 @@ public:
     // The view adds the pages; the control gives their captions and the current tab, and
     // click runs when the user picks a tab.
     void bind(QTabWidget* widget, TabStrip& control, Handler click = {});
+
+    // A window's tree over an item model of its nodes. nodeClick runs when the user selects a
+    // node, by a press of the left button or by the keys; dblClick on a double click, and on
+    // Enter, which also opens or closes a node with children as a double click does.
+    void bind(QTreeView* widget, TreeView& control, Handler nodeClick, Handler dblClick);
+    // A window's report list over an item model of its rows, each column at its width as the
+    // columns change; dblClick on a double click and on Enter.
+    void bind(QTreeView* widget, ListView& control, Handler dblClick);
+    // A status bar: one label a panel, named by its key, the first one stretching; a panel's
+    // picture shows in a label of its own, named by the key and "Picture", before its text.
+    void bind(QStatusBar* widget, StatusBar& control);
 
     // A click (press and release of the left button over it) on a widget without a click
     // signal of its own: a label, a frame, a picture.

@@ -1,9 +1,10 @@
 #include "MainWindowView.h"
 
+#include <algorithm>
 #include <functional>
+#include <vector>
 
 #include <QCloseEvent>
-#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -11,11 +12,12 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStatusBar>
+#include <QStyleOptionViewItem>
 #include <QTreeView>
 
 #include "Icons.h"
-#include "NodeListModel.h"
 #include "ProjectTreeModel.h"
+#include "Twips.h"
 #include "frmMain.h"
 
 namespace {
@@ -58,7 +60,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override
     {
         if (onMove)
-            onMove(MainWindowView::twips(qRound(event->position().x())));
+            onMove(Twips::fromPixels(qRound(event->position().x())));
     }
     void mouseReleaseEvent(QMouseEvent* event) override
     {
@@ -69,8 +71,8 @@ protected:
 
 void place(QWidget* w, const Control& r)
 {
-    w->setGeometry(MainWindowView::px(r.Left), MainWindowView::px(r.Top), MainWindowView::px(r.Width),
-        MainWindowView::px(r.Height));
+    w->setGeometry(
+        Twips::toPixels(r.Left), Twips::toPixels(r.Top), Twips::toPixels(r.Width), Twips::toPixels(r.Height));
 }
 
 } // namespace
@@ -80,7 +82,7 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     , m_model(model)
 {
     setWindowIcon(Icons::icon(QStringLiteral("VORNA")));
-    setMinimumWidth(px(3000));
+    setMinimumWidth(Twips::toPixels(3000));
 
     auto* client = new ClientArea;
     client->setObjectName(QStringLiteral("frmMainClient"));
@@ -100,46 +102,16 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     }
 
     m_tvProjectContent = new QTreeView(m_client);
-    m_binder.bind(m_tvProjectContent, static_cast<Control&>(m_model.tvProjectContent));
     m_tvProjectContent->setHeaderHidden(true);
-    m_treeModel = new ProjectTreeModel(m_model.tvProjectContent, this);
-    m_tvProjectContent->setModel(m_treeModel);
+    m_binder.bind(
+        m_tvProjectContent, m_model.tvProjectContent, [this] { m_model.tvProjectContent_NodeClick(); },
+        [this] { m_model.tvProjectContent_DblClick(); });
+    // Each time the nodes change, the pane may widen to show their names.
+    connect(m_tvProjectContent->model(), &QAbstractItemModel::modelReset, this,
+        [this] { m_model.fitTreeWidth(Twips::fromPixels(namesWidth())); });
 
     m_lvNodeContent = new QTreeView(m_client);
-    m_binder.bind(m_lvNodeContent, static_cast<Control&>(m_model.lvNodeContent));
-    m_lvNodeContent->setRootIsDecorated(false);
-    m_lvNodeContent->setItemsExpandable(false);
-    m_lvNodeContent->setUniformRowHeights(true);
-    m_lvNodeContent->header()->setStretchLastSection(false);
-    m_listModel = new NodeListModel(m_model.lvNodeContent, this);
-    m_lvNodeContent->setModel(m_listModel);
-
-    // The selection and the expanded flags are control state that the model holds.
-    connect(m_tvProjectContent->selectionModel(), &QItemSelectionModel::currentChanged, this,
-        [this](const QModelIndex& current) {
-            m_model.tvProjectContent.SelectedItem = m_treeModel->nodeOf(current);
-        });
-    connect(m_tvProjectContent, &QTreeView::expanded, this, [this](const QModelIndex& index) {
-        if (const int n = m_treeModel->nodeOf(index);
-            n >= 0 && n < static_cast<int>(m_model.tvProjectContent.Nodes.size()))
-            m_model.tvProjectContent.Nodes[n].Expanded = true;
-    });
-    connect(m_tvProjectContent, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
-        if (const int n = m_treeModel->nodeOf(index);
-            n >= 0 && n < static_cast<int>(m_model.tvProjectContent.Nodes.size()))
-            m_model.tvProjectContent.Nodes[n].Expanded = false;
-    });
-    connect(m_lvNodeContent->selectionModel(), &QItemSelectionModel::currentChanged, this,
-        [this](const QModelIndex& current) {
-            m_model.lvNodeContent.SelectedItem = current.isValid() ? current.row() : -1;
-        });
-    // A double click also expands or collapses a branch, as the control does of its own.
-    connect(m_tvProjectContent, &QTreeView::clicked, this,
-        [this] { m_binder.run([this] { m_model.tvProjectContent_NodeClick(); }); });
-    connect(m_tvProjectContent, &QTreeView::doubleClicked, this,
-        [this] { m_binder.run([this] { m_model.tvProjectContent_DblClick(); }); });
-    connect(m_lvNodeContent, &QTreeView::doubleClicked, this,
-        [this] { m_binder.run([this] { m_model.lvNodeContent_DblClick(); }); });
+    m_binder.bind(m_lvNodeContent, m_model.lvNodeContent, [this] { m_model.lvNodeContent_DblClick(); });
 
     auto* grip = new SplitterGrip(m_client);
     m_binder.bind(grip, m_model.imgSplitter);
@@ -157,23 +129,7 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     m_picSplitter->hide();
 
     m_sbStatusBar = new QStatusBar(m_client);
-    m_binder.bind(m_sbStatusBar, static_cast<Control&>(m_model.sbStatusBar));
-    m_sbStatusBar->setSizeGripEnabled(false);
-    for (const Panel& p : m_model.sbStatusBar.Panels) {
-        auto* label = new QLabel(m_sbStatusBar);
-        label->setObjectName(p.Key);
-        label->setFrameShape(QFrame::Panel);
-        label->setFrameShadow(QFrame::Sunken);
-        label->setMinimumWidth(px(1500));
-        m_panels[p.Key] = label;
-    }
-    m_connectImage = new QLabel(m_sbStatusBar);
-    m_connectImage->setObjectName(QStringLiteral("ConnectStatusImage"));
-    m_connectImage->hide();
-    m_sbStatusBar->addWidget(m_panels.at(QStringLiteral("Status")), 1);
-    m_sbStatusBar->addPermanentWidget(m_panels.at(QStringLiteral("ProjName")));
-    m_sbStatusBar->addPermanentWidget(m_connectImage);
-    m_sbStatusBar->addPermanentWidget(m_panels.at(QStringLiteral("ConnectStatus")));
+    m_binder.bind(m_sbStatusBar, m_model.sbStatusBar);
 
     buildMenus();
 
@@ -232,19 +188,7 @@ void MainWindowView::buildMenus()
 void MainWindowView::refresh()
 {
     BoundView<QMainWindow>::refresh();
-
-    for (const Panel& p : m_model.sbStatusBar.Panels) {
-        m_panels.at(p.Key)->setText(p.Text);
-        if (p.Key == QLatin1String("ConnectStatus") && p.Picture != m_connectImageKey) {
-            m_connectImageKey = p.Picture;
-            m_connectImage->setPixmap(Icons::pixmap(p.Picture, 16));
-            m_connectImage->setVisible(!p.Picture.isEmpty());
-        }
-    }
-
     refreshMenus();
-    refreshTree();
-    refreshList();
     syncPlacement();
     layoutPanes();
 }
@@ -267,41 +211,43 @@ void MainWindowView::refreshMenus()
     }
 }
 
-void MainWindowView::refreshTree()
+int MainWindowView::namesWidth() const
 {
-    m_treeModel->sync();
-    const auto& nodes = m_model.tvProjectContent.Nodes;
-    {
-        const QSignalBlocker block(m_tvProjectContent);
-        for (int i = 0; i < static_cast<int>(nodes.size()); ++i)
-            m_tvProjectContent->setExpanded(m_treeModel->indexOfNode(i), nodes[i].Expanded);
+    const QTreeView* tree = m_tvProjectContent;
+    const auto* model = tree->model();
+    QStyleOptionViewItem option;
+    option.initFrom(tree);
+    option.font = tree->font();
+    option.fontMetrics = tree->fontMetrics();
+    const int icon = tree->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, tree);
+    option.decorationSize = tree->iconSize().isValid() ? tree->iconSize() : QSize(icon, icon);
+    option.features = QStyleOptionViewItem::HasDisplay | QStyleOptionViewItem::HasDecoration;
+    int widest = 0;
+    // Every node counts, shown or folded, each indented one step a level and the top one too.
+    std::vector<std::pair<QModelIndex, int>> pending {{QModelIndex(), 0}};
+    while (!pending.empty()) {
+        const auto [parent, depth] = pending.back();
+        pending.pop_back();
+        for (int row = 0; row < model->rowCount(parent); ++row) {
+            const QModelIndex index = model->index(row, 0, parent);
+            const int width = tree->indentation() * (depth + 1)
+                + tree->itemDelegateForIndex(index)->sizeHint(option, index).width();
+            widest = std::max(widest, width);
+            pending.emplace_back(index, depth + 1);
+        }
     }
-    const QModelIndex selected = m_treeModel->indexOfNode(m_model.tvProjectContent.SelectedItem);
-    if (m_tvProjectContent->currentIndex() != selected)
-        m_tvProjectContent->setCurrentIndex(selected);
-}
-
-void MainWindowView::refreshList()
-{
-    if (m_listModel->sync()) {
-        const auto& columns = m_model.lvNodeContent.ColumnHeaders;
-        for (int i = 0; i < static_cast<int>(columns.size()); ++i)
-            m_lvNodeContent->header()->resizeSection(i, px(columns[i].Width));
-    }
-    const int row = m_model.lvNodeContent.SelectedItem;
-    const QModelIndex selected = row >= 0 ? m_listModel->index(row, 0) : QModelIndex();
-    if (m_lvNodeContent->currentIndex() != selected)
-        m_lvNodeContent->setCurrentIndex(selected);
+    const int scrollBar = tree->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, tree);
+    return widest == 0 ? 0 : widest + 2 * tree->frameWidth() + scrollBar;
 }
 
 void MainWindowView::syncPlacement()
 {
     if (isMinimized() || isMaximized() || isFullScreen())
         return;
-    const QPoint at(px(m_model.Left), px(m_model.Top));
+    const QPoint at(Twips::toPixels(m_model.Left), Twips::toPixels(m_model.Top));
     if (pos() != at)
         move(at);
-    const QSize size(px(m_model.Width), px(m_model.Height));
+    const QSize size(Twips::toPixels(m_model.Width), Twips::toPixels(m_model.Height));
     if (this->size() != size)
         resize(size);
 }
@@ -310,12 +256,12 @@ void MainWindowView::clientResized()
 {
     if (isMinimized())
         return;
-    m_model.Width = twips(width());
-    m_model.Height = twips(height());
-    m_model.ScaleHeight = twips(m_client->height());
+    m_model.Width = Twips::fromPixels(width());
+    m_model.Height = Twips::fromPixels(height());
+    m_model.ScaleHeight = Twips::fromPixels(m_client->height());
     m_model.Form_Resize();
-    if (px(m_model.Width) > width())
-        resize(px(m_model.Width), height());
+    if (Twips::toPixels(m_model.Width) > width())
+        resize(Twips::toPixels(m_model.Width), height());
     layoutPanes();
 }
 
@@ -324,7 +270,8 @@ void MainWindowView::layoutPanes()
     const int clientWidth = m_client->width();
     const frmMain& m = m_model;
 
-    m_picTitles->setGeometry(px(m.picTitles.Left), px(m.picTitles.Top), clientWidth, px(m.picTitles.Height));
+    m_picTitles->setGeometry(Twips::toPixels(m.picTitles.Left), Twips::toPixels(m.picTitles.Top), clientWidth,
+        Twips::toPixels(m.picTitles.Height));
     place(m_lbltvProjectContentCaption, m.lbltvProjectContentCaption);
     place(m_lbllvNodeContentCaption, m.lbllvNodeContentCaption);
     place(m_tvProjectContent, m.tvProjectContent);
@@ -335,8 +282,8 @@ void MainWindowView::layoutPanes()
     if (m.picSplitter.Visible)
         m_picSplitter->raise();
 
-    m_sbStatusBar->setGeometry(
-        0, px(m.ScaleHeight - m.sbStatusBar.Height), clientWidth, px(m.sbStatusBar.Height));
+    m_sbStatusBar->setGeometry(0, Twips::toPixels(m.ScaleHeight - m.sbStatusBar.Height), clientWidth,
+        Twips::toPixels(m.sbStatusBar.Height));
     m_sbStatusBar->setVisible(m.sbStatusBar.Visible);
 }
 
@@ -353,8 +300,8 @@ void MainWindowView::moveEvent(QMoveEvent* event)
 {
     QMainWindow::moveEvent(event);
     if (!isMinimized() && !isMaximized()) {
-        m_model.Left = twips(x());
-        m_model.Top = twips(y());
+        m_model.Left = Twips::fromPixels(x());
+        m_model.Top = Twips::fromPixels(y());
     }
 }
 
@@ -363,4 +310,9 @@ void MainWindowView::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange)
         m_model.WindowState = isMinimized() ? 1 : isMaximized() ? 2 : 0;
+}
+
+ProjectTreeModel* MainWindowView::treeModel() const
+{
+    return static_cast<ProjectTreeModel*>(m_tvProjectContent->model());
 }

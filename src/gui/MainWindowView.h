@@ -12,12 +12,11 @@ class QMenu;
 class QStatusBar;
 class QTreeView;
 class frmMain;
-class NodeListModel;
 class ProjectTreeModel;
 
 // The main window: a thin view over frmMain. The panes are laid out by hand from the
-// model's geometry in twips (15 twips to the pixel); menus, tree, list and status bar
-// are painted from the model, and every event goes to the model's handler.
+// model's geometry in twips; menus, tree, list and status bar are painted from the model,
+// and every event goes to the model's handler.
 class MainWindowView : public BoundView<QMainWindow>
 {
 public:
@@ -26,11 +25,7 @@ public:
 
     void refresh() override;
 
-    ProjectTreeModel* treeModel() const { return m_treeModel; }
-    NodeListModel* listModel() const { return m_listModel; }
-
-    static int px(double twips) { return qRound(twips / 15.0); }
-    static double twips(int px) { return px * 15.0; }
+    ProjectTreeModel* treeModel() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -40,8 +35,8 @@ protected:
 private:
     void buildMenus();
     void refreshMenus();
-    void refreshTree();
-    void refreshList();
+    // The pixels that the tree pane needs to show every node's name whole.
+    int namesWidth() const;
     void syncPlacement();
     void clientResized();
     void layoutPanes();
@@ -56,11 +51,6 @@ private:
     QWidget* m_imgSplitter = nullptr;
     QWidget* m_picSplitter = nullptr;
     QStatusBar* m_sbStatusBar = nullptr;
-    std::map<QString, QLabel*> m_panels;
-    QLabel* m_connectImage = nullptr;
-    QString m_connectImageKey;
-    ProjectTreeModel* m_treeModel = nullptr;
-    NodeListModel* m_listModel = nullptr;
     std::map<QString, QAction*> m_actions; // by entry name; a top entry's is its menu's action
     QTimer* m_tmrSleep = nullptr;
 };

@@ -1,6 +1,6 @@
 #include "NodeListModel.h"
 
-#include <QPalette>
+#include "ItemLook.h"
 
 NodeListModel::NodeListModel(const ListView& list, QObject* parent)
     : QAbstractTableModel(parent)
@@ -46,9 +46,7 @@ QVariant NodeListModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return text.contains(u'\n') ? QString(text).remove(u'\r') : QVariant();
     case Qt::ForegroundRole:
-        return item.ForeColor == SystemColor::GrayText
-            ? QVariant(QPalette().brush(QPalette::Disabled, QPalette::Text))
-            : QVariant();
+        return foregroundOf(item.ForeColor);
     default:
         return {};
     }

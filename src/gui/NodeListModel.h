@@ -4,10 +4,10 @@
 
 #include <QAbstractTableModel>
 
-#include "frmMain.h"
+#include "Controls.h"
 
-// The list lvNodeContent in its detail view as Qt sees it: a table over the window
-// model's columns and rows. It keeps a copy and resets itself when they change.
+// A ListView control in its detail view as Qt sees it: a table over the control's columns
+// and rows. It keeps a copy and resets itself when they change.
 class NodeListModel : public QAbstractTableModel
 {
 public:

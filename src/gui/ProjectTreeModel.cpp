@@ -1,10 +1,7 @@
 #include "ProjectTreeModel.h"
 
-#include <QApplication>
-#include <QColor>
-#include <QPalette>
-
 #include "Icons.h"
+#include "ItemLook.h"
 
 namespace {
 
@@ -114,12 +111,7 @@ QVariant ProjectTreeModel::data(const QModelIndex& index, int role) const
     case Qt::DecorationRole:
         return Icons::icon(n.Image);
     case Qt::ForegroundRole:
-        if (n.ForeColor == SystemColor::WindowText)
-            return {};
-        if (n.ForeColor == SystemColor::GrayText)
-            return QApplication::palette().color(QPalette::Disabled, QPalette::Text);
-        // Stored as 0xBBGGRR.
-        return QColor(n.ForeColor & 0xff, (n.ForeColor >> 8) & 0xff, (n.ForeColor >> 16) & 0xff);
+        return foregroundOf(n.ForeColor);
     default:
         return {};
     }

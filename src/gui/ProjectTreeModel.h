@@ -4,10 +4,10 @@
 
 #include <QAbstractItemModel>
 
-#include "frmMain.h"
+#include "Controls.h"
 
-// The tree tvProjectContent as Qt sees it: an item model over the window model's node
-// list. It keeps a copy of the nodes it shows and resets itself when they change.
+// A TreeView control as Qt sees it: an item model over its node list. It keeps a copy of
+// the nodes it shows and resets itself when they change.
 class ProjectTreeModel : public QAbstractItemModel
 {
 public:

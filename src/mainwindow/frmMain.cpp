@@ -1,5 +1,6 @@
 #include "frmMain.h"
 
+#include <algorithm>
 #include <iterator>
 #include <vector>
 
@@ -57,11 +58,15 @@ void place(Control& c, double left, double top, double width, double height)
     c.Height = height;
 }
 
-// A stored window measure: the text of a single-precision number.
-double settingSingle(VORNAGlobal& g, const char* key, const char* defaultValue)
+QString storedSetting(VORNAGlobal& g, const char* key, const char* defaultValue)
 {
-    const QString text = g.platform.getSetting(g.program.App.Title, QStringLiteral("Settings"),
-        QString::fromLatin1(key), QString::fromLatin1(defaultValue));
+    return g.platform.getSetting(g.program.App.Title, QStringLiteral("Settings"), QString::fromLatin1(key),
+        QString::fromLatin1(defaultValue));
+}
+
+// A stored window measure: the text of a single-precision number.
+double single(const QString& text)
+{
     bool ok = false;
     const float value = text.trimmed().toFloat(&ok);
     if (!ok)
@@ -138,10 +143,15 @@ std::span<const FormTextPath> frmMain::formTexts() const
 void frmMain::Form_Load()
 {
     ApplyFormText(m_g.ml, *this);
-    Left = settingSingle(m_g, "MainLeft", "200");
-    Top = settingSingle(m_g, "MainTop", "200");
-    Width = settingSingle(m_g, "MainWidth", "10800");
-    Height = settingSingle(m_g, "MainHeight", "6900");
+    Left = single(storedSetting(m_g, "MainLeft", "200"));
+    Top = single(storedSetting(m_g, "MainTop", "200"));
+    Width = single(storedSetting(m_g, "MainWidth", "10800"));
+    Height = single(storedSetting(m_g, "MainHeight", "6900"));
+    // The tree pane keeps the width that the user gave it; without one it fits its names.
+    if (const QString given = storedSetting(m_g, "MainTreeWidth", ""); !given.isEmpty()) {
+        imgSplitter.Left = single(given);
+        m_treeWidthGiven = true;
+    }
     mIsInDelay = false;
     notifyChanged();
 }
@@ -246,7 +256,20 @@ void frmMain::imgSplitter_MouseUp()
     SizeControls(x);
     picSplitter.Visible = false;
     mbMoving = false;
+    m_treeWidthGiven = true;
+    m_g.platform.saveSetting(m_g.program.App.Title, QStringLiteral("Settings"),
+        QStringLiteral("MainTreeWidth"), QString::number(static_cast<float>(tvProjectContent.Width), 'g', 7));
     notifyChanged();
+}
+
+void frmMain::fitTreeWidth(double namesWidth)
+{
+    // At most half the window, so that a long name leaves the list its room.
+    const double x = std::min(namesWidth, Width / 2);
+    if (m_treeWidthGiven || x <= tvProjectContent.Width)
+        return;
+    double split = x;
+    SizeControls(split);
 }
 
 void frmMain::tmrSleep_Timer()

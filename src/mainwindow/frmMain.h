@@ -69,7 +69,11 @@ public:
 
     void imgSplitter_MouseDown();
     void imgSplitter_MouseMove(double x);
+    // The release stores the tree pane's width that the user gave, for the next run.
     void imgSplitter_MouseUp();
+    // Widens the tree pane to the width that shows every node's name (twips, measured by the
+    // view), until the user gives it a width of their own: it never narrows it.
+    void fitTreeWidth(double namesWidth);
 
     void tmrSleep_Timer();
 
@@ -132,4 +136,6 @@ public:
 
 private:
     VORNAGlobal& m_g;
+    // The user set the tree pane's width by the splitter, in this run or an earlier one.
+    bool m_treeWidthGiven = false;
 };

@@ -6,10 +6,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
+#include <QTest>
+#include <QToolTip>
 #include <QTreeView>
 
 #include <gtest/gtest.h>
@@ -17,12 +21,16 @@
 #include "GuiApp.h"
 #include "MainWindowView.h"
 #include "NodeListModel.h"
+#include "ProjectFiles.h"
+#include "ProjectRows.h"
 #include "ProjectTreeModel.h"
 #include "QtPlatform.h"
 #include "ScriptedPlatform.h"
 #include "SplashView.h"
 #include "TestFolder.h"
+#include "Twips.h"
 #include "UnhandledError.h"
+#include "VORNAUtil.h"
 #include "VornaApp.h"
 #include "VornaApplication.h"
 #include "frmMain.h"
@@ -200,3 +208,215 @@ INSTANTIATE_TEST_SUITE_P(Failures, FailureReportTest,
         FailureCase {"RuntimeFailure", [] { throw std::length_error("vector too long"); }, 16,
             "VORNA stopped: vector too long", "VORNA"}),
     [](const auto& info) { return std::string(info.param.name); });
+
+namespace {
+
+// The started program with the template project open: one group, no contact, 64 zones.
+class MainWindowViewTest : public VornaWindowTest
+{
+protected:
+    MainWindowViewTest()
+    {
+        const QString project = QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"));
+        EXPECT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), project));
+        EXPECT_TRUE(OpenProject(vorna.g, project));
+        window = vorna.mainView();
+        tree = window->findChild<QTreeView*>(QStringLiteral("tvProjectContent"));
+        list = window->findChild<QTreeView*>(QStringLiteral("lvNodeContent"));
+        caption = window->findChild<QLabel*>(QStringLiteral("lbllvNodeContentCaption"));
+    }
+
+    QModelIndex node(const char* tag) const
+    {
+        return window->treeModel()->indexOfNode(FindNodeByTag(vorna.mainForm, QString::fromUtf8(tag)));
+    }
+
+    void press(Qt::MouseButton button, const QModelIndex& index)
+    {
+        tree->scrollTo(index);
+        QTest::mousePress(tree->viewport(), button, {}, tree->visualRect(index).center());
+        QTest::mouseRelease(tree->viewport(), button, {}, tree->visualRect(index).center());
+    }
+
+    MainWindowView* window = nullptr;
+    QTreeView* tree = nullptr;
+    QTreeView* list = nullptr;
+    QLabel* caption = nullptr;
+};
+
+} // namespace
+
+// The list and its caption show the node that the user selected, whether by the mouse or by
+// the keys; another button than the left one only points.
+TEST_F(MainWindowViewTest, TheListFollowsTheTreeByMouseAndByKeys)
+{
+    press(Qt::LeftButton, node("ProjName"));
+    EXPECT_EQ(caption->text(), QStringLiteral("Data"));
+    press(Qt::RightButton, node("Zones"));
+    EXPECT_EQ(caption->text(), QStringLiteral("Data"));
+    EXPECT_EQ(tree->currentIndex(), node("ProjName")) << "the right button leaves the selection";
+
+    const std::array<std::pair<Qt::Key, const char*>, 6> keys = {{
+        {Qt::Key_Down, "Contacts"},
+        {Qt::Key_Down, "Contact Groups"},
+        {Qt::Key_Right, "Contact Groups"},
+        {Qt::Key_Down, "Contact group:UserGroup1"},
+        {Qt::Key_End, "Alarm Zones"},
+        {Qt::Key_Home, "Data"},
+    }};
+    for (const auto& [key, expected] : keys) {
+        QTest::keyClick(tree, key);
+        EXPECT_EQ(caption->text().toStdString(), std::string(expected))
+            << QKeySequence(key).toString().toStdString();
+        EXPECT_EQ(
+            vorna.mainForm.tvProjectContent.SelectedItem, window->treeModel()->nodeOf(tree->currentIndex()));
+    }
+}
+
+namespace {
+
+struct EnterCase
+{
+    const char* name;
+    const char* node;
+    int row;           // the list's row that Enter is pressed on; -1: Enter on the node
+    const char* opens; // the dialog that comes up, or null
+    const char* caption;
+};
+
+class EnterTest : public MainWindowViewTest, public ::testing::WithParamInterface<EnterCase>
+{ };
+
+} // namespace
+
+TEST_P(EnterTest, EnterActsAsADoubleClick)
+{
+    const EnterCase& c = GetParam();
+    tree->setCurrentIndex(node(c.node));
+    QWidget* target = tree;
+    if (c.row >= 0) {
+        list->setCurrentIndex(list->model()->index(c.row, 0));
+        target = list;
+    }
+    QString opened;
+    if (c.opens)
+        atNextModal([&opened](QWidget* dialog) {
+            opened = dialog->objectName();
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+    QTest::keyClick(target, Qt::Key_Return);
+    EXPECT_EQ(opened, QString::fromLatin1(c.opens ? c.opens : ""));
+    EXPECT_EQ(caption->text().toStdString(), std::string(c.caption));
+}
+
+INSTANTIATE_TEST_SUITE_P(Nodes, EnterTest,
+    ::testing::Values(EnterCase {"OnAZoneNode", "Zones,3", -1, "frmEditZoneList", "Zone 3"},
+        EnterCase {
+            "OnAGroupNode", "UserGroups,UserGroup1", -1, "frmEditGroupList", "Contact group:UserGroup1"},
+        EnterCase {"OnAZoneRow", "Zones", 2, "frmEditZoneList", "Alarm Zones"},
+        EnterCase {"OnAGroupRow", "UserGroups", 0, "frmEditGroupList", "Contact Groups"},
+        EnterCase {"OnTheGroupRowOfTheProjectSheet", "ProjName", 1, nullptr, "Contact Groups"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(MainWindowViewTest, EnterOnABranchOpensAndClosesItAsADoubleClickDoes)
+{
+    tree->setCurrentIndex(node("Zones"));
+    QTest::keyClick(tree, Qt::Key_Return);
+    EXPECT_TRUE(tree->isExpanded(node("Zones")));
+    QTest::keyClick(tree, Qt::Key_Return);
+    EXPECT_FALSE(tree->isExpanded(node("Zones")));
+}
+
+// Disabled contacts and zones show in the palette's disabled text, the others in its text,
+// on a light palette and on a dark one.
+TEST_F(MainWindowViewTest, NodesTakeTheirColoursFromThePalette)
+{
+    AddUserRow(vorna.g.project, QStringLiteral("Ann"), QStringLiteral("UserGroup1"));
+    AddUserRow(
+        vorna.g.project, QStringLiteral("Bob"), QStringLiteral("UserGroup1"), QStringLiteral("0912"), true);
+    SetZoneRow(vorna.g.project, 5, QStringLiteral("Hall"), QString(), true);
+    vorna.mainForm.mnuViewRefresh_Click();
+
+    const QPalette light = QApplication::palette();
+    QPalette dark = light;
+    dark.setColor(QPalette::Base, QColor(0x20, 0x20, 0x20));
+    dark.setColor(QPalette::Text, QColor(0xf0, 0xf0, 0xf0));
+    dark.setColor(QPalette::Disabled, QPalette::Text, QColor(0x80, 0x80, 0x80));
+    for (const QPalette& palette : {light, dark}) {
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        const std::array<std::pair<const char*, QColor>, 6> nodes = {{
+            {"Users", palette.color(QPalette::Text)},
+            {"Users,Ann", palette.color(QPalette::Text)},
+            {"Users,Bob", palette.color(QPalette::Disabled, QPalette::Text)},
+            {"UserGroups,UserGroup1", palette.color(QPalette::Text)},
+            {"Zones,4", palette.color(QPalette::Text)},
+            {"Zones,5", palette.color(QPalette::Disabled, QPalette::Text)},
+        }};
+        for (const auto& [tag, colour] : nodes) {
+            const QVariant foreground = node(tag).data(Qt::ForegroundRole);
+            const QColor shown = foreground.isValid() ? foreground.value<QBrush>().color()
+                                                      : tree->palette().color(QPalette::Text);
+            EXPECT_EQ(shown, colour) << tag;
+        }
+    }
+    QApplication::setPalette(light);
+}
+
+// The list's columns start at their widths, and a text that its column cuts shows whole in
+// its tooltip.
+TEST_F(MainWindowViewTest, TheListStartsAtItsColumnWidthsAndShowsACutTextInATooltip)
+{
+    SetZoneRow(vorna.g.project, 0, QString(60, u'W'), QString());
+    tree->setCurrentIndex(node("Zones"));
+    const auto& columns = vorna.mainForm.lvNodeContent.ColumnHeaders;
+    ASSERT_EQ(list->model()->columnCount(), static_cast<int>(columns.size()));
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i)
+        EXPECT_EQ(list->header()->sectionSize(i), Twips::toPixels(columns[i].Width)) << i;
+
+    const auto tooltipAt = [&](int row, int column) {
+        const QRect cell = list->visualRect(list->model()->index(row, column));
+        QHelpEvent help(QEvent::ToolTip, cell.center(), list->viewport()->mapToGlobal(cell.center()));
+        QApplication::sendEvent(list->viewport(), &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    EXPECT_EQ(tooltipAt(0, 0), QString()) << "a zone number fits";
+    EXPECT_EQ(tooltipAt(0, 1), QString(60, u'W'));
+}
+
+// The tree pane starts wide enough for the names it shows; a width that the user gives it by
+// the splitter is the width it starts at in the next run.
+TEST(MainWindowPane, TheTreeFitsItsNamesAndKeepsTheWidthTheUserGives)
+{
+    guiApp();
+    TestFolder folder;
+    const QString settings = QDir(folder.root()).filePath(QStringLiteral("settings.ini"));
+    const QString project = QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"));
+    ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), project));
+    int given = 0;
+    {
+        QtPlatform platform(settings);
+        VornaApp vorna(platform);
+        vorna.Main({folder.appPath(), false});
+        ASSERT_TRUE(OpenProject(vorna.g, project));
+        auto* tree = vorna.mainView()->findChild<QTreeView*>(QStringLiteral("tvProjectContent"));
+        const QModelIndex group = vorna.mainView()->treeModel()->indexOfNode(
+            FindNodeByTag(vorna.mainForm, QStringLiteral("UserGroups,UserGroup1")));
+        tree->expand(group.parent());
+        const int needed = tree->visualRect(group).x() + tree->iconSize().width()
+            + tree->fontMetrics().horizontalAdvance(QStringLiteral("UserGroup1"));
+        EXPECT_LT(needed, tree->viewport()->width()) << "the name shows whole";
+
+        auto* grip = vorna.mainView()->findChild<QWidget*>(QStringLiteral("imgSplitter"));
+        const int before = tree->width();
+        QTest::mousePress(grip, Qt::LeftButton, {}, QPoint(1, 10));
+        QTest::mouseMove(grip, QPoint(61, 10));
+        QTest::mouseRelease(grip, Qt::LeftButton, {}, QPoint(61, 10));
+        given = tree->width();
+        EXPECT_NEAR(given, before + 60, 1);
+    }
+    QtPlatform platform(settings);
+    VornaApp vorna(platform);
+    vorna.Main({folder.appPath(), false});
+    EXPECT_EQ(vorna.mainView()->findChild<QTreeView*>(QStringLiteral("tvProjectContent"))->width(), given);
+}
