@@ -156,4 +156,53 @@ TEST_F(MainWindowTest, MouseMovesWithoutAMouseDownDoNothing)
     EXPECT_FALSE(main.mbMoving);
 }
 
+struct TreeWidthCase
+{
+    const char* name;
+    const char* stored; // MainTreeWidth in the settings store; nullptr: absent
+    double names;       // the width that the view measured for the node names
+    double expected;
+};
+
+// A 10800 twips window, its tree at the design's 2000.
+constexpr std::array kTreeWidthCases = {
+    TreeWidthCase {"WidensToTheNames", nullptr, 3000, 3000},
+    TreeWidthCase {"NeverNarrows", nullptr, 1000, 2000},
+    TreeWidthCase {"AtMostHalfTheWindow", nullptr, 9000, 5400},
+    TreeWidthCase {"TheWidthTheUserGaveWins", "2500", 4000, 2500},
+};
+
+class TreeWidthTest : public MainWindowTest, public ::testing::WithParamInterface<TreeWidthCase>
+{ };
+
+TEST_P(TreeWidthTest, TheTreeFitsItsNamesUntilTheUserGivesItAWidth)
+{
+    const TreeWidthCase c = GetParam();
+    if (c.stored)
+        platform.settings[QStringLiteral("Settings/MainTreeWidth")] = QString::fromLatin1(c.stored);
+    main.Form_Load();
+    main.ScaleHeight = 6210;
+    main.Form_Resize();
+
+    main.fitTreeWidth(c.names);
+    EXPECT_EQ(main.tvProjectContent.Width, c.expected);
+    EXPECT_EQ(main.imgSplitter.Left, c.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Widths, TreeWidthTest, ::testing::ValuesIn(kTreeWidthCases),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(MainWindowTest, AReleasedSplitterStoresTheTreeWidthAndEndsTheFitting)
+{
+    main.ScaleHeight = 6210;
+    main.Form_Resize();
+    main.imgSplitter_MouseDown();
+    main.imgSplitter_MouseMove(1000.5);
+    main.imgSplitter_MouseUp();
+    EXPECT_EQ(platform.settings[QStringLiteral("Settings/MainTreeWidth")], QStringLiteral("3000.5"));
+
+    main.fitTreeWidth(5000);
+    EXPECT_EQ(main.tvProjectContent.Width, 3000.5);
+}
+
 } // namespace
