@@ -192,17 +192,4 @@ TEST_P(TreeWidthTest, TheTreeFitsItsNamesUntilTheUserGivesItAWidth)
 INSTANTIATE_TEST_SUITE_P(Widths, TreeWidthTest, ::testing::ValuesIn(kTreeWidthCases),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(MainWindowTest, AReleasedSplitterStoresTheTreeWidthAndEndsTheFitting)
-{
-    main.ScaleHeight = 6210;
-    main.Form_Resize();
-    main.imgSplitter_MouseDown();
-    main.imgSplitter_MouseMove(1000.5);
-    main.imgSplitter_MouseUp();
-    EXPECT_EQ(platform.settings[QStringLiteral("Settings/MainTreeWidth")], QStringLiteral("3000.5"));
-
-    main.fitTreeWidth(5000);
-    EXPECT_EQ(main.tvProjectContent.Width, 3000.5);
-}
-
 } // namespace
