@@ -11,13 +11,9 @@
 
 namespace {
 
-const QString Module = QStringLiteral("VORNAMain");
 const QString Status = QStringLiteral("Status");
 
-QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
-{
-    return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
-}
+const ModuleText T {"VORNAMain"};
 
 QDate Today(VORNAGlobal& g)
 {

@@ -46,7 +46,7 @@ bool ReadRegisters(VORNAGlobal& g, int fn, int address, int count, CommBuffer& r
 
 QString ModelCodeText(int highByte, int lowByte)
 {
-    // The power of two as the program's number-to-text makes it: 15 significant digits.
+    // The power of two written as the platform writes a number: 15 significant digits.
     const QString power = QString::number(std::pow(2.0, lowByte), 'g', 15).toUpper();
     switch (highByte) {
     case 64:

@@ -2,7 +2,6 @@
 
 #include <QRegularExpression>
 
-#include "FormText.h"
 #include "MenuDesign.h"
 #include "ProjectFiles.h"
 #include "UnhandledError.h"
@@ -143,7 +142,8 @@ double settingSingle(VORNAGlobal& g, const char* key, const char* defaultValue)
 } // namespace
 
 frmMain::frmMain(VORNAGlobal& g)
-    : CommCtl(g.platform)
+    : FormModel(g.ml, kFormTexts)
+    , CommCtl(g.platform)
     , m_g(g)
 {
     m_g.link.CommCtl = &CommCtl;
@@ -207,7 +207,6 @@ std::span<const FormTextPath> frmMain::formTexts() const
 
 void frmMain::Form_Load()
 {
-    ApplyFormText(m_g.ml, *this);
     Left = settingSingle(m_g, "MainLeft", "200");
     Top = settingSingle(m_g, "MainTop", "200");
     Width = settingSingle(m_g, "MainWidth", "10800");

@@ -106,7 +106,7 @@ TEST_F(CoreTest, SplashAndAboutTakeTheirCaptionsFromTheFormTable)
 {
     start();
     frmSplash splash(g);
-    splash.Form_Load();
+    splash.Load();
     EXPECT_EQ(splash.Label1.Caption, QStringLiteral("適用機型: "));
     EXPECT_EQ(splash.lblProductName.Caption, QStringLiteral("簡訊報警機   設定工具"));
     EXPECT_EQ(splash.lblVersion.Caption,
@@ -117,7 +117,7 @@ TEST_F(CoreTest, SplashAndAboutTakeTheirCaptionsFromTheFormTable)
     EXPECT_EQ(splash.Label3.Caption, QStringLiteral("Contignration Utility"));
 
     frmAbout about(g);
-    about.Form_Load();
+    about.Load();
     EXPECT_EQ(about.Caption, QStringLiteral("關於 GSM Pellamatic"));
     EXPECT_EQ(about.lblVersion.Caption,
         QStringLiteral("版本:%1.%2.%3")
