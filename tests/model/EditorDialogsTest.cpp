@@ -61,7 +61,6 @@ struct KeyInCase
 
 const KeyInCase KeyInCases[] = {
     {"blanks around the text are removed", "  abc  ", true, "abc"},
-    {"blanks alone give the empty string", "   ", true, ""},
     {"cancel gives the cancel mark", "abc", false, "連絡人按下取消鍵"},
     {"typing the cancel mark is taken for cancel", "連絡人按下取消鍵", true, "連絡人按下取消鍵"},
 };

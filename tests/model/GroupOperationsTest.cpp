@@ -71,10 +71,6 @@ const AnswerCase AnswerCases[] = {
     {"blanks around the name are removed", "  A  ", "A"},
     {"blanks alone are empty", "   ", nullptr, "新增連絡人群組名稱不得為空白。\r\n新增連絡人群組失敗。",
         "新增連絡人群組失敗"},
-    {"a reserved name is refused", "all", nullptr,
-        "不合法的使用者群組名稱！\r\n本使用者群組名稱[all]不得和以下名稱相同:\r\n"
-        "[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]",
-        "不合法的使用者群組名稱"},
     {"a name taken in another case is refused", "usergroup1", nullptr,
         "本使用者群組名稱[usergroup1]已經存在。", "本使用者群組名稱已經存在"},
 };
