@@ -31,7 +31,8 @@ public:
 // and implements its handlers under their own names; a view (or a test) reads that state.
 // Forms are shown and hidden through the platform port, which loads a form on its first
 // showing and keeps it loaded until it is unloaded. A form given the form table takes its
-// captions from it at each load, before its Form_Load: they are never typed in the form.
+// captions from it at each load, before its Form_Load; it types a caption only for a
+// control that has no row.
 class FormModel
 {
 public:
