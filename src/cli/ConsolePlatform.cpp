@@ -23,20 +23,34 @@ struct Button
     int answer;
 };
 
-// The buttons of the button sets the program uses, in the order a box shows them.
+// The word a box's button is answered with.
+QString ButtonWord(int answer)
+{
+    switch (answer) {
+    case MsgBox::OK:
+        return QStringLiteral("OK");
+    case MsgBox::Abort:
+        return QStringLiteral("Abort");
+    case MsgBox::Retry:
+        return QStringLiteral("Retry");
+    case MsgBox::Ignore:
+        return QStringLiteral("Ignore");
+    case MsgBox::Yes:
+        return QStringLiteral("Yes");
+    case MsgBox::No:
+        return QStringLiteral("No");
+    default:
+        return QStringLiteral("Cancel");
+    }
+}
+
+// The box's buttons, in the order it shows them.
 std::vector<Button> ButtonsOf(int flags)
 {
-    switch (flags & MsgBox::ButtonMask) {
-    case MsgBox::OKCancel:
-        return {{QStringLiteral("OK"), MsgBox::OK}, {QStringLiteral("Cancel"), MsgBox::Cancel}};
-    case MsgBox::YesNoCancel:
-        return {{QStringLiteral("Yes"), MsgBox::Yes}, {QStringLiteral("No"), MsgBox::No},
-            {QStringLiteral("Cancel"), MsgBox::Cancel}};
-    case MsgBox::YesNo:
-        return {{QStringLiteral("Yes"), MsgBox::Yes}, {QStringLiteral("No"), MsgBox::No}};
-    default:
-        return {{QStringLiteral("OK"), MsgBox::OK}};
-    }
+    std::vector<Button> buttons;
+    for (int answer : MsgBox::Buttons(flags))
+        buttons.push_back({ButtonWord(answer), answer});
+    return buttons;
 }
 
 QString IconWord(int flags)

@@ -47,7 +47,6 @@ void ReadCommSettings(VORNAGlobal& g, const QString& FilePath)
 
 QString SettingsText(VORNAGlobal& g)
 {
-    const QString CRLF = QStringLiteral("\r\n");
     const MLUtil& ml = g.ml;
     QString text;
     text += QStringLiteral("[Comm]") + CRLF;

@@ -11,13 +11,9 @@
 
 namespace {
 
-const QString Module = QStringLiteral("VORNAMain");
 const QString Status = QStringLiteral("Status");
 
-QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
-{
-    return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
-}
+const ModuleText T {"VORNAMain"};
 
 QDate Today(VORNAGlobal& g)
 {
@@ -53,8 +49,8 @@ FileDialogOptions DialogOptions(
     return options;
 }
 
-// Shows the dialog and restores the current directory, as the program's relative
-// folders depend on it. Nothing means the user cancelled.
+// Shows the dialog and restores the current directory, which the relative folders of the
+// profile and the dialogs are read against. Nothing means the user cancelled.
 std::optional<QString> ShowFileDialog(VORNAGlobal& g, const FileDialogOptions& options, bool save)
 {
     std::optional<QString> chosen = save ? g.platform.showSave(options) : g.platform.showOpen(options);
@@ -148,7 +144,7 @@ void OpenProjectTables(VORNAGlobal& g, const QString& FilePath)
 
 void CloseProjectTables(VORNAGlobal& g)
 {
-    // No test of state: closing tables that are not open is an error of the program.
+    // No test of state: closing tables that are not open is an unhandled error.
     for (Recordset* rs :
         {&g.project.rsBasic, &g.project.rsUserGroups, &g.project.rsUsers, &g.project.rsZones}) {
         rs->Close();

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <map>
+#include <utility>
 
 #include <QString>
 
 #include "ADOUtil.h"
+#include "FormSet.h"
 #include "MLUtil.h"
 #include "Platform.h"
-#include "ProjectDialogs.h"
 #include "ProjectView.h"
 #include "StoreText.h"
 #include "VBArray.h"
@@ -33,7 +34,7 @@ struct CommonDialogState
     QString FileName;
 };
 
-// The running program: its facts, its folder and the one common dialog.
+// The running tool: its facts, its folder and the one common dialog.
 struct ProgramState
 {
     AppInfo App;
@@ -96,8 +97,8 @@ struct LinkState
     frmMessage* BusyForm = nullptr;
 };
 
-// The program's shared state: one instance, owned by the entry point. Its members are
-// grouped by owner, so that a module can take only the part it works on.
+// The shared state: one instance, owned by the entry point. Its members are grouped by
+// owner, so that a module can take only the part it works on.
 class VORNAGlobal
 {
 public:
@@ -125,9 +126,8 @@ public:
     ProjectView& view() const { return m_view ? *m_view : NullProjectView::instance(); }
     void setView(ProjectView* view) { m_view = view; }
 
-    // The editor dialogs as the operations see them; none until they are wired.
-    ProjectDialogs& dialogs() const { return m_dialogs ? *m_dialogs : NullProjectDialogs::instance(); }
-    void setDialogs(ProjectDialogs* dialogs) { m_dialogs = dialogs; }
+    // The one instance of a form, made with this state at its first use.
+    template<class Form> Form& form() { return m_forms.get<Form>(*this); }
 
     QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName) const
     {
@@ -136,5 +136,27 @@ public:
 
 private:
     ProjectView* m_view = nullptr;
-    ProjectDialogs* m_dialogs = nullptr;
+    FormSet m_forms;
+};
+
+// Opens a dialog as every caller does: LoadFormObj with the arguments, then shown modally
+// until it hides itself. Its answer is then in its members.
+template<class Form, class... Args> Form& ShowDialog(VORNAGlobal& g, Args&&... args)
+{
+    Form& form = g.form<Form>();
+    form.LoadFormObj(std::forward<Args>(args)...);
+    g.platform.showModal(form);
+    return form;
+}
+
+// The message lookup of one module: a source file names its module once,
+//     const ModuleText T {"EditZoneList"};
+// and asks T(g, "default text", seq, id).
+struct ModuleText
+{
+    const char* module;
+    QString operator()(const VORNAGlobal& g, const char* defaultText, int seq, int id) const
+    {
+        return g.GetText(QString::fromUtf8(defaultText), seq, id, QString::fromLatin1(module));
+    }
 };

@@ -1,6 +1,5 @@
 #include "frmAbout.h"
 
-#include "FormText.h"
 #include "VORNAGlobal.h"
 
 namespace {
@@ -10,23 +9,13 @@ const FormTextPath kFormTexts[] = {{""}, {"cmdOK"}, {"Label1"}, {"lblTitle"}, {"
 } // namespace
 
 frmAbout::frmAbout(VORNAGlobal& g)
-    : m_g(g)
-{
-    Caption = QStringLiteral("關於 GSM Pellamatic");
-    cmdOK.Caption = QStringLiteral("確定");
-    Label1.Caption = QStringLiteral("簡訊報警機 ");
-    lblTitle.Caption = QStringLiteral("2G/3G Quillbeacon");
-    lblVersion.Caption = QStringLiteral("版本:");
-}
+    : FormModel(g.ml, kFormTexts)
+    , m_g(g)
+{ }
 
-std::span<const FormTextPath> frmAbout::formTexts() const
-{
-    return kFormTexts;
-}
-
+// The version follows the caption that the form table gives.
 void frmAbout::Form_Load()
 {
-    ApplyFormText(m_g.ml, *this);
     lblVersion.Caption += QStringLiteral("%1.%2.%3")
                               .arg(m_g.program.App.Major)
                               .arg(m_g.program.App.Minor)

@@ -12,7 +12,6 @@ class frmAbout : public FormModel
 public:
     explicit frmAbout(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmAbout"); }
-    std::span<const FormTextPath> formTexts() const override;
 
     // Opens the register service window; handed over by the entry point.
     std::function<void()> openServiceWindow;

@@ -1,6 +1,5 @@
 #include "frmSplash.h"
 
-#include "FormText.h"
 #include "VORNAGlobal.h"
 
 namespace {
@@ -12,24 +11,14 @@ const FormTextPath kFormTexts[]
 } // namespace
 
 frmSplash::frmSplash(VORNAGlobal& g)
-    : m_g(g)
+    : FormModel(g.ml, kFormTexts)
+    , m_g(g)
 {
-    Label1.Caption = QStringLiteral("適用機型: ");
-    Label2.Caption = QStringLiteral("VORNA-RM64MT");
     Label3.Caption = QStringLiteral("Contignration Utility");
-    lblProductName.Caption = QStringLiteral("簡訊報警機   設定工具");
-    lblCompanyProduct.Caption = QStringLiteral("2G/3G Quillbeacon");
-    lblVersion.Caption = QStringLiteral("版本");
-}
-
-std::span<const FormTextPath> frmSplash::formTexts() const
-{
-    return kFormTexts;
 }
 
 void frmSplash::Form_Load()
 {
-    ApplyFormText(m_g.ml, *this);
     m_clicked = false;
     lblVersion.Caption = QStringLiteral("Version %1.%2.%3")
                              .arg(m_g.program.App.Major)

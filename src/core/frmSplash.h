@@ -11,7 +11,6 @@ class frmSplash : public FormModel
 public:
     explicit frmSplash(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmSplash"); }
-    std::span<const FormTextPath> formTexts() const override;
 
     void Form_Load() override;
     void fraMainFrame_Click() { Control_Click(); }

@@ -10,8 +10,6 @@
 
 namespace {
 
-const QString CRLF = QStringLiteral("\r\n");
-
 constexpr std::array<quint16, 256> MakeCrcTable()
 {
     std::array<quint16, 256> table {};

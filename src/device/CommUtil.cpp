@@ -8,7 +8,6 @@
 
 namespace {
 
-const QString CRLF = QStringLiteral("\r\n");
 const QString CommErrorTitle = QStringLiteral("Communicaiton Error");
 const QString CheckSettingsLine
     = QStringLiteral("Please check cable connection and communicaiton parameter settings.");

@@ -12,7 +12,7 @@
 
 namespace {
 
-const QString Module = QStringLiteral("VORNACommUtil");
+const ModuleText T {"VORNACommUtil"};
 const QString Unknown = QStringLiteral("UnKnown");
 
 frmMessage& BusyForm(VORNAGlobal& g)
@@ -46,7 +46,7 @@ bool ReadRegisters(VORNAGlobal& g, int fn, int address, int count, CommBuffer& r
 
 QString ModelCodeText(int highByte, int lowByte)
 {
-    // The power of two as the program's number-to-text makes it: 15 significant digits.
+    // The power of two written as the platform writes a number: 15 significant digits.
     const QString power = QString::number(std::pow(2.0, lowByte), 'g', 15).toUpper();
     switch (highByte) {
     case 64:
@@ -123,8 +123,7 @@ bool ReadProductSN(VORNAGlobal& g, QString& serialNo)
 bool ReadDeviceComm(VORNAGlobal& g, DeviceInfo& info, bool showBusy)
 {
     if (showBusy) {
-        ShowBusyMessage(g, g.GetText(QStringLiteral("裝置通訊設定"), 1, 833, Module),
-            g.GetText(QStringLiteral("讀取裝置通訊設定中..."), 2, 833, Module));
+        ShowBusyMessage(g, T(g, "裝置通訊設定", 1, 833), T(g, "讀取裝置通訊設定中...", 2, 833));
         g.platform.doEvents();
     }
     bool result = false;
@@ -178,8 +177,7 @@ bool WriteDeviceComm(VORNAGlobal& g, const QString& model, const QString& slaveI
     if (!comm.PortOpen())
         EnsureCommOpen(g, comm);
     if (showBusy) {
-        ShowBusyMessage(g, g.GetText(QStringLiteral("裝置通訊設定"), 1, 773, Module),
-            g.GetText(QStringLiteral("設定裝置通訊參數中..."), 2, 773, Module));
+        ShowBusyMessage(g, T(g, "裝置通訊設定", 1, 773), T(g, "設定裝置通訊參數中...", 2, 773));
         g.platform.doEvents();
     }
     CommBuffer cmd(13);

@@ -10,12 +10,7 @@
 
 namespace {
 
-const QString CRLF = QStringLiteral("\r\n");
-
-QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
-{
-    return g.GetText(QString::fromUtf8(defaultText), seq, id, QStringLiteral("VORNACommUtil"));
-}
+const ModuleText T {"VORNACommUtil"};
 
 bool SendClearRequest(VORNAGlobal& g, quint8 subFunction)
 {

@@ -12,8 +12,6 @@
 
 namespace {
 
-const QString CRLF = QStringLiteral("\r\n");
-
 // The 8-bit code of one character; a character that takes two bytes has a code above
 // 255, which no byte field takes.
 int CharCode(VORNAGlobal& g, QChar ch)

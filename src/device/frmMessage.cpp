@@ -1,6 +1,5 @@
 #include "frmMessage.h"
 
-#include "FormText.h"
 #include "VORNAGlobal.h"
 
 namespace {
@@ -9,15 +8,9 @@ const FormTextPath kFormTexts[] = {{""}, {"lblMessage"}};
 
 } // namespace
 
-std::span<const FormTextPath> frmMessage::formTexts() const
-{
-    return kFormTexts;
-}
-
-void frmMessage::Form_Load()
-{
-    ApplyFormText(m_g.ml, *this);
-}
+frmMessage::frmMessage(VORNAGlobal& g)
+    : FormModel(g.ml, kFormTexts)
+{ }
 
 void frmMessage::LoadFormObj(const QString& tmpCaption, const QString& tmpMessage)
 {

@@ -11,17 +11,10 @@ class VORNAGlobal;
 class frmMessage : public FormModel
 {
 public:
-    explicit frmMessage(VORNAGlobal& g)
-        : m_g(g)
-    { }
+    explicit frmMessage(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmMessage"); }
-    std::span<const FormTextPath> formTexts() const override;
 
     Label lblMessage {*this, "lblMessage"};
 
-    void Form_Load() override;
     void LoadFormObj(const QString& tmpCaption, const QString& tmpMessage);
-
-private:
-    VORNAGlobal& m_g;
 };

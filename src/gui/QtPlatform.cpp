@@ -23,28 +23,26 @@
 
 namespace {
 
-struct ButtonSet
-{
-    QList<QMessageBox::StandardButton> buttons;
-    bool hasCancel;
-};
+// The toolkit's button for each answer of a box.
+constexpr std::pair<int, QMessageBox::StandardButton> kButtons[] = {{MsgBox::OK, QMessageBox::Ok},
+    {MsgBox::Cancel, QMessageBox::Cancel}, {MsgBox::Abort, QMessageBox::Abort},
+    {MsgBox::Retry, QMessageBox::Retry}, {MsgBox::Ignore, QMessageBox::Ignore},
+    {MsgBox::Yes, QMessageBox::Yes}, {MsgBox::No, QMessageBox::No}};
 
-ButtonSet buttonsFor(int flags)
+QMessageBox::StandardButton buttonOf(int answer)
 {
-    switch (flags & MsgBox::ButtonMask) {
-    case MsgBox::OKCancel:
-        return {{QMessageBox::Ok, QMessageBox::Cancel}, true};
-    case 2:
-        return {{QMessageBox::Abort, QMessageBox::Retry, QMessageBox::Ignore}, false};
-    case MsgBox::YesNoCancel:
-        return {{QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}, true};
-    case MsgBox::YesNo:
-        return {{QMessageBox::Yes, QMessageBox::No}, false};
-    case 5:
-        return {{QMessageBox::Retry, QMessageBox::Cancel}, true};
-    default:
-        return {{QMessageBox::Ok}, false};
-    }
+    for (const auto& [a, button] : kButtons)
+        if (a == answer)
+            return button;
+    return QMessageBox::NoButton;
+}
+
+int answerOf(QMessageBox::StandardButton button)
+{
+    for (const auto& [answer, b] : kButtons)
+        if (b == button)
+            return answer;
+    return MsgBox::Cancel;
 }
 
 QMessageBox::Icon iconFor(int flags)
@@ -60,28 +58,6 @@ QMessageBox::Icon iconFor(int flags)
         return QMessageBox::Information;
     default:
         return QMessageBox::NoIcon;
-    }
-}
-
-int answerOf(QMessageBox::StandardButton button)
-{
-    switch (button) {
-    case QMessageBox::Ok:
-        return MsgBox::OK;
-    case QMessageBox::Cancel:
-        return MsgBox::Cancel;
-    case QMessageBox::Abort:
-        return 3;
-    case QMessageBox::Retry:
-        return 4;
-    case QMessageBox::Ignore:
-        return 5;
-    case QMessageBox::Yes:
-        return MsgBox::Yes;
-    case QMessageBox::No:
-        return MsgBox::No;
-    default:
-        return MsgBox::Cancel;
     }
 }
 
@@ -167,19 +143,20 @@ QString QtPlatform::QtFilter(const QString& filter)
 
 int QtPlatform::msgBox(const QString& text, int flags, const QString& title)
 {
-    const ButtonSet set = buttonsFor(flags);
+    const std::span<const int> answers = MsgBox::Buttons(flags);
+    const bool hasCancel = MsgBox::HasButton(flags, MsgBox::Cancel);
     QMessageBox box(iconFor(flags), title, text, QMessageBox::NoButton, dialogParent());
-    for (QMessageBox::StandardButton b : set.buttons)
-        box.addButton(b);
-    box.setDefaultButton(set.buttons.first());
-    if (set.hasCancel)
+    for (int answer : answers)
+        box.addButton(buttonOf(answer));
+    box.setDefaultButton(buttonOf(answers.front()));
+    if (hasCancel)
         box.setEscapeButton(QMessageBox::Cancel);
-    else if (set.buttons.size() == 1)
-        box.setEscapeButton(set.buttons.first());
+    else if (answers.size() == 1)
+        box.setEscapeButton(buttonOf(answers.front()));
     box.exec();
     QAbstractButton* clicked = box.clickedButton();
     if (!clicked)
-        return set.hasCancel ? MsgBox::Cancel : answerOf(set.buttons.first());
+        return hasCancel ? MsgBox::Cancel : answers.front();
     return answerOf(box.standardButton(clicked));
 }
 

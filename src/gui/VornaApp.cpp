@@ -17,41 +17,48 @@
 #include "UnhandledError.h"
 #include "VORNAMain.h"
 #include "VornaApplication.h"
+#include "frmAddUser.h"
+#include "frmAllUserGroups.h"
+#include "frmEditGroupList.h"
+#include "frmEditTelList.h"
+#include "frmEditZoneList.h"
+#include "frmKeyInString.h"
 
 VornaApp::VornaApp(QtPlatform& platform)
     : g(platform)
-    , splash(g)
-    , mainForm(g)
-    , about(g)
-    , message(g)
-    , projectForms(g)
+    , splash(g.form<frmSplash>())
+    , mainForm(g.form<frmMain>())
+    , about(g.form<frmAbout>())
+    , message(g.form<frmMessage>())
     , m_platform(platform)
 {
     g.link.BusyForm = &message;
-    g.setDialogs(&projectForms);
     mainForm.about = &about;
-    addView<SplashView>(splash);
-    addView<MainWindowView>(mainForm);
-    addView<AboutView>(about);
-    addView<MessageView>(message);
-    addView<KeyInStringView>(projectForms.keyInString);
-    addView<EditGroupListView>(projectForms.editGroupList);
-    addView<EditZoneListView>(projectForms.editZoneList);
-    addView<EditTelListView>(projectForms.editTelList);
-    addView<AllUserGroupsView>(projectForms.allUserGroups);
-    addView<AddUserView>(projectForms.addUser);
+    // The one list of forms: a form is shown through the platform by any code that asks the
+    // shared state for it; here it gets its view.
+    addView<frmSplash, SplashView>();
+    addView<frmMain, MainWindowView>();
+    addView<frmAbout, AboutView>();
+    addView<frmMessage, MessageView>();
+    addView<frmKeyInString, KeyInStringView>();
+    addView<frmEditGroupList, EditGroupListView>();
+    addView<frmEditZoneList, EditZoneListView>();
+    addView<frmEditTelList, EditTelListView>();
+    addView<frmAllUserGroups, AllUserGroupsView>();
+    addView<frmAddUser, AddUserView>();
 }
 
 VornaApp::~VornaApp()
 {
     m_platform.dropViews();
     g.setView(nullptr);
-    g.setDialogs(nullptr);
     g.link.BusyForm = nullptr;
 }
 
-template<class View, class Model> void VornaApp::addView(Model& form)
+template<class Model, class View> void VornaApp::addView()
 {
+    Model& form = g.form<Model>();
+    m_forms.push_back(&form);
     m_platform.addForm(form.formName(), [](FormModel& model, QWidget* parent) -> FormView* {
         return new View(static_cast<Model&>(model), parent);
     });
@@ -60,14 +67,6 @@ template<class View, class Model> void VornaApp::addView(Model& form)
 MainWindowView* VornaApp::mainView() const
 {
     return dynamic_cast<MainWindowView*>(m_platform.existingView(mainForm.formName()));
-}
-
-std::vector<FormModel*> VornaApp::forms()
-{
-    std::vector<FormModel*> all {&splash, &mainForm, &about, &message};
-    for (FormModel* form : projectForms.forms())
-        all.push_back(form);
-    return all;
 }
 
 void VornaApp::Main(const StartOptions& options)

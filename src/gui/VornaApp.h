@@ -4,7 +4,6 @@
 
 #include <QString>
 
-#include "ProjectForms.h"
 #include "VORNAGlobal.h"
 #include "frmAbout.h"
 #include "frmMain.h"
@@ -17,14 +16,14 @@ class MainWindowView;
 
 struct StartOptions
 {
-    // The program's folder; empty for the folder of the running program.
+    // The program folder; empty for the folder of the running executable.
     QString appPath;
     // False skips the splash wait (tests and benchmarks).
     bool waitForSplash = true;
 };
 
-// The program: its shared state, one instance of each form model and their views, and
-// Main's start order.
+// VORNA in its window: the shared state, which holds one instance of each form, the list of
+// the forms with their views, and Main's start order.
 class VornaApp
 {
 public:
@@ -37,21 +36,22 @@ public:
     void Main(const StartOptions& options);
 
     VORNAGlobal g;
-    frmSplash splash;
-    frmMain mainForm;
-    frmAbout about;
-    frmMessage message;
-    ProjectForms projectForms;
+    // The forms that start-up wires.
+    frmSplash& splash;
+    frmMain& mainForm;
+    frmAbout& about;
+    frmMessage& message;
 
     // The main window's view, once it is shown.
     MainWindowView* mainView() const;
-    // Every form of the program, each with a view that the platform makes on its first showing.
-    std::vector<FormModel*> forms();
+    // Every form, each with a view that the platform makes on its first showing.
+    const std::vector<FormModel*>& forms() const { return m_forms; }
 
 private:
-    template<class View, class Model> void addView(Model& form);
+    template<class Model, class View> void addView();
 
     QtPlatform& m_platform;
+    std::vector<FormModel*> m_forms;
 };
 
 // Main, then the event loop; returns the loop's exit code. A failure in the start steps

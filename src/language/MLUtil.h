@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ADOUtil.h"
+#include "FormModel.h"
 
 class Platform;
 
@@ -47,7 +48,7 @@ QString LanguageForLocale(const QString& localeName);
 // The language layer: which language is shown, the language database, and the two
 // lookups through which every text of the program passes. One instance, owned by the
 // program's shared state.
-class MLUtil
+class MLUtil : public FormTextTable
 {
 public:
     explicit MLUtil(Platform& platform)
@@ -94,7 +95,7 @@ public:
 
     QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName) const;
     QString GetFormText(
-        const QString& FormName, const QString& Objectpath, const QString& PropertyName) const;
+        const QString& FormName, const QString& Objectpath, const QString& PropertyName) const override;
     QString FindText(const QString& ModuleName, int ID, int Seq) const;
     QString FindFormText(
         const QString& FormName, const QString& Objectpath, const QString& PropertyName) const;

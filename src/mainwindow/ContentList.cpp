@@ -1,21 +1,19 @@
 #include "ADOUtil.h"
 #include "ProjectTree.h"
+#include "UnhandledError.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
+#include "frmEditGroupList.h"
+#include "frmEditTelList.h"
+#include "frmEditZoneList.h"
 #include "frmMain.h"
 
 namespace {
 
-const QString Module = QStringLiteral("VORNAMain");
-const QString CRLF = QStringLiteral("\r\n");
-
 // Width of a column added without one, as the list control gives it.
 constexpr double DefaultColumnWidth = 1440;
 
-QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
-{
-    return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
-}
+const ModuleText T {"VORNAMain"};
 
 // A column of a table view: its text and width when the table is empty, and when it has
 // records. The zone columns differ between the two by design.
@@ -230,16 +228,17 @@ void frmMain::lvNodeContent_DblClick()
     if (count != 1) {
         if (Items(1) == QLatin1String("Users") && count >= 2) {
             LocateCurRecord(Items, count, found);
-            m_g.dialogs().showEditTelList();
+            ShowDialog<frmEditTelList>(m_g);
         } else if (Items(1) == QLatin1String("Zones") && count >= 2) {
             LocateCurRecord(Items, count, found);
-            m_g.dialogs().showEditZoneList();
+            ShowDialog<frmEditZoneList>(m_g);
         }
         return;
     }
 
     // On the project sheet a row leads to its branch, matched by its word or its default
     // caption only; the three cases differ in caption lookup and selection on purpose.
+    // A branch is found by its Key; none of that Key is an unhandled error.
     auto openBranch = [&](const QString& key) {
         for (int i = 0; i < static_cast<int>(tv.Nodes.size()); ++i) {
             if (tv.Nodes[i].Key == key) {
@@ -248,6 +247,7 @@ void frmMain::lvNodeContent_DblClick()
                 return;
             }
         }
+        throw UnhandledError(QStringLiteral("Element not found"));
     };
     const bool onRoot = Items(1) == QLatin1String("ProjName");
     QString& caption = lbllvNodeContentCaption.Caption;
@@ -260,7 +260,7 @@ void frmMain::lvNodeContent_DblClick()
         caption = T(m_g, "連絡人內容:", 1, 1121) + Items(2);
         Items(2) = rowText;
         LocateCurRecord(Items, 2, found);
-        m_g.dialogs().showEditTelList();
+        ShowDialog<frmEditTelList>(m_g);
     }
     if (onRoot && (rowText == QLatin1String("Groups") || rowText == QStringLiteral("群組"))) {
         caption = T(m_g, "連絡人群組", 1, 1113);
@@ -269,7 +269,7 @@ void frmMain::lvNodeContent_DblClick()
     } else if (Items(1) == QLatin1String("UserGroups")) {
         Items(2) = rowText;
         LocateCurRecord(Items, 2, found);
-        m_g.dialogs().showEditGroupList(false);
+        ShowDialog<frmEditGroupList>(m_g, false);
     }
     if (onRoot && (rowText == QStringLiteral("警報區") || rowText == QLatin1String("Zones"))) {
         caption = T(m_g, "警報區域", 1, 1125);

@@ -1,6 +1,9 @@
 #include "ProjectTree.h"
 #include "VORNAGlobal.h"
 #include "VORNAUtil.h"
+#include "frmEditGroupList.h"
+#include "frmEditTelList.h"
+#include "frmEditZoneList.h"
 #include "frmMain.h"
 
 namespace {
@@ -94,17 +97,17 @@ void frmMain::mnuProjAddTelList_Click()
 
 void frmMain::mnuProjEditGroupList_Click()
 {
-    m_g.dialogs().showEditGroupList(false);
+    ShowDialog<frmEditGroupList>(m_g, false);
 }
 
 void frmMain::mnuProjEditTelList_Click()
 {
-    m_g.dialogs().showEditTelList();
+    ShowDialog<frmEditTelList>(m_g);
 }
 
 void frmMain::mnuProjEditZoneList_Click()
 {
-    m_g.dialogs().showEditZoneList();
+    ShowDialog<frmEditZoneList>(m_g);
 }
 
 void frmMain::mnuProjDeleteGroupList_Click()

@@ -3,16 +3,14 @@
 #include "ADOUtil.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
+#include "frmEditGroupList.h"
+#include "frmEditTelList.h"
+#include "frmEditZoneList.h"
 #include "frmMain.h"
 
 namespace {
 
-const QString Module = QStringLiteral("VORNAMain");
-
-QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
-{
-    return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
-}
+const ModuleText T {"VORNAMain"};
 
 // A suspended contact or zone is grey, any other black; the store's default reads as False.
 quint32 DisableColor(const Recordset& rs)
@@ -125,13 +123,13 @@ void frmMain::tvProjectContent_DblClick()
     // contact's name keeps its editor shut, while a group's opens.
     if (Items(1) == QLatin1String("Users") && count == 2) {
         LocateCurRecord(Items, count, found);
-        m_g.dialogs().showEditTelList();
+        ShowDialog<frmEditTelList>(m_g);
     } else if (Items(1) == QLatin1String("UserGroups") && count >= 2) {
         LocateCurRecord(Items, count, found);
-        m_g.dialogs().showEditGroupList(false);
+        ShowDialog<frmEditGroupList>(m_g, false);
     } else if (Items(1) == QLatin1String("Zones") && count >= 2) {
         LocateCurRecord(Items, count, found);
-        m_g.dialogs().showEditZoneList();
+        ShowDialog<frmEditZoneList>(m_g);
     }
 }
 

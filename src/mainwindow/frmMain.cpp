@@ -6,7 +6,6 @@
 
 #include <QRegularExpression>
 
-#include "FormText.h"
 #include "MenuDesign.h"
 #include "ProjectFiles.h"
 #include "UnhandledError.h"
@@ -26,12 +25,16 @@ const FormTextPath kControlTexts[] = {
     {"sbStatusBar.Panels(3)", "Text"},
 };
 
-std::vector<FormTextPath> FormTexts()
+// The window's own rows, then a row for each menu entry that has one, in the menu table's order.
+std::span<const FormTextPath> FormTexts()
 {
-    std::vector<FormTextPath> texts(std::begin(kControlTexts), std::end(kControlTexts));
-    for (const MenuDesign& d : MenuDesigns())
-        if (d.formText)
-            texts.push_back({d.name});
+    static const std::vector<FormTextPath> texts = [] {
+        std::vector<FormTextPath> all(std::begin(kControlTexts), std::end(kControlTexts));
+        for (const MenuDesign& d : MenuDesigns())
+            if (d.formText)
+                all.push_back({d.name});
+        return all;
+    }();
     return texts;
 }
 
@@ -77,7 +80,8 @@ double single(const QString& text)
 } // namespace
 
 frmMain::frmMain(VORNAGlobal& g)
-    : CommCtl(g.platform)
+    : FormModel(g.ml, FormTexts())
+    , CommCtl(g.platform)
     , m_g(g)
 {
     m_g.link.CommCtl = &CommCtl;
@@ -134,15 +138,8 @@ Panel& frmMain::panel(const QString& key)
     throw UnhandledError(QStringLiteral("Element not found: ") + key);
 }
 
-std::span<const FormTextPath> frmMain::formTexts() const
-{
-    static const std::vector<FormTextPath> texts = FormTexts();
-    return texts;
-}
-
 void frmMain::Form_Load()
 {
-    ApplyFormText(m_g.ml, *this);
     Left = single(storedSetting(m_g, "MainLeft", "200"));
     Top = single(storedSetting(m_g, "MainTop", "200"));
     Width = single(storedSetting(m_g, "MainWidth", "10800"));

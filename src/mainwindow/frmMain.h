@@ -57,7 +57,6 @@ public:
     const Menu& menu(const QString& name) const;
     Panel& panel(const QString& key);
 
-    std::span<const FormTextPath> formTexts() const override;
     void Form_Load() override;
     void LoadFormObj();
     void RefreshFormObj() override;

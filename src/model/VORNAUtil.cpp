@@ -4,17 +4,15 @@
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "ValidUtil.h"
+#include "frmAddUser.h"
+#include "frmEditGroupList.h"
+#include "frmEditTelList.h"
+#include "frmKeyInString.h"
 
 namespace {
 
-const QString Module = QStringLiteral("VORNAUtil");
-const QString CRLF = QStringLiteral("\r\n");
+const ModuleText T {"VORNAUtil"};
 const QString Status = QStringLiteral("Status");
-
-QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
-{
-    return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
-}
 
 // The first of Prefix1 to Prefix99 that no row holds (compared exactly), Prefix1 for an
 // empty table, and nothing when all 99 are taken.
@@ -48,7 +46,7 @@ void AppendLine(QString& text, const QString& line)
 QString KeyInString(VORNAGlobal& g, const QString& Caption, const QString& Prompt, const QString& Default,
     const QString& PasswordChar)
 {
-    return Trim(g.dialogs().showKeyInString(Caption, Prompt, Default, PasswordChar));
+    return Trim(ShowDialog<frmKeyInString>(g, Caption, Prompt, Default, PasswordChar).result);
 }
 
 bool AddUserGroup(VORNAGlobal& g)
@@ -83,7 +81,7 @@ bool AddUserGroup(VORNAGlobal& g)
     view.mklvNodeContent();
 
     // The row is already stored: Cancel in the editor keeps the group.
-    g.dialogs().showEditGroupList(true);
+    ShowDialog<frmEditGroupList>(g, true);
     view.mklvNodeContent();
 
     p.IsProjectModified = true;
@@ -227,7 +225,7 @@ void AddUser(VORNAGlobal& g)
         return;
     }
 
-    const ProjectDialogs::NewUser added = g.dialogs().showAddUser(proposal);
+    const frmAddUser& added = ShowDialog<frmAddUser>(g, proposal);
     // Cancel and an emptied name box both end here without a word.
     if (added.NewUserName.isEmpty())
         return;
@@ -252,7 +250,7 @@ void AddUser(VORNAGlobal& g)
     view.mklvNodeContent();
 
     // The row is already stored: Cancel in the editor keeps a contact without a number.
-    g.dialogs().showEditTelList();
+    ShowDialog<frmEditTelList>(g);
     view.mklvNodeContent();
     p.IsProjectModified = true;
 }
@@ -333,5 +331,27 @@ int FindNodeByTag(const ProjectView& view, const QString& Tag)
     for (int i = 0; i < count; ++i)
         if (view.nodeTag(i) == Tag)
             return i;
-    return -1;
+    throw UnhandledError(QStringLiteral("Object variable or With block variable not set"));
+}
+
+bool LocateRecord(ProjectView& view, const QString& kind, const QString& name)
+{
+    NodeTagItems Items;
+    Items(1) = kind;
+    Items(2) = name;
+    bool found = false;
+    view.LocateCurRecord(Items, 2, found);
+    return found;
+}
+
+QString ComboRowText(const QString& name, const QString& description)
+{
+    return description.isEmpty() ? name : name + u'(' + description + u')';
+}
+
+QString ComboRowName(const QString& text)
+{
+    if (text.isEmpty())
+        throw UnhandledError(QStringLiteral("Subscript out of range"));
+    return text.section(u'(', 0, 0);
 }

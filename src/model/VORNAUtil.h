@@ -24,8 +24,18 @@ qint16 CountTelNo(ProjectState& project);
 // The contacts with a name.
 qint16 CountUsers(ProjectState& project);
 
-// The first node, in collection order, whose Tag is exactly Tag; -1 for none.
+// The first node, in collection order, whose Tag is exactly Tag. Every caller goes on to use
+// the node, so none found is an unhandled error.
 int FindNodeByTag(const ProjectView& view, const QString& Tag);
+// Makes the record of a kind ("Users", "UserGroups", "Zones") and name the current row of its
+// shared recordset, through the window's LocateCurRecord; true when it was found.
+bool LocateRecord(ProjectView& view, const QString& kind, const QString& name);
+
+// A group or contact as a combo row shows it: the name, then its description in brackets
+// when it has one. The name is read back as the text up to the first "(", so a name holding
+// "(" is cut there; an empty text has no piece to read, an unhandled error.
+QString ComboRowText(const QString& name, const QString& description);
+QString ComboRowName(const QString& text);
 
 // frmKeyInString's question: the answer without the blanks around it, or the cancel mark.
 QString KeyInString(VORNAGlobal& g, const QString& Caption, const QString& Prompt, const QString& Default,

@@ -6,13 +6,7 @@
 
 namespace {
 
-const QString Module = QStringLiteral("ValidUtil");
-const QString CRLF = QStringLiteral("\r\n");
-
-QString T(VORNAGlobal& g, const char* defaultText, int seq, int id)
-{
-    return g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
-}
+const ModuleText T {"ValidUtil"};
 
 void Box(VORNAGlobal& g, const QString& text, const QString& title)
 {

@@ -10,8 +10,6 @@ class frmAddUser : public FormModel
 public:
     explicit frmAddUser(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmAddUser"); }
-    std::span<const FormTextPath> formTexts() const override;
-    void Form_Load() override;
 
     void LoadFormObj(const QString& ProposedName);
     void mkcmbUserGroups();

@@ -1,6 +1,5 @@
 #include "frmAllUserGroups.h"
 
-#include "FormText.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "VORNAUtil.h"
@@ -8,37 +7,25 @@
 
 namespace {
 
-const QString Module = QStringLiteral("frmAllUserGroups");
+const ModuleText T {"frmAllUserGroups"};
 
 const FormTextPath kFormTexts[] = {{""}, {"cmdAddGroup"}, {"cmbCancel"}, {"cmbOK"}, {"lblCaption"}};
 
 ListItem GroupRow(const Recordset& rs)
 {
-    return {NullToEmpty(rs.Fields(QStringLiteral("GroupName"))),
-        {NullToEmpty(rs.Fields(QStringLiteral("GroupDsc")))}};
+    return {FieldText(rs, "GroupName"), {FieldText(rs, "GroupDsc")}};
 }
 
 } // namespace
 
-frmAllUserGroups::frmAllUserGroups(VORNAGlobal& g, frmEditTelList& editTelList)
-    : m_g(g)
-    , m_editTelList(editTelList)
-{
-    Caption = QStringLiteral("群組");
-    lblCaption.Caption = QStringLiteral("現有的群組:");
-    cmdAddGroup.Caption = QStringLiteral("新增群組");
-    cmbOK.Caption = QStringLiteral("確定");
-    cmbCancel.Caption = QStringLiteral("取消");
-}
+frmAllUserGroups::frmAllUserGroups(VORNAGlobal& g)
+    : FormModel(g.ml, kFormTexts)
+    , m_g(g)
+{ }
 
-std::span<const FormTextPath> frmAllUserGroups::formTexts() const
+const frmEditTelList& frmAllUserGroups::contact() const
 {
-    return kFormTexts;
-}
-
-void frmAllUserGroups::Form_Load()
-{
-    ApplyFormText(m_g.ml, *this);
+    return m_g.form<frmEditTelList>();
 }
 
 void frmAllUserGroups::LoadFormObj()
@@ -64,7 +51,7 @@ void frmAllUserGroups::mklvUserGroupsContent()
 
     bool anyDifferent = false;
     for (ListItem& row : lvUserGroups.ListItems)
-        for (const ListItem& had : m_editTelList.lvGroupName.ListItems) {
+        for (const ListItem& had : contact().lvGroupName.ListItems) {
             if (row.Text.toUpper() == had.Text.toUpper())
                 row.ForeColor = SystemColor::GrayText;
             else
@@ -123,7 +110,7 @@ void frmAllUserGroups::lvUserGroups_DblClick()
     if (row < 0 || row >= static_cast<int>(lvUserGroups.ListItems.size()))
         return;
     const ListItem picked = lvUserGroups.ListItems[row];
-    for (const ListItem& had : m_editTelList.lvGroupName.ListItems) {
+    for (const ListItem& had : contact().lvGroupName.ListItems) {
         if (picked.Text.toUpper() == had.Text.toUpper()) {
             showDuplicateBox(173);
             return;
@@ -136,7 +123,7 @@ void frmAllUserGroups::lvUserGroups_DblClick()
 
 bool frmAllUserGroups::contactHas(const QString& GroupName) const
 {
-    for (const ListItem& had : m_editTelList.lvGroupName.ListItems)
+    for (const ListItem& had : contact().lvGroupName.ListItems)
         if (had.Text.toUpper() == GroupName.toUpper())
             return true;
     return false;
@@ -144,8 +131,7 @@ bool frmAllUserGroups::contactHas(const QString& GroupName) const
 
 void frmAllUserGroups::showDuplicateBox(int ID)
 {
-    m_g.platform.msgBox(m_g.GetText(QStringLiteral("群組不可重覆挑選!"), 1, ID, Module)
-            + QStringLiteral("\r\n") + m_g.GetText(QStringLiteral("群組早已加入至 "), 2, ID, Module)
-            + m_editTelList.lblTelUser.Caption,
-        MsgBox::Exclamation, m_g.GetText(QStringLiteral("群組不可重覆挑選!"), 3, ID, Module));
+    m_g.platform.msgBox(T(m_g, "群組不可重覆挑選!", 1, ID) + CRLF + T(m_g, "群組早已加入至 ", 2, ID)
+            + contact().lblTelUser.Caption,
+        MsgBox::Exclamation, T(m_g, "群組不可重覆挑選!", 3, ID));
 }

@@ -10,10 +10,8 @@ class frmEditTelList;
 class frmAllUserGroups : public FormModel
 {
 public:
-    frmAllUserGroups(VORNAGlobal& g, frmEditTelList& editTelList);
+    explicit frmAllUserGroups(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmAllUserGroups"); }
-    std::span<const FormTextPath> formTexts() const override;
-    void Form_Load() override;
 
     void LoadFormObj();
     void mklvUserGroupsContent();
@@ -37,10 +35,11 @@ public:
     QString SelectedGroupDsc;
 
 private:
+    // The contact editor that opened the picker.
+    const frmEditTelList& contact() const;
     // Whether the group is in the contact's list as the editor shows it (case-insensitive).
     bool contactHas(const QString& GroupName) const;
     void showDuplicateBox(int ID);
 
     VORNAGlobal& m_g;
-    frmEditTelList& m_editTelList;
 };

@@ -1,6 +1,5 @@
 #include "frmEditGroupList.h"
 
-#include "FormText.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "VORNAUtil.h"
@@ -8,8 +7,7 @@
 
 namespace {
 
-const QString Module = QStringLiteral("EditGroupList");
-const QString CRLF = QStringLiteral("\r\n");
+const ModuleText T {"EditGroupList"};
 
 const FormTextPath kFormTexts[] = {{""}, {"cmdRename"}, {"txtGroupDsc", "Text"}, {"cmdCancel"}, {"cmdOK"},
     {"lblGroupName"}, {"Label2"}, {"Label1"}};
@@ -17,25 +15,10 @@ const FormTextPath kFormTexts[] = {{""}, {"cmdRename"}, {"txtGroupDsc", "Text"},
 } // namespace
 
 frmEditGroupList::frmEditGroupList(VORNAGlobal& g)
-    : m_g(g)
+    : FormModel(g.ml, kFormTexts)
+    , m_g(g)
 {
-    Caption = QStringLiteral("連絡人群組");
-    Label1.Caption = QStringLiteral("連絡人群組名稱 :");
-    Label2.Caption = QStringLiteral("連絡人群組說明 :");
-    cmdRename.Caption = QStringLiteral("更名");
-    cmdOK.Caption = QStringLiteral("確定");
-    cmdCancel.Caption = QStringLiteral("取消");
     txtGroupDsc.MultiLine = true;
-}
-
-std::span<const FormTextPath> frmEditGroupList::formTexts() const
-{
-    return kFormTexts;
-}
-
-void frmEditGroupList::Form_Load()
-{
-    ApplyFormText(m_g.ml, *this);
 }
 
 void frmEditGroupList::LoadFormObj(bool IsNewGroup)
@@ -57,9 +40,8 @@ void frmEditGroupList::CheckFormObj(bool& IsValid)
 // The new name lives in the label until OK: Cancel forgets it.
 void frmEditGroupList::cmdRename_Click()
 {
-    const QString name = KeyInString(m_g, m_g.GetText(QStringLiteral("變更連絡人群組名稱"), 1, 185, Module),
-        m_g.GetText(QStringLiteral("請輸入新連絡人群組名稱:"), 2, 185, Module), lblGroupName.Caption,
-        QString());
+    const QString name = KeyInString(m_g, T(m_g, "變更連絡人群組名稱", 1, 185),
+        T(m_g, "請輸入新連絡人群組名稱:", 2, 185), lblGroupName.Caption, QString());
     if (name == KeyInStringCancelled || name == lblGroupName.Caption)
         return;
     if (IsValidGroupName(m_g, name))

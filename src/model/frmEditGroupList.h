@@ -11,9 +11,6 @@ class frmEditGroupList : public FormModel
 public:
     explicit frmEditGroupList(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmEditGroupList"); }
-    std::span<const FormTextPath> formTexts() const override;
-
-    void Form_Load() override;
     // Fills the form from the current row of rsUserGroups. A group that was named a moment
     // ago (IsNewGroup) cannot be renamed here.
     void LoadFormObj(bool IsNewGroup);

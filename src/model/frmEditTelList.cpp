@@ -1,6 +1,5 @@
 #include "frmEditTelList.h"
 
-#include "FormText.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "VORNAUtil.h"
@@ -9,47 +8,20 @@
 
 namespace {
 
-const QString Module = QStringLiteral("EditTelList");
-const QString CRLF = QStringLiteral("\r\n");
+const ModuleText T {"EditTelList"};
 
 const FormTextPath kFormTexts[] = {{""}, {"cmdDelete"}, {"cmdAdd"}, {"txtTelNo", "Text"},
     {"cmdTelUserRename"}, {"txtTelDsc", "Text"}, {"chkIsDisable"}, {"cmdCancel"}, {"cmdOK"}, {"Label1"},
     {"Label5"}, {"lblTelUser"}, {"Label3"}, {"Label2"}};
 
-QString Field(const Recordset& rs, const QString& name)
-{
-    return NullToEmpty(rs.Fields(name));
-}
-
 } // namespace
 
-frmEditTelList::frmEditTelList(VORNAGlobal& g, frmAllUserGroups& allUserGroups)
-    : m_g(g)
-    , m_allUserGroups(allUserGroups)
+frmEditTelList::frmEditTelList(VORNAGlobal& g)
+    : FormModel(g.ml, kFormTexts)
+    , m_g(g)
 {
-    Caption = QStringLiteral("連絡人");
-    Label2.Caption = QStringLiteral("連絡人 :");
-    cmdTelUserRename.Caption = QStringLiteral("變更連絡人");
-    Label1.Caption = QStringLiteral("電話號碼 :");
     txtTelNo.MaxLength = 20;
-    chkIsDisable.Caption = QStringLiteral("暫停使用");
-    Label3.Caption = QStringLiteral("說明 :");
     txtTelDsc.MultiLine = true;
-    Label5.Caption = QStringLiteral("連絡人群組 :");
-    cmdAdd.Caption = QStringLiteral("新增");
-    cmdDelete.Caption = QStringLiteral("刪除");
-    cmdOK.Caption = QStringLiteral("確定");
-    cmdCancel.Caption = QStringLiteral("取消");
-}
-
-std::span<const FormTextPath> frmEditTelList::formTexts() const
-{
-    return kFormTexts;
-}
-
-void frmEditTelList::Form_Load()
-{
-    ApplyFormText(m_g.ml, *this);
 }
 
 void frmEditTelList::LoadFormObj()
@@ -62,12 +34,11 @@ void frmEditTelList::LoadFormObj()
     WorkTelNoCount = CountTelNo(m_g.project);
 
     const Recordset& rs = m_g.project.rsUsers;
-    lblTelUser.Caption = Field(rs, QStringLiteral("UserName"));
-    txtTelNo.Text = Field(rs, QStringLiteral("PhoneNumber"));
-    txtTelDsc.Text = Field(rs, QStringLiteral("UserDsc"));
-    const QVariant disabled = rs.Fields(QStringLiteral("IsDisable"));
-    chkIsDisable.Value = !disabled.isNull() && disabled.toBool() ? CheckBox::Checked : CheckBox::Unchecked;
-    OldGroupList = Field(rs, QStringLiteral("GroupName"));
+    lblTelUser.Caption = FieldText(rs, "UserName");
+    txtTelNo.Text = FieldText(rs, "PhoneNumber");
+    txtTelDsc.Text = FieldText(rs, "UserDsc");
+    chkIsDisable.Value = FieldFlag(rs, "IsDisable") ? CheckBox::Checked : CheckBox::Unchecked;
+    OldGroupList = FieldText(rs, "GroupName");
     OldUserName = lblTelUser.Caption;
 
     mklvGroupName();
@@ -87,9 +58,9 @@ void frmEditTelList::mklvGroupName()
         return;
     Recordset users = p.rsUsers.Clone();
     for (users.MoveFirst(); !users.IsEOF(); users.MoveNext()) {
-        if (Field(users, QStringLiteral("UserName")).toUpper() != lblTelUser.Caption.toUpper())
+        if (FieldText(users, "UserName").toUpper() != lblTelUser.Caption.toUpper())
             continue;
-        const QString groupList = Field(users, QStringLiteral("GroupName"));
+        const QString groupList = FieldText(users, "GroupName");
         QStringList entries;
         for (const QString& entry : groupList.isEmpty() ? QStringList() : groupList.split(CRLF))
             entries << entry.toUpper();
@@ -99,9 +70,9 @@ void frmEditTelList::mklvGroupName()
         lvGroupName.SelectedItem = -1;
         Recordset groups = p.rsUserGroups.Clone();
         for (groups.MoveFirst(); !groups.IsEOF(); groups.MoveNext()) {
-            const QString name = Field(groups, QStringLiteral("GroupName"));
+            const QString name = FieldText(groups, "GroupName");
             if (entries.contains(name.toUpper()))
-                lvGroupName.ListItems.push_back({name, {Field(groups, QStringLiteral("GroupDsc"))}});
+                lvGroupName.ListItems.push_back({name, {FieldText(groups, "GroupDsc")}});
         }
         groups.Close();
     }
@@ -113,29 +84,22 @@ void frmEditTelList::mklvGroupName()
 void frmEditTelList::CheckFormObj(bool& IsValid)
 {
     IsValid = true;
-    const QString T = Trim(txtTelNo.Text);
-    if (T.isEmpty()) {
-        m_g.platform.msgBox(
-            m_g.GetText(QStringLiteral("本電話簿不得為空！請再次輸入電話號碼。"), 1, 250, Module),
-            MsgBox::Critical, QStringLiteral("本電話簿不得為空"));
+    const QString number = Trim(txtTelNo.Text);
+    const auto refuse = [this, &IsValid](const QString& text, const QString& title) {
+        m_g.platform.msgBox(text, MsgBox::Critical, title);
         FocusControl = &txtTelNo;
         IsValid = false;
+    };
+    if (number.isEmpty()) {
+        refuse(T(m_g, "本電話簿不得為空！請再次輸入電話號碼。", 1, 250), QStringLiteral("本電話簿不得為空"));
         return;
     }
-    if (!IsNumeric(T)) {
-        m_g.platform.msgBox(
-            m_g.GetText(QStringLiteral(" 電話號碼只能輸入數字！請再次輸入電話號碼。"), 1, 257, Module),
-            MsgBox::Critical, m_g.GetText(QStringLiteral("電話號碼只能輸入數字"), 2, 257, Module));
-        FocusControl = &txtTelNo;
-        IsValid = false;
-    }
-    if (T.size() > 20) {
-        m_g.platform.msgBox(
-            m_g.GetText(QStringLiteral(" 電話號碼不得大於20個數字！請再次輸入電話號碼。"), 1, 255, Module),
-            MsgBox::Critical, m_g.GetText(QStringLiteral("電話號碼不得大於20個數字"), 2, 255, Module));
-        FocusControl = &txtTelNo;
-        IsValid = false;
-    }
+    if (!IsNumeric(number))
+        refuse(T(m_g, " 電話號碼只能輸入數字！請再次輸入電話號碼。", 1, 257),
+            T(m_g, "電話號碼只能輸入數字", 2, 257));
+    if (number.size() > 20)
+        refuse(T(m_g, " 電話號碼不得大於20個數字！請再次輸入電話號碼。", 1, 255),
+            T(m_g, "電話號碼不得大於20個數字", 2, 255));
 }
 
 void frmEditTelList::SaveFormObj()
@@ -145,16 +109,11 @@ void frmEditTelList::SaveFormObj()
     const QString userName = lblTelUser.Caption;
     const bool renamed = userName != OldUserName;
 
-    NodeTagItems Items;
-    Items(1) = QStringLiteral("Users");
-    Items(2) = OldUserName;
-    bool found = false;
-    view.LocateCurRecord(Items, 2, found);
+    LocateRecord(view, QStringLiteral("Users"), OldUserName);
     if (renamed)
         p.rsUsers.setField(QStringLiteral("UserName"), userName);
     // Moving to the renamed row stores the name; no other table holds a contact's name.
-    Items(2) = userName;
-    view.LocateCurRecord(Items, 2, found);
+    LocateRecord(view, QStringLiteral("Users"), userName);
 
     if (!txtTelNo.Text.isEmpty())
         p.rsUsers.setField(QStringLiteral("PhoneNumber"), txtTelNo.Text);
@@ -203,24 +162,19 @@ void frmEditTelList::cmdAdd_Click()
 {
     const qint16 MaxTelNo = m_g.project.MaxTelNo;
     if (WorkTelNoCount + 1 > MaxTelNo) {
-        m_g.platform.msgBox(
-            m_g.GetText(QStringLiteral("通知對象[群組/連絡人]已超過最大筆數["), 1, 2004, Module)
-                + QString::number(MaxTelNo)
-                + m_g.GetText(QStringLiteral("]，不得再增加通知對象[群組/連絡人]！"), 2, 2004, Module),
-            MsgBox::Exclamation,
-            m_g.GetText(QStringLiteral("通知對象[群組/連絡人]已超過最大筆數"), 3, 2004, Module));
+        m_g.platform.msgBox(T(m_g, "通知對象[群組/連絡人]已超過最大筆數[", 1, 2004)
+                + QString::number(MaxTelNo) + T(m_g, "]，不得再增加通知對象[群組/連絡人]！", 2, 2004),
+            MsgBox::Exclamation, T(m_g, "通知對象[群組/連絡人]已超過最大筆數", 3, 2004));
         return;
     }
 
-    m_allUserGroups.LoadFormObj();
-    m_g.platform.showModal(m_allUserGroups);
-
-    const QString name = m_allUserGroups.SelectedGroupName;
+    const frmAllUserGroups& picker = ShowDialog<frmAllUserGroups>(m_g);
+    const QString name = picker.SelectedGroupName;
     bool listed = false;
     for (const ListItem& row : lvGroupName.ListItems)
         listed = listed || row.Text == name;
     if (!name.isEmpty() && !listed) {
-        lvGroupName.ListItems.push_back({name, {m_allUserGroups.SelectedGroupDsc}});
+        lvGroupName.ListItems.push_back({name, {picker.SelectedGroupDsc}});
         lvGroupName.SelectedItem = static_cast<int>(lvGroupName.ListItems.size()) - 1;
         ++AddedCount;
         ++WorkTelNoCount;
@@ -228,6 +182,7 @@ void frmEditTelList::cmdAdd_Click()
     cmdDelete.Enabled = !lvGroupName.ListItems.empty();
 }
 
+// Delete stays enabled once the last row is gone: only a load, Add and OK set it.
 void frmEditTelList::cmdDelete_Click()
 {
     const int row = lvGroupName.SelectedItem;
@@ -242,8 +197,8 @@ void frmEditTelList::cmdDelete_Click()
 // The new name shows in the label only; OK stores it, Cancel forgets it.
 void frmEditTelList::cmdTelUserRename_Click()
 {
-    const QString answer = KeyInString(m_g, m_g.GetText(QStringLiteral("變更連絡人"), 1, 278, Module),
-        m_g.GetText(QStringLiteral("請輸入新連絡人名稱:"), 2, 278, Module), lblTelUser.Caption, QString());
+    const QString answer = KeyInString(m_g, T(m_g, "變更連絡人", 1, 278),
+        T(m_g, "請輸入新連絡人名稱:", 2, 278), lblTelUser.Caption, QString());
     if (answer == KeyInStringCancelled || answer == lblTelUser.Caption)
         return;
     if (IsValidUserName(m_g, answer))

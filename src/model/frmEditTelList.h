@@ -3,17 +3,14 @@
 #include "FormModel.h"
 
 class VORNAGlobal;
-class frmAllUserGroups;
 
 // The contact editor, on the current row of rsUsers: name, number, description, the
 // suspended flag and the contact's groups. Nothing reaches the store before OK.
 class frmEditTelList : public FormModel
 {
 public:
-    frmEditTelList(VORNAGlobal& g, frmAllUserGroups& allUserGroups);
+    explicit frmEditTelList(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmEditTelList"); }
-    std::span<const FormTextPath> formTexts() const override;
-    void Form_Load() override;
 
     void LoadFormObj();
     void mklvGroupName();
@@ -52,5 +49,4 @@ public:
 
 private:
     VORNAGlobal& m_g;
-    frmAllUserGroups& m_allUserGroups;
 };

@@ -1,53 +1,32 @@
 #include "frmEditZoneList.h"
 
-#include "FormText.h"
 #include "MultiByte.h"
-#include "UnhandledError.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "VORNAUtil.h"
 
 namespace {
 
-const QString Module = QStringLiteral("EditZoneList");
+const ModuleText T {"EditZoneList"};
 const QString All = QStringLiteral("ALL");
+const QString None = QStringLiteral("NONE");
 
 const FormTextPath kFormTexts[] = {{""}, {"txtAlarmSMS", "Text"}, {"txtZoneDsc", "Text"},
     {"txtResetSMS", "Text"}, {"chkIsDisable"}, {"txtZoneName", "Text"}, {"cmdCancel"}, {"cmdOK"},
     {"lblZoneNo"}, {"Label5"}, {"Label4"}, {"Label6"}, {"Label3"}, {"Label2"}, {"Label1"}};
 
-// A stored Boolean; the store's default (null) reads as False.
 } // namespace
 
 frmEditZoneList::frmEditZoneList(VORNAGlobal& g)
-    : m_g(g)
+    : FormModel(g.ml, kFormTexts)
+    , m_g(g)
 {
-    Caption = QStringLiteral("警報區");
-    Label3.Caption = QStringLiteral("警   報   點 :");
-    Label2.Caption = QStringLiteral("警報點名稱 : ");
-    Label4.Caption = QStringLiteral("警報點說明 :");
-    Label1.Caption = QStringLiteral("連絡人群組名稱 :");
-    Label5.Caption = QStringLiteral("警報發起訊息 :");
-    Label6.Caption = QStringLiteral("警報復歸訊息 :");
-    chkIsDisable.Caption = QStringLiteral("暫停使用");
-    cmdOK.Caption = QStringLiteral("確定");
-    cmdCancel.Caption = QStringLiteral("取消");
     txtZoneName.MaxLength = 40;
     txtZoneDsc.MultiLine = true;
     for (TextBox* message : {&txtAlarmSMS, &txtResetSMS}) {
         message->MultiLine = true;
         message->MaxLength = 140;
     }
-}
-
-std::span<const FormTextPath> frmEditZoneList::formTexts() const
-{
-    return kFormTexts;
-}
-
-QString frmEditZoneList::T(const char* defaultText, int seq, int id) const
-{
-    return m_g.GetText(QString::fromUtf8(defaultText), seq, id, Module);
 }
 
 bool frmEditZoneList::IsUnicode() const
@@ -60,11 +39,6 @@ frmEditZoneList::MessageSize frmEditZoneList::MessageSizeOf(const QString& messa
     if (IsUnicode())
         return {static_cast<int>(message.size()), 70};
     return {static_cast<int>(ToMultiByte(m_g, message).size()), 160};
-}
-
-void frmEditZoneList::Form_Load()
-{
-    ApplyFormText(m_g.ml, *this);
 }
 
 void frmEditZoneList::LoadFormObj()
@@ -88,7 +62,7 @@ void frmEditZoneList::LoadFormObj()
 void frmEditZoneList::mkcmbGroupName()
 {
     cmbGroupName.Clear();
-    cmbGroupName.AddItem(QStringLiteral("NONE"));
+    cmbGroupName.AddItem(None);
     Recordset& groups = m_g.project.rsUserGroups;
     if (groups.RecordCount() > 0) {
         cmbGroupName.Clear();
@@ -96,34 +70,17 @@ void frmEditZoneList::mkcmbGroupName()
         for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext()) {
             const QString name = FieldText(clone, "GroupName");
             if (!name.isEmpty())
-                cmbGroupName.AddItem(name, name);
+                cmbGroupName.AddItem(name);
         }
         clone.Close();
-        cmbGroupName.AddItem(T("所有連絡人群組", 1, 208), All);
+        cmbGroupName.AddItem(T(m_g, "所有連絡人群組", 1, 208));
     }
 
     const QString target = FieldText(m_g.project.rsZones, "GroupName");
-    if (target.isEmpty()) {
-        cmbGroupName.ListIndex = 0;
-        cmbGroupName.Text = cmbGroupName.List[0];
-    } else if (target == All) {
-        SelectGroupText(T("所有連絡人群組", 1, 315));
-    } else {
-        SelectGroupText(target);
-    }
-}
-
-// A drop-down list takes only a text that it holds.
-void frmEditZoneList::SelectGroupText(const QString& text)
-{
-    for (int i = 0; i < cmbGroupName.ListCount(); ++i) {
-        if (cmbGroupName.List[i] == text) {
-            cmbGroupName.ListIndex = i;
-            cmbGroupName.Text = text;
-            return;
-        }
-    }
-    throw UnhandledError(QStringLiteral("'Text' property is read-only"));
+    if (target.isEmpty())
+        cmbGroupName.SelectRow(0);
+    else
+        cmbGroupName.SelectText(target == All ? T(m_g, "所有連絡人群組", 1, 315) : target);
 }
 
 // The alarm message is checked first; the reset message only once the alarm message fits.
@@ -138,15 +95,18 @@ void frmEditZoneList::CheckFormObj(bool& IsValid)
     };
     const bool unicode = IsUnicode();
     IsValid = false;
+    // Each box takes its title from its own message's key.
+    const int alarmId = unicode ? 255 : 268;
     if (refused(txtAlarmSMS,
-            unicode ? T("警報發起訊息長度不得超過70個字!", 1, 255)
-                    : T("警報發起訊息長度不得超過160個位元組!", 1, 268),
-            T("警報發起訊息長度超過限制", 2, 255)))
+            unicode ? T(m_g, "警報發起訊息長度不得超過70個字!", 1, alarmId)
+                    : T(m_g, "警報發起訊息長度不得超過160個位元組!", 1, alarmId),
+            T(m_g, "警報發起訊息長度超過限制", 2, alarmId)))
         return;
+    const int resetId = unicode ? 261 : 274;
     if (refused(txtResetSMS,
-            unicode ? T("警報復歸訊息長度不得超過70個字!", 1, 261)
-                    : T("警報復歸訊息長度不得超過160個位元組!", 1, 274),
-            T("警報復歸訊息長度超過限制", 2, 274)))
+            unicode ? T(m_g, "警報復歸訊息長度不得超過70個字!", 1, resetId)
+                    : T(m_g, "警報復歸訊息長度不得超過160個位元組!", 1, resetId),
+            T(m_g, "警報復歸訊息長度超過限制", 2, resetId)))
         return;
     IsValid = true;
 }
@@ -160,9 +120,11 @@ void frmEditZoneList::SaveFormObj()
     rs.setField(QStringLiteral("ZoneNo"), zoneNo.toInt());
     rs.setField(QStringLiteral("ZoneName"), txtZoneName.Text);
     rs.setField(QStringLiteral("ZoneDsc"), txtZoneDsc.Text);
-    const QVariant target = cmbGroupName.selectedData();
-    if (target.isValid())
-        rs.setField(QStringLiteral("GroupName"), target.toString());
+    // By the text shown: a group named like the every-group row is stored as "ALL" too.
+    if (cmbGroupName.Text == T(m_g, "所有連絡人群組", 1, 325))
+        rs.setField(QStringLiteral("GroupName"), All);
+    else if (cmbGroupName.Text != None)
+        rs.setField(QStringLiteral("GroupName"), cmbGroupName.Text);
     rs.setField(QStringLiteral("AlarmSMS"), txtAlarmSMS.Text);
     rs.setField(QStringLiteral("ResetSMS"), txtResetSMS.Text);
     const bool disabled = chkIsDisable.Value == CheckBox::Checked;

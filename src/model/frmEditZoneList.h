@@ -11,7 +11,6 @@ class frmEditZoneList : public FormModel
 public:
     explicit frmEditZoneList(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmEditZoneList"); }
-    std::span<const FormTextPath> formTexts() const override;
 
     // What a message takes of its room in the device: UTF-16 units of 70 in a Unicode
     // project, else bytes of 160 in the 8-bit code page; CR LF counts two either way.
@@ -23,7 +22,6 @@ public:
     };
     MessageSize MessageSizeOf(const QString& message) const;
 
-    void Form_Load() override;
     // Fills the form from the current row of rsZones.
     void LoadFormObj();
     void mkcmbGroupName();
@@ -42,8 +40,8 @@ public:
     Label Label4 {*this, "Label4"};
     TextBox txtZoneDsc {*this, "txtZoneDsc"};
     Label Label1 {*this, "Label1"};
-    // Each row's value is what SaveFormObj stores: a group's name, "ALL", or nothing for
-    // "NONE", which leaves the stored target as it was.
+    // The groups, then the every-group row; "NONE" alone when there is no group. Its text is
+    // what OK stores: "ALL" for the every-group row, nothing for "NONE".
     ComboBox cmbGroupName {*this, "cmbGroupName"};
     Control Line1 {*this, "Line1"};
     Label Label5 {*this, "Label5"};
@@ -56,9 +54,7 @@ public:
     CommandButton cmdCancel {*this, "cmdCancel"};
 
 private:
-    QString T(const char* defaultText, int seq, int id) const;
     bool IsUnicode() const;
-    void SelectGroupText(const QString& text);
 
     VORNAGlobal& m_g;
 };

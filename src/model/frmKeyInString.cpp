@@ -1,6 +1,5 @@
 #include "frmKeyInString.h"
 
-#include "FormText.h"
 #include "VORNAGlobal.h"
 #include "VORNAUtil.h"
 
@@ -12,23 +11,9 @@ const FormTextPath kFormTexts[]
 } // namespace
 
 frmKeyInString::frmKeyInString(VORNAGlobal& g)
-    : m_g(g)
-{
-    Caption = QStringLiteral("KeyInString");
-    lbKeyInString.Caption = QStringLiteral("KeyInString(&N)：");
-    cmdOK.Caption = QStringLiteral("確定");
-    cmdCancel.Caption = QStringLiteral("取消");
-}
-
-std::span<const FormTextPath> frmKeyInString::formTexts() const
-{
-    return kFormTexts;
-}
-
-void frmKeyInString::Form_Load()
-{
-    ApplyFormText(m_g.ml, *this);
-}
+    : FormModel(g.ml, kFormTexts)
+    , m_g(g)
+{ }
 
 // The whole text is selected, so that typing replaces the proposal.
 void frmKeyInString::Form_Activate()

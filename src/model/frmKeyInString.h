@@ -11,9 +11,7 @@ class frmKeyInString : public FormModel
 public:
     explicit frmKeyInString(VORNAGlobal& g);
     QString formName() const override { return QStringLiteral("frmKeyInString"); }
-    std::span<const FormTextPath> formTexts() const override;
 
-    void Form_Load() override;
     void Form_Activate() override;
     // The window title, the prompt, the proposed text and the password character (one
     // character, or empty for plain text).

@@ -85,8 +85,9 @@ struct TextBox : Control
     bool operator==(const TextBox&) const = default;
 };
 
-// A drop-down list. Each row has the value behind it: what a form stores or sends is that
-// value, never the row's index.
+// A drop-down list. Each row has the value behind it: what a form sends is that value,
+// never the row's index. The chosen row and the text move together: choose through
+// SelectRow or SelectText.
 struct ComboBox : Control
 {
     using Control::Control;
@@ -95,8 +96,14 @@ struct ComboBox : Control
     int ListIndex = -1; // -1: no row chosen
     QString Text;
 
+    // Empties the list, the choice and the text.
     void Clear();
     void AddItem(const QString& text, const QVariant& data = {});
+    // Chooses the row and shows its text; an index out of the list chooses none.
+    void SelectRow(int index);
+    // Chooses the first row with that text. A drop-down list takes no other text: one that no
+    // row holds is an unhandled error.
+    void SelectText(const QString& text);
     int ListCount() const { return static_cast<int>(List.size()); }
     // The value behind the chosen row, or an invalid value when none is chosen.
     QVariant selectedData() const;

@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include "UnhandledError.h"
+
 Control::Control(FormModel& form, const char* name)
     : Name(QString::fromLatin1(name))
 {
@@ -28,6 +30,21 @@ void ComboBox::Clear()
     List.clear();
     ItemData.clear();
     ListIndex = -1;
+    Text.clear();
+}
+
+void ComboBox::SelectRow(int index)
+{
+    ListIndex = index >= 0 && index < ListCount() ? index : -1;
+    Text = ListIndex >= 0 ? List[ListIndex] : QString();
+}
+
+void ComboBox::SelectText(const QString& text)
+{
+    for (int i = 0; i < ListCount(); ++i)
+        if (List[i] == text)
+            return SelectRow(i);
+    throw UnhandledError(QStringLiteral("'Text' property is read-only"));
 }
 
 void ComboBox::AddItem(const QString& text, const QVariant& data)
@@ -86,7 +103,23 @@ void FormModel::Load()
     if (m_loaded)
         return;
     m_loaded = true;
+    if (m_texts)
+        ApplyFormText();
     Form_Load();
+}
+
+void FormModel::ApplyFormText()
+{
+    const QString form = formName();
+    for (const FormTextPath& entry : formTexts()) {
+        const QString path = QString::fromLatin1(entry.path);
+        const QString property = QString::fromLatin1(entry.property);
+        QString* text = textProperty(path, property);
+        if (!text)
+            throw UnhandledError(QStringLiteral("Method or data member not found: %1.%2").arg(form, path));
+        *text = m_texts ? m_texts->GetFormText(form, path, property) : QString();
+    }
+    notifyChanged();
 }
 
 Control* FormModel::findControl(const QString& name) const

@@ -17,14 +17,31 @@ struct FormTextPath
     const char* property = "Caption";
 };
 
+// The form table in the applied language: a form's captions and preset texts, by the
+// control's path and property; "" where the table has no row.
+class FormTextTable
+{
+public:
+    virtual ~FormTextTable() = default;
+    virtual QString GetFormText(
+        const QString& FormName, const QString& Objectpath, const QString& PropertyName) const = 0;
+};
+
 // Base of every form model. A form model holds its controls' state as registered members
 // and implements its handlers under their own names; a view (or a test) reads that state.
 // Forms are shown and hidden through the platform port, which loads a form on its first
-// showing (Form_Load) and keeps it loaded until it is unloaded.
+// showing and keeps it loaded until it is unloaded. A form given the form table takes its
+// captions from it at each load, before its Form_Load; it types a caption only for a
+// control that has no row.
 class FormModel
 {
 public:
     FormModel() = default;
+    // A form with its entries of the form-text table, in the order they are applied.
+    FormModel(const FormTextTable& texts, std::span<const FormTextPath> formTexts)
+        : m_texts(&texts)
+        , m_formTexts(formTexts)
+    { }
     // Its controls point back into it.
     FormModel(const FormModel&) = delete;
     FormModel& operator=(const FormModel&) = delete;
@@ -33,8 +50,9 @@ public:
     // The form's name as the form-text table knows it ("frmMain", "frmAbout").
     virtual QString formName() const = 0;
     // The form's entries of the form-text table, in the order they are applied.
-    virtual std::span<const FormTextPath> formTexts() const { return {}; }
-    // Runs when the form is loaded: at its first showing, and again after an unload.
+    virtual std::span<const FormTextPath> formTexts() const { return m_formTexts; }
+    // Runs when the form is loaded (at its first showing, and again after an unload), once
+    // its form texts are applied.
     virtual void Form_Load() { }
     // Runs each time the form is shown, once it is visible.
     virtual void Form_Activate() { }
@@ -47,6 +65,10 @@ public:
     // Loads the form unless it is loaded already.
     void Load();
     void Unload() { m_loaded = false; }
+    // Sets each entry of formTexts(), in its order, to the form table's text. The result is
+    // not tested: a path without a row leaves its control blank. A path that reaches no
+    // control of the form is a fault of the form and an unhandled error.
+    void ApplyFormText();
 
     // The controls in the order they were declared.
     const std::vector<Control*>& controls() const { return m_controls; }
@@ -93,6 +115,8 @@ protected:
     void registerControl(Control& control) { m_controls.push_back(&control); }
 
 private:
+    const FormTextTable* m_texts = nullptr;
+    std::span<const FormTextPath> m_formTexts;
     std::vector<Control*> m_controls;
     bool m_loaded = false;
     Control* m_focusRequest = nullptr;

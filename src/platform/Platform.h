@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 
 #include <QDateTime>
 #include <QString>
@@ -11,12 +12,14 @@
 
 class FormModel;
 
-// Message box flags, as the program passes them: one button set plus one icon.
+// Message box flags: one button set plus one icon.
 namespace MsgBox {
 inline constexpr int OKOnly = 0;
 inline constexpr int OKCancel = 1;
+inline constexpr int AbortRetryIgnore = 2;
 inline constexpr int YesNoCancel = 3;
 inline constexpr int YesNo = 4;
+inline constexpr int RetryCancel = 5;
 inline constexpr int Critical = 16;
 inline constexpr int Exclamation = 48;
 inline constexpr int Information = 64;
@@ -24,11 +27,19 @@ inline constexpr int Information = 64;
 inline constexpr int ButtonMask = 0x0f;
 inline constexpr int IconMask = 0xf0;
 
-// The answers, with the values the program compares against.
+// The answers: the value of the button pressed.
 inline constexpr int OK = 1;
 inline constexpr int Cancel = 2;
+inline constexpr int Abort = 3;
+inline constexpr int Retry = 4;
+inline constexpr int Ignore = 5;
 inline constexpr int Yes = 6;
 inline constexpr int No = 7;
+
+// The answers of the box's buttons, in the order the box shows them; an unknown set is OK alone.
+std::span<const int> Buttons(int flags);
+// Whether the box has a button that gives this answer.
+bool HasButton(int flags, int answer);
 } // namespace MsgBox
 
 // Mouse pointer values of the main window.
@@ -37,7 +48,7 @@ inline constexpr int Default = 0;
 inline constexpr int Hourglass = 11;
 } // namespace Pointer
 
-// What the program sets on its shared common dialog before showing it.
+// What is set on the shared common dialog before it is shown.
 struct FileDialogOptions
 {
     QString DialogTitle;
@@ -49,7 +60,7 @@ struct FileDialogOptions
     bool operator==(const FileDialogOptions&) const = default;
 };
 
-// The one interface from the program's logic to the outside world: boxes, dialogs,
+// The one interface from the logic to the outside world: boxes, dialogs,
 // windows, pointer, event loop, clock, per-user settings, the system locale and the serial line.
 // The Qt shell, the console shell and the tests each implement it.
 class Platform
@@ -77,7 +88,7 @@ public:
 
     virtual void setMousePointer(int pointer) = 0;
 
-    // Lets pending window events run (the program's DoEvents).
+    // Lets pending window events run (DoEvents).
     virtual void doEvents() = 0;
 
     virtual QDateTime now() = 0;

@@ -4,11 +4,11 @@
 
 #include <QString>
 
-// A failure that the program deliberately does not handle: a table operation on a
-// closed recordset, a subscript out of range, a conversion that overflows. It also
-// carries the program's own deliberate stops, which name their box's text, title and
-// flags. It travels up to the top of the event loop, where one box shows it and the
-// process ends with status 3. Nothing else catches it, and nothing is saved on that path.
+// A failure that is deliberately not handled: a table operation on a closed recordset, a
+// subscript out of range, a conversion that overflows, an object that is not there. It also
+// carries the deliberate stops, which name their box's text, title and flags. It travels up to the top of the
+// event loop, where one box shows it and the process ends with status 3. Nothing else catches it, and nothing
+// is saved on that path.
 class UnhandledError : public std::runtime_error
 {
 public:

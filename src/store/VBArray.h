@@ -4,8 +4,8 @@
 
 #include "UnhandledError.h"
 
-// A fixed array indexed from Low to High, as the program declares its arrays. An index
-// outside the bounds is the program's "subscript out of range": an unhandled error.
+// A fixed array indexed from Low to High, as the tool declares its arrays. An index
+// outside the bounds is a "subscript out of range": an unhandled error.
 template<typename T, int Low, int High> class VBArray
 {
 public:

@@ -4,13 +4,16 @@
 #include <QString>
 #include <QVariant>
 
+// A line break as the tables, the boxes and the profile hold it.
+inline const QString CRLF = QStringLiteral("\r\n");
+
 // Removes the spaces at both ends; tabs and line breaks are part of the text.
 QString Trim(const QString& Text);
 
 // Part of a path by mode: 0 base name, 1 folder with its closing separator, 2 file name
 // with extension, 3 extension without the dot. Both '\' and '/' count as separators.
 // The gaps of the rules are kept (see the tests). Any other mode is a deliberate stop
-// of the program (UnhandledError with the box "GetFname - VBUtil", flags 17).
+// (UnhandledError with the box "GetFname - VBUtil", flags 17).
 QString GetFname(const QString& Path, int Mode);
 
 // Position of the last occurrence of Find in Text, from 1; 0 if none.
@@ -30,7 +33,7 @@ bool IsNumeric(const QString& Text);
 // The leading numeric value of a text ("12abc" gives 12, "abc" gives 0).
 double Val(const QString& Text);
 
-// Conversions that fail like the program's own: a value out of range is an overflow,
+// Conversions that fail as the platform's do: a value out of range is an overflow,
 // text that is not a number is a type mismatch. Both throw UnhandledError.
 // Rounding is to the nearest even integer on a tie.
 qint16 CInt(const QVariant& Value);

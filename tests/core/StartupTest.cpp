@@ -107,11 +107,11 @@ TEST_F(CoreTest, TheVersionLinesAndTheSplashLineWithoutARow)
                                 .arg(g.program.App.Minor)
                                 .arg(g.program.App.Revision);
     frmSplash splash(g);
-    splash.Form_Load();
+    splash.Load();
     EXPECT_EQ(splash.lblVersion.Caption, QStringLiteral("Version ") + version);
     EXPECT_EQ(splash.Label3.Caption, QStringLiteral("Contignration Utility"));
     frmAbout about(g);
-    about.Form_Load();
+    about.Load();
     EXPECT_EQ(about.lblVersion.Caption, QStringLiteral("版本:") + version);
 }
 

@@ -1,5 +1,6 @@
 #include "CaseName.h"
 #include "ProjectContentFixture.h"
+#include "UnhandledError.h"
 
 namespace {
 
@@ -164,6 +165,15 @@ TEST_F(ProjectContentTest, TheRootSheetFillsTheBranchTableAndExpandsItsNode)
     EXPECT_EQ(
         main.lvNodeContent.ColumnHeaders, (std::vector<Column> {{"連絡人名稱", 1500}, {"連絡人說明", 1500}}));
     EXPECT_EQ(main.lvNodeContent.ListItems.size(), 4u);
+}
+
+// A language that translates the group branch's Key leaves the sheet's group row no branch.
+TEST_F(ProjectContentTest, TheRootSheetsRowWithoutItsBranchIsAnUnhandledError)
+{
+    main.tvProjectContent.Nodes[nodeIndex(QStringLiteral("UserGroups"))].Key = QStringLiteral("Groups");
+    click(QStringLiteral("ProjName"));
+    main.lvNodeContent.SelectedItem = 1;
+    EXPECT_THROW(main.lvNodeContent_DblClick(), UnhandledError);
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include <QFile>
 
-#include "FormText.h"
 #include "MainWindowFixture.h"
 
 namespace {
@@ -23,7 +22,7 @@ TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
 {
     ASSERT_EQ(main.formTexts().size(), 65u);
     g.ml.FormTable = {formTableWithout(main, QStringLiteral("mnuFileOpen"))};
-    ApplyFormText(g.ml, main);
+    main.ApplyFormText();
 
     EXPECT_EQ(main.Caption, QStringLiteral("T:"));
     EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral("T:lbllvNodeContentCaption"));

@@ -2,8 +2,10 @@
 
 #include "ADOUtil.h"
 #include "MainWindowFixture.h"
-#include "ScriptedDialogs.h"
 #include "VBUtil.h"
+#include "frmEditGroupList.h"
+#include "frmEditTelList.h"
+#include "frmEditZoneList.h"
 
 // The editor a double click must open.
 enum class Editor { None, TelList, GroupList, ZoneList };
@@ -17,7 +19,6 @@ class ProjectContentTest : public ProjectWindowTest
 public:
     ProjectContentTest()
     {
-        g.setDialogs(&dialogs);
         newProject();
         addGroup(QString());
         addGroup(QStringLiteral("Fire"));
@@ -66,27 +67,28 @@ public:
     }
 
     // Expects the editor to open with the record of its kind current: a contact by name, a group
-    // by name, a zone by number, "<none>" for none.
+    // by name, a zone by number, "<none>" for none. Cancel closes it.
     void expectEditor(Editor editor, const char* record)
     {
         const QString want = QString::fromUtf8(record);
-        auto isCurrent = [this, want](Recordset& rs, const char* field) {
-            return [this, want, &rs, field] { EXPECT_EQ(current(rs, QString::fromLatin1(field)), want); };
+        auto opensOn = [this, want](Recordset& rs, const char* field) {
+            return [this, want, &rs, field](auto& form) {
+                EXPECT_EQ(current(rs, QString::fromLatin1(field)), want);
+                form.cmdCancel_Click();
+            };
         };
         switch (editor) {
         case Editor::None:
             break;
         case Editor::TelList:
-            dialogs.expectEditTelList(isCurrent(g.project.rsUsers, "UserName"));
+            platform.expectModal(g.form<frmEditTelList>(), opensOn(g.project.rsUsers, "UserName"));
             break;
         case Editor::GroupList:
-            dialogs.expectEditGroupList(false, isCurrent(g.project.rsUserGroups, "GroupName"));
+            platform.expectModal(g.form<frmEditGroupList>(), opensOn(g.project.rsUserGroups, "GroupName"));
             break;
         case Editor::ZoneList:
-            dialogs.expectEditZoneList(isCurrent(g.project.rsZones, "ZoneNo"));
+            platform.expectModal(g.form<frmEditZoneList>(), opensOn(g.project.rsZones, "ZoneNo"));
             break;
         }
     }
-
-    ScriptedDialogs dialogs;
 };

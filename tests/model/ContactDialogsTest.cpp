@@ -4,13 +4,15 @@
 
 #include "CaseName.h"
 #include "ModelFixture.h"
-#include "ProjectForms.h"
-#include "VORNAUtil.h"
+#include "frmAddUser.h"
+#include "frmAllUserGroups.h"
+#include "frmEditTelList.h"
 
 namespace {
 
 // The contact editor and the dialogs it and AddUser open, on a project with the template's
-// "UserGroup1" and the groups "B" and "C"; the window locates contacts as the real one does.
+// "UserGroup1" and the groups "B" and "C"; the window locates contacts as the real one does,
+// and a contact added here has its node.
 class ContactDialogsTest : public ModelTest
 {
 public:
@@ -23,12 +25,18 @@ public:
         addGroup("C");
     }
 
+    void addUser(const QString& name, const QString& groupList, const QString& phone = "0912")
+    {
+        ModelTest::addUser(name, groupList, phone);
+        view.addNode(1, {}, name, "UserName", "Users," + name);
+    }
     // The editor on a contact, made the current row first as the window does.
     frmEditTelList& edit(const QString& name)
     {
         EXPECT_TRUE(FindRecord(p().rsUsers, "UserName", name, false));
-        forms.editTelList.LoadFormObj();
-        return forms.editTelList;
+        frmEditTelList& f = g.form<frmEditTelList>();
+        f.LoadFormObj();
+        return f;
     }
     QString stored(const char* wanted) { return field(p().rsUsers, "UserName", "Ann", wanted); }
     static QStringList texts(const ListView& list)
@@ -38,8 +46,6 @@ public:
             t << row.Text;
         return t;
     }
-
-    ProjectForms forms {g};
 };
 
 struct NumberCase
@@ -103,10 +109,10 @@ TEST_F(ContactDialogsTest, GroupsAreEditedInTheListAndReachTheTableOnOKWithTheRu
         f.lvGroupName.SelectedItem = 0;
         f.cmdDelete_Click();
     }
+    EXPECT_TRUE(f.cmdDelete.Enabled) << "Delete stays enabled once the last row is gone";
     // The picker answers "B" twice: the second time the contact has it, and it is dropped.
     for (int i = 0; i < 2; ++i) {
-        platform.expectModal("frmAllUserGroups", [](FormModel& form) {
-            auto& picker = static_cast<frmAllUserGroups&>(form);
+        expectDialog<frmAllUserGroups>([](frmAllUserGroups& picker) {
             picker.lvUserGroups.SelectedItem = 1;
             picker.cmbOK_Click();
         });
@@ -144,7 +150,7 @@ TEST_F(ContactDialogsTest, ThePickerOpensWhileTheTargetsWithTheDialogsChangesSta
             f.cmdDelete_Click();
         }
         if (c.opens)
-            platform.expectModal("frmAllUserGroups");
+            expectDialog<frmAllUserGroups>([](frmAllUserGroups& picker) { picker.cmbCancel_Click(); });
         else
             platform.expectBox(48,
                 "通知對象[群組/連絡人]已超過最大筆數[3]，不得再增加通知對象[群組/連絡人]！",
@@ -188,7 +194,7 @@ TEST_P(PickerTest, GreysTheContactsGroupsAndRefusesAClickOnThem)
     }
     addUser("Ann", c.contactList);
     edit("Ann");
-    frmAllUserGroups& picker = forms.allUserGroups;
+    frmAllUserGroups& picker = g.form<frmAllUserGroups>();
     picker.LoadFormObj();
     QString grey;
     for (const ListItem& row : picker.lvUserGroups.ListItems)
@@ -210,7 +216,6 @@ INSTANTIATE_TEST_SUITE_P(Picker, PickerTest, ::testing::ValuesIn(PickerCases),
 TEST_F(ContactDialogsTest, CancelLeavesTheTableAndOKStoresTheRenamedSuspendedContactAndItsNode)
 {
     addUser("Ann", "UserGroup1", "0912");
-    view.addNode(1, {}, "Ann", "UserName", "Users,Ann");
     const auto users = [this] {
         QStringList all;
         for (const char* name : {"UserName", "PhoneNumber", "UserDsc", "GroupName", "IsDisable"})
@@ -220,7 +225,7 @@ TEST_F(ContactDialogsTest, CancelLeavesTheTableAndOKStoresTheRenamedSuspendedCon
     const QStringList before = users();
     for (const bool ok : {false, true}) {
         frmEditTelList& f = edit("Ann");
-        dialogs.expectKeyInString("變更連絡人", "請輸入新連絡人名稱:", "Ann", "Bea");
+        expectKeyInString("變更連絡人", "請輸入新連絡人名稱:", "Ann", "Bea");
         f.cmdTelUserRename_Click();
         EXPECT_EQ(f.lblTelUser.Caption, "Bea");
         f.txtTelNo.Text = "0987";
@@ -246,20 +251,18 @@ TEST_F(ContactDialogsTest, AddUserAnswersTheTypedNameAndTheGroupCutFromItsRowOrN
     p().rsUserGroups.setField("GroupDsc", "night (shift)");
     p().rsUserGroups.Update();
     for (const bool ok : {true, false})
-        platform.expectModal("frmAddUser", [ok](FormModel& form) {
-            auto& f = static_cast<frmAddUser&>(form);
+        expectDialog<frmAddUser>([ok](frmAddUser& f) {
             EXPECT_EQ(f.txtAddUserName.Text, "User1");
             EXPECT_EQ(f.cmbUserGroups.List, std::vector<QString>({"UserGroup1", "B(night (shift))", "C"}));
             EXPECT_EQ(f.cmbUserGroups.Text, "UserGroup1");
             f.txtAddUserName.Text = " Ann";
-            f.cmbUserGroups.ListIndex = 1;
-            f.cmbUserGroups.Text = f.cmbUserGroups.List[1];
+            f.cmbUserGroups.SelectRow(1);
             ok ? f.cmdOK_Click() : f.cmdCancel_Click();
         });
-    const ProjectDialogs::NewUser picked = forms.showAddUser("User1");
+    const frmAddUser& picked = ShowDialog<frmAddUser>(g, "User1");
     EXPECT_EQ(picked.NewUserName, " Ann");
     EXPECT_EQ(picked.NewUserGroup, "B");
-    const ProjectDialogs::NewUser cancelled = forms.showAddUser("User1");
+    const frmAddUser& cancelled = ShowDialog<frmAddUser>(g, "User1");
     EXPECT_TRUE(cancelled.NewUserName.isEmpty() && cancelled.NewUserGroup.isEmpty());
 }
 

@@ -1,11 +1,9 @@
 #include <vector>
 
 #include "CaseName.h"
-#include "MLUtil.h"
 #include "ModelFixture.h"
-#include "ProjectForms.h"
 #include "UnhandledError.h"
-#include "VORNAUtil.h"
+#include "frmEditZoneList.h"
 
 namespace {
 
@@ -20,11 +18,15 @@ QString Zh(int n)
     return QString(n, QChar(0x706B));
 }
 
-// The dialogs themselves, shown through the scripted platform.
+// The editors on a tree that holds zones 1 to 3 as well.
 class EditorTest : public ModelTest
 {
 public:
-    EditorTest() { g.setDialogs(&forms); }
+    EditorTest()
+    {
+        for (int zone = 1; zone <= 3; ++zone)
+            view.addNode(3, S("Zones%1").arg(zone), S("#%1").arg(zone), S("Alarm"), S("Zones,%1").arg(zone));
+    }
 
     // Every row of a table, its fields joined, in table order.
     QStringList rows(Recordset& rs)
@@ -45,11 +47,8 @@ public:
     void expectZoneEditor(int zoneNo, std::function<void(frmEditZoneList&)> user)
     {
         ASSERT_TRUE(FindRecord(p().rsZones, QStringLiteral("ZoneNo"), QString::number(zoneNo), false));
-        platform.expectModal(
-            QStringLiteral("frmEditZoneList"), [this, user](FormModel&) { user(forms.editZoneList); });
+        expectDialog<frmEditZoneList>(std::move(user));
     }
-
-    ProjectForms forms {g};
 };
 
 struct KeyInCase
@@ -62,7 +61,6 @@ struct KeyInCase
 
 const KeyInCase KeyInCases[] = {
     {"blanks around the text are removed", "  abc  ", true, "abc"},
-    {"blanks alone give the empty string", "   ", true, ""},
     {"cancel gives the cancel mark", "abc", false, "連絡人按下取消鍵"},
     {"typing the cancel mark is taken for cancel", "連絡人按下取消鍵", true, "連絡人按下取消鍵"},
 };
@@ -73,8 +71,7 @@ class KeyInStringTest : public EditorTest, public ::testing::WithParamInterface<
 TEST_P(KeyInStringTest, AnswersTheBoxTrimmedOrTheCancelMark)
 {
     const KeyInCase& c = GetParam();
-    platform.expectModal(QStringLiteral("frmKeyInString"), [&](FormModel&) {
-        frmKeyInString& f = forms.keyInString;
+    expectDialog<frmKeyInString>([&](frmKeyInString& f) {
         // The proposal is selected whole in the box that has the focus, so typing replaces it.
         EXPECT_EQ(f.txtKeyInString.SelLength, 8);
         EXPECT_EQ(f.takeFocusRequest(), &f.txtKeyInString);
@@ -105,18 +102,14 @@ public:
     }
     void renameAToB(bool ok)
     {
-        platform.expectModal(S("frmEditGroupList"), [this, ok](FormModel&) {
-            frmEditGroupList& f = forms.editGroupList;
+        expectDialog<frmEditGroupList>([ok](frmEditGroupList& f) {
             f.cmdRename_Click();
             EXPECT_EQ(f.lblGroupName.Caption, S("B"));
             f.txtGroupDsc.Text = S("described");
             ok ? f.cmdOK_Click() : f.cmdCancel_Click();
         });
-        platform.expectModal(S("frmKeyInString"), [this](FormModel&) {
-            forms.keyInString.txtKeyInString.Text = S("B");
-            forms.keyInString.cmdOK_Click();
-        });
-        g.dialogs().showEditGroupList(false);
+        expectKeyInString(S("變更連絡人群組名稱"), S("請輸入新連絡人群組名稱:"), S("A"), S("B"));
+        ShowDialog<frmEditGroupList>(g, false);
     }
 };
 
@@ -166,33 +159,19 @@ class RenameAnswerTest : public RenameGroupTest, public ::testing::WithParamInte
 TEST_P(RenameAnswerTest, OnlyAValidNewNameReachesTheLabel)
 {
     const RenameCase& c = GetParam();
-    platform.expectModal(S("frmEditGroupList"), [&](FormModel&) {
-        frmEditGroupList& f = forms.editGroupList;
-        EXPECT_TRUE(f.cmdRename.Enabled);
+    expectGroupEditor(false, [&] {
+        frmEditGroupList& f = g.form<frmEditGroupList>();
         f.cmdRename_Click();
         EXPECT_EQ(f.lblGroupName.Caption, S(c.label));
-        f.cmdCancel_Click();
     });
-    platform.expectModal(S("frmKeyInString"), [&](FormModel&) {
-        forms.keyInString.txtKeyInString.Text = S(c.typed);
-        forms.keyInString.cmdOK_Click();
-    });
+    expectKeyInString(S("變更連絡人群組名稱"), S("請輸入新連絡人群組名稱:"), S("A"), S(c.typed));
     if (c.boxText)
         platform.expectBox(MsgBox::Critical, S(c.boxText), S(c.boxTitle));
-    g.dialogs().showEditGroupList(false);
+    ShowDialog<frmEditGroupList>(g, false);
 }
 
 INSTANTIATE_TEST_SUITE_P(Answers, RenameAnswerTest, ::testing::ValuesIn(RenameCases),
     [](const auto& info) { return CaseName(info.param.name); });
-
-TEST_F(EditorTest, ANewGroupCannotBeRenamedInItsFirstEditor)
-{
-    platform.expectModal(S("frmEditGroupList"), [this](FormModel&) {
-        EXPECT_FALSE(forms.editGroupList.cmdRename.Enabled);
-        forms.editGroupList.cmdCancel_Click();
-    });
-    g.dialogs().showEditGroupList(true);
-}
 
 struct SizeCase
 {
@@ -202,27 +181,26 @@ struct SizeCase
     QString reset;
     int alarmUsed;
     const char* boxText = nullptr; // nullptr: OK saves
-    const char* boxTitle = nullptr;
+    int titleId = 0;               // the key of the box's title, piece 2
     bool resetRefused = false;
 };
 
 const SizeCase SizeCases[] = {
     {"70 characters pass", true, Zh(70), Zh(70), 70},
-    {"71 characters are refused", true, Zh(71), {}, 71, "警報發起訊息長度不得超過70個字!",
-        "警報發起訊息長度超過限制"},
+    {"71 characters are refused", true, Zh(71), {}, 71, "警報發起訊息長度不得超過70個字!", 255},
     {"a line break counts two characters", true, Zh(34) + CRLF + Zh(35), {}, 71,
-        "警報發起訊息長度不得超過70個字!", "警報發起訊息長度超過限制"},
+        "警報發起訊息長度不得超過70個字!", 255},
     {"the reset message is checked once the alarm message fits", true, Zh(70), Zh(71), 70,
-        "警報復歸訊息長度不得超過70個字!", "警報復歸訊息長度超過限制", true},
+        "警報復歸訊息長度不得超過70個字!", 261, true},
     {"only the alarm message is reported when both are too long", true, Zh(71), Zh(71), 71,
-        "警報發起訊息長度不得超過70個字!", "警報發起訊息長度超過限制"},
+        "警報發起訊息長度不得超過70個字!", 255},
     {"80 Chinese characters are 160 bytes and pass", false, Zh(80), Zh(80), 160},
     {"81 Chinese characters are refused", false, Zh(81), {}, 162, "警報發起訊息長度不得超過160個位元組!",
-        "警報發起訊息長度超過限制"},
+        268},
     {"a line break counts two bytes", false, Zh(79) + CRLF + S("a"), {}, 161,
-        "警報發起訊息長度不得超過160個位元組!", "警報發起訊息長度超過限制"},
+        "警報發起訊息長度不得超過160個位元組!", 268},
     {"a reset message over 160 bytes is refused", false, {}, Zh(81), 0,
-        "警報復歸訊息長度不得超過160個位元組!", "警報復歸訊息長度超過限制", true},
+        "警報復歸訊息長度不得超過160個位元組!", 274, true},
 };
 
 class MessageSizeTest : public EditorTest, public ::testing::WithParamInterface<SizeCase>
@@ -231,6 +209,12 @@ class MessageSizeTest : public EditorTest, public ::testing::WithParamInterface<
 TEST_P(MessageSizeTest, OkRefusesAMessagePastItsLimitWithTheFocusOnIt)
 {
     const SizeCase& c = GetParam();
+    // A language whose only rows are the four titles, each named for its key.
+    g.ml.CurAppliedLang = S("English");
+    TextModule titles {S("EditZoneList"), {}};
+    for (qint16 id : {255, 261, 268, 274})
+        titles.Items.push_back({id, 2, {}, S("title %1").arg(id)});
+    g.ml.TextTable = {titles};
     p().rsBasic.MoveFirst();
     p().rsBasic.setField(S("IsUnicode"), c.unicode);
     p().rsBasic.Update();
@@ -246,8 +230,8 @@ TEST_P(MessageSizeTest, OkRefusesAMessagePastItsLimitWithTheFocusOnIt)
         f.cmdCancel_Click();
     });
     if (c.boxText)
-        platform.expectBox(MsgBox::Critical, S(c.boxText), S(c.boxTitle));
-    g.dialogs().showEditZoneList();
+        platform.expectBox(MsgBox::Critical, S(c.boxText), S("title %1").arg(c.titleId));
+    ShowDialog<frmEditZoneList>(g);
     EXPECT_EQ(field(p().rsZones, S("ZoneNo"), S("3"), S("AlarmSMS")), c.boxText ? QString() : c.alarm);
 }
 
@@ -257,7 +241,7 @@ INSTANTIATE_TEST_SUITE_P(Limits, MessageSizeTest, ::testing::ValuesIn(SizeCases)
 struct TargetCase
 {
     const char* name;
-    bool withGroups;
+    const char* group; // added after the template's; nullptr: the project has no group
     const char* stored;
     int listIndex;
     int picked; // -1: the row shown at opening
@@ -265,39 +249,40 @@ struct TargetCase
 };
 
 const TargetCase TargetCases[] = {
-    {"NONE alone without groups, and it leaves the target", false, "", 0, -1, ""},
-    {"no target opens on the first group", true, "", 0, -1, "UserGroup1"},
-    {"ALL opens on every group", true, "ALL", 2, -1, "ALL"},
-    {"every group is stored as ALL", true, "Fire", 1, 2, "ALL"},
-    {"a group is stored by its name", true, "ALL", 2, 1, "Fire"},
+    {"NONE alone without groups, and it leaves the target", nullptr, "", 0, -1, ""},
+    {"no target opens on the first group", "Fire", "", 0, -1, "UserGroup1"},
+    {"ALL opens on every group", "Fire", "ALL", 2, -1, "ALL"},
+    {"every group is stored as ALL", "Fire", "Fire", 1, 2, "ALL"},
+    {"a group is stored by its name", "Fire", "ALL", 2, 1, "Fire"},
+    {"a group named like every group is stored as ALL", "所有連絡人群組", "所有連絡人群組", 1, -1, "ALL"},
 };
 
 class ZoneTargetTest : public EditorTest, public ::testing::WithParamInterface<TargetCase>
 { };
 
-TEST_P(ZoneTargetTest, TheComboOffersTheGroupsAndStoresTheValueOfItsRow)
+TEST_P(ZoneTargetTest, TheComboOffersTheGroupsAndStoresTheTextOfItsRow)
 {
     const TargetCase& c = GetParam();
-    if (c.withGroups) {
+    if (c.group) {
         // A group without a name is not offered.
         addGroup(QString());
-        addGroup(S("Fire"));
+        addGroup(S(c.group));
     } else {
         p().rsUserGroups.MoveFirst();
         p().rsUserGroups.Delete();
     }
     setZoneTarget(3, S(c.stored));
-    const std::vector<QString> list = c.withGroups
-        ? std::vector<QString> {S("UserGroup1"), S("Fire"), S("所有連絡人群組")}
+    const std::vector<QString> list = c.group
+        ? std::vector<QString> {S("UserGroup1"), S(c.group), S("所有連絡人群組")}
         : std::vector<QString> {S("NONE")};
     expectZoneEditor(3, [&](frmEditZoneList& f) {
         EXPECT_EQ(f.cmbGroupName.List, list);
         EXPECT_EQ(f.cmbGroupName.ListIndex, c.listIndex);
         if (c.picked >= 0)
-            f.cmbGroupName.ListIndex = c.picked;
+            f.cmbGroupName.SelectRow(c.picked);
         f.cmdOK_Click();
     });
-    g.dialogs().showEditZoneList();
+    ShowDialog<frmEditZoneList>(g);
     EXPECT_EQ(field(p().rsZones, S("ZoneNo"), S("3"), S("GroupName")), S(c.saved));
 }
 
@@ -308,12 +293,11 @@ TEST_F(EditorTest, AStoredTargetThatNoRowHoldsStopsTheProgram)
 {
     setZoneTarget(3, S("Gone"));
     ASSERT_TRUE(FindRecord(p().rsZones, S("ZoneNo"), S("3"), false));
-    EXPECT_THROW(g.dialogs().showEditZoneList(), UnhandledError);
+    EXPECT_THROW(ShowDialog<frmEditZoneList>(g), UnhandledError);
 }
 
 TEST_F(EditorTest, OkWritesTheZoneAndItsNode)
 {
-    view.addNode(3, S("Zones3"), S("#3"), S("Alarm"), S("Zones,3"));
     const QStringList before = rows(p().rsZones);
     expectZoneEditor(3, [](frmEditZoneList& f) {
         f.txtZoneName.Text = S("Hall");
@@ -323,27 +307,13 @@ TEST_F(EditorTest, OkWritesTheZoneAndItsNode)
         f.chkIsDisable.Value = CheckBox::Checked;
         f.cmdOK_Click();
     });
-    g.dialogs().showEditZoneList();
+    ShowDialog<frmEditZoneList>(g);
     const QStringList saved = rows(p().rsZones);
     EXPECT_EQ(saved.mid(0, 3), before.mid(0, 3));
     EXPECT_EQ(saved[3].toStdString(), "3|Hall|ground floor|UserGroup1|火警\r\n請離開|OK|True");
     EXPECT_EQ(view.nodes.back().Text, S("#3-Hall"));
     EXPECT_EQ(view.nodes.back().ForeColor, SystemColor::GrayText);
     EXPECT_TRUE(p().IsProjectModified);
-}
-
-TEST_F(EditorTest, EveryFormTextOfTheDialogsHasTextInEveryLanguage)
-{
-    for (const char* language : {"ChineseBig5", "ChineseGB", "English"}) {
-        MLUtil ml(platform);
-        ml.CurOriginalLang = ml.CurAppliedLang = ml.CurAlternateLang = S(language);
-        ml.OpenMLConn(S("VORNA.ml"));
-        ml.LoadFormTable();
-        for (FormModel* form : forms.forms())
-            for (const FormTextPath& t : form->formTexts())
-                EXPECT_FALSE(ml.GetFormText(form->formName(), S(t.path), S(t.property)).isEmpty())
-                    << language << " " << form->formName().toStdString() << " [" << t.path << "]";
-    }
 }
 
 } // namespace

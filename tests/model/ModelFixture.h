@@ -8,18 +8,19 @@
 #include "ProjectFiles.h"
 #include "ProjectRows.h"
 #include "RecordingView.h"
-#include "ScriptedDialogs.h"
 #include "ScriptedPlatform.h"
 #include "TestFolder.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "VORNAMain.h"
-
-inline const QString CRLF = QStringLiteral("\r\n");
+#include "VORNAUtil.h"
+#include "frmEditGroupList.h"
+#include "frmKeyInString.h"
 
 // A new project made from the shipped template (group "UserGroup1", 64 empty zones), with
-// the scripted platform and dialogs and a recording window whose tree holds the branches.
-// The locale picks the original language, so every text is the default at its call site.
+// the scripted platform and a recording window whose tree holds the branches. The dialogs
+// are the real ones, played through the platform. The locale picks the original language,
+// so every text is the default at its call site.
 class ModelTest : public ::testing::Test
 {
 public:
@@ -27,7 +28,6 @@ public:
     {
         platform.localeName = QStringLiteral("zh_TW");
         g.setView(&view);
-        g.setDialogs(&dialogs);
         InitApplication(g, folder.appPath());
         platform.expectOpenDialog(QDir(folder.projectDir()).filePath(QStringLiteral("Project1.cmb")));
         NewProject(g);
@@ -52,6 +52,35 @@ public:
     }
     QStringList column(Recordset& rs, const QString& field) { return Column(rs, field); }
 
+    // Expects the dialog shown modally; user plays it and must close it.
+    template<class Form> void expectDialog(std::function<void(Form&)> user)
+    {
+        platform.expectModal(g.form<Form>(), std::move(user));
+    }
+    // The name box asked with its title, prompt and proposal, answered with OK on the typed
+    // text, or with Cancel when the typed text is the cancel mark.
+    void expectKeyInString(
+        const QString& caption, const QString& prompt, const QString& proposal, const QString& typed)
+    {
+        expectDialog<frmKeyInString>([=](frmKeyInString& f) {
+            EXPECT_EQ(f.Caption, caption);
+            EXPECT_EQ(f.lbKeyInString.Caption, prompt);
+            EXPECT_EQ(f.txtKeyInString.Text, proposal);
+            f.txtKeyInString.Text = typed;
+            typed == KeyInStringCancelled ? f.cmdCancel_Click() : f.cmdOK_Click();
+        });
+    }
+    // The group editor, opened for a new group or not; check looks at it, Cancel closes it.
+    void expectGroupEditor(
+        bool isNewGroup, std::function<void()> check = [] {})
+    {
+        expectDialog<frmEditGroupList>([=](frmEditGroupList& f) {
+            EXPECT_EQ(f.cmdRename.Enabled, !isNewGroup);
+            check();
+            f.cmdCancel_Click();
+        });
+    }
+
     QString field(Recordset& rs, const QString& keyField, const QString& key, const QString& wanted)
     {
         Recordset clone = rs.Clone();
@@ -64,7 +93,6 @@ public:
 
     TestFolder folder;
     ScriptedPlatform platform;
-    ScriptedDialogs dialogs;
     RecordingView view;
     VORNAGlobal g {platform};
 };

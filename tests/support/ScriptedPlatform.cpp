@@ -4,22 +4,6 @@
 
 namespace {
 
-bool answerFitsButtons(int flags, int answer)
-{
-    switch (flags & MsgBox::ButtonMask) {
-    case MsgBox::OKOnly:
-        return answer == MsgBox::OK;
-    case MsgBox::OKCancel:
-        return answer == MsgBox::OK || answer == MsgBox::Cancel;
-    case MsgBox::YesNoCancel:
-        return answer == MsgBox::Yes || answer == MsgBox::No || answer == MsgBox::Cancel;
-    case MsgBox::YesNo:
-        return answer == MsgBox::Yes || answer == MsgBox::No;
-    default:
-        return false;
-    }
-}
-
 QString kindName(ScriptedPlatform::Event::Kind kind)
 {
     switch (kind) {
@@ -80,14 +64,14 @@ QString ScriptedPlatform::describe(const Expectation& e)
 
 void ScriptedPlatform::expectBox(int flags, const QString& text, const QString& title, int answer)
 {
-    EXPECT_TRUE(answerFitsButtons(flags, answer))
+    EXPECT_TRUE(MsgBox::HasButton(flags, answer))
         << "scripted answer " << answer << " is not a button of a box with flags " << flags;
     m_expected.push_back({Event::Box, flags, text, title, answer, false, {}, {}, {}});
 }
 
 void ScriptedPlatform::expectBoxWithAnyText(int flags, const QString& title, int answer)
 {
-    EXPECT_TRUE(answerFitsButtons(flags, answer))
+    EXPECT_TRUE(MsgBox::HasButton(flags, answer))
         << "scripted answer " << answer << " is not a button of a box with flags " << flags;
     m_expected.push_back({Event::Box, flags, {}, title, answer, true, {}, {}, {}});
 }
@@ -136,7 +120,7 @@ int ScriptedPlatform::msgBox(const QString& text, int flags, const QString& titl
         EXPECT_EQ(e.text.toStdString(), text.toStdString());
     }
     EXPECT_EQ(e.title.toStdString(), title.toStdString());
-    EXPECT_TRUE(answerFitsButtons(flags, e.answer))
+    EXPECT_TRUE(MsgBox::HasButton(flags, e.answer))
         << "answer " << e.answer << " is not a button of the box shown (flags " << flags << ")";
     return e.answer;
 }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 #include "FormModel.h"
@@ -47,6 +48,11 @@ public:
     // action runs while the form is shown modally, after its load; it plays the user and must
     // hide the form, as the window's modal loop waits for that. Without one the form returns at once.
     void expectModal(const QString& formName, std::function<void(FormModel&)> action = {});
+    // The same for the program's own instance of a form: the action plays the user on it.
+    template<class Form> void expectModal(Form& form, std::type_identity_t<std::function<void(Form&)>> action)
+    {
+        expectModal(form.formName(), [&form, action = std::move(action)](FormModel&) { action(form); });
+    }
 
     bool allExpectationsMet() const { return m_expected.empty(); }
     // Forgets what is still expected (for tests that end the process on purpose midway).
