@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include "FormBinder.h"
-#include "FormText.h"
 #include "FormView.h"
 #include "GuiApp.h"
 #include "QtPlatform.h"
@@ -151,7 +150,7 @@ TEST_F(FormViewsTest, EveryControlHasAWidgetOfItsNameShowingItsTextAndEveryTextP
 {
     for (FormModel* form : vorna.forms()) {
         const std::string name = form->formName().toStdString();
-        ApplyFormText(vorna.g.ml, *form);
+        form->ApplyFormText();
         FormView& view = platform.viewOf(*form);
         view.refresh();
         QWidget* window = view.widget();
