@@ -98,12 +98,12 @@ ParseResult ParseOptions(const QStringList& arguments, Options& options, QString
     parser.addOption(QCommandLineOption(QStringLiteral("sw2-off"),
         QStringLiteral("Switch SW2 off (run mode): receive and count requests, answer none.")));
     value("baud",
-        "Pace the answers at N baud, 10 bits a byte, after 3.5 characters of silence "
-        "(default 9600; 0 sends at once).",
+        "Pace the answers at N baud after 3.5 characters of silence, each byte sent when its "
+        "10 bits have passed (default 9600; 0 sends at once).",
         "N", QStringLiteral("9600"));
     for (const FaultOption& fault : FaultOptions)
-        parser.addOption(QCommandLineOption(
-            FaultName(fault.fault), QString::fromUtf8(fault.help), QStringLiteral("RATE|@N,...")));
+        parser.addOption(QCommandLineOption(FaultName(fault.fault), QString::fromUtf8(fault.help),
+            QStringLiteral("RATE|@N,record:N[xK],...")));
     value("exception-code", "Exception code of the exception fault (default 4).", "N", QStringLiteral("4"));
     value("delay-ms", "Hold-back of the delay fault, in ms (default 3500).", "MS", QStringLiteral("3500"));
     value("close-after-record", "Answer the K-th phone-book or message record, then hang up and exit.", "K",

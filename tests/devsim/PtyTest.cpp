@@ -49,8 +49,9 @@ struct TimingCase
 class TimingTest : public testing::TestWithParam<TimingCase>
 { };
 
-// Each byte is due at a fixed time from the request and never goes out before it, so only
-// lower bounds hold on a busy machine: the last byte's shows that the answer is paced.
+// Each byte is due when its ten bits have passed after the gap and never goes out before it,
+// so only lower bounds hold on a busy machine: the first byte's and the last byte's show that
+// the answer is paced and that no byte comes at the start of its slot.
 TEST_P(TimingTest, AnswerPacedOnTheLine)
 {
     const TimingCase& c = GetParam();
@@ -59,9 +60,9 @@ TEST_P(TimingTest, AnswerPacedOnTheLine)
     ASSERT_TRUE(port.isOpen());
     ASSERT_TRUE(port.write(Sealed("F70400020004")));
     EXPECT_EQ(port.read(13, 5000).size(), 13);
-    EXPECT_GE(port.firstByteMs, c.waitMs);
-    EXPECT_GE(port.lastByteMs, c.waitMs + 12 * c.byteMs);
-    EXPECT_LT(port.lastByteMs, c.waitMs + 12 * c.byteMs + 2000);
+    EXPECT_GE(port.firstByteMs, c.waitMs + c.byteMs);
+    EXPECT_GE(port.lastByteMs, c.waitMs + 13 * c.byteMs);
+    EXPECT_LT(port.lastByteMs, c.waitMs + 13 * c.byteMs + 2000);
 }
 
 const TimingCase TimingCases[] = {
