@@ -44,14 +44,16 @@ bool CommControl::setPortOpen(bool open)
     return false;
 }
 
+// The queue of a closed line is empty: the line itself says so, which spares asking the
+// system first whether the line is still there for every byte.
 int CommControl::InBufferCount()
 {
-    return PortOpen() ? int(m_line->bytesAvailable()) : 0;
+    return m_line ? int(m_line->bytesAvailable()) : 0;
 }
 
 QByteArray CommControl::Input()
 {
-    if (!PortOpen())
+    if (!m_line)
         return {};
     return m_line->read(InputLen > 0 ? InputLen : m_line->bytesAvailable());
 }
@@ -70,7 +72,7 @@ void CommControl::DiscardInput()
 
 bool CommControl::WaitForInput(int msecs)
 {
-    return PortOpen() && m_line->waitForBytes(msecs);
+    return PortOpen() && m_platform.waitForBytes(*m_line, msecs);
 }
 
 SerialSettings ParseCommSettings(const QString& settings)

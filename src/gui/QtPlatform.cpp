@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDialog>
 #include <QDir>
 #include <QFileDialog>
@@ -12,7 +13,8 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QSettings>
-#include <QThread>
+#include <QSocketNotifier>
+#include <QTimer>
 #include <QWidget>
 
 #include "FileUtil.h"
@@ -89,7 +91,9 @@ int answerOf(QMessageBox::StandardButton button)
 
 QtPlatform::QtPlatform(const QString& settingsFile)
     : m_settingsFile(settingsFile)
-{ }
+{
+    m_wake.setSingleShot(true);
+}
 
 QtPlatform::~QtPlatform()
 {
@@ -268,9 +272,37 @@ void QtPlatform::setMousePointer(int pointer)
 void QtPlatform::doEvents()
 {
     QCoreApplication::processEvents();
-    // Busy loops around DoEvents (the splash wait, the command pause) would otherwise
-    // keep a core at full load.
-    QThread::msleep(1);
+}
+
+void QtPlatform::waitEvents(int msecs)
+{
+    // The timer wakes the wait when nothing else comes.
+    m_wake.start(msecs);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    m_wake.stop();
+}
+
+bool QtPlatform::waitForBytes(SerialLine& line, int msecs)
+{
+    const qintptr handle = line.nativeHandle();
+    if (handle < 0)
+        return Platform::waitForBytes(line, msecs);
+    // A notifier of the line's own wakes the loop at the first byte (or the hang-up), whatever
+    // QSerialPort's reading stands at; the timer at the end of the time given. The notifier
+    // is kept for the next wait, and off in between: bytes left unread would wake every pass
+    // of the event loop.
+    if (!m_arrival || m_arrival->socket() != handle)
+        m_arrival = std::make_unique<QSocketNotifier>(handle, QSocketNotifier::Read);
+    m_arrival->setEnabled(true);
+    m_wake.start(msecs);
+    const QDeadlineTimer deadline(msecs);
+    qint64 waiting = 0;
+    // A line that is gone has nothing waiting and is closed.
+    while ((waiting = line.bytesAvailable()) == 0 && line.nativeHandle() >= 0 && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    m_arrival->setEnabled(false);
+    m_wake.stop();
+    return waiting > 0;
 }
 
 QDateTime QtPlatform::now()

@@ -4,7 +4,9 @@
 #include <map>
 
 #include <QPointer>
+#include <QSocketNotifier>
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 
 #include "Platform.h"
@@ -41,6 +43,8 @@ public:
     void refreshForm(FormModel& form) override;
     void setMousePointer(int pointer) override;
     void doEvents() override;
+    void waitEvents(int msecs) override;
+    bool waitForBytes(SerialLine& line, int msecs) override;
     QDateTime now() override;
     QString getSetting(const QString& appName, const QString& section, const QString& key,
         const QString& defaultValue) override;
@@ -73,4 +77,7 @@ private:
     std::map<QString, Form> m_forms;
     QString m_settingsFile;
     bool m_waitCursor = false;
+    // What ends the waits of waitEvents and waitForBytes.
+    QTimer m_wake;
+    std::unique_ptr<QSocketNotifier> m_arrival;
 };
