@@ -91,9 +91,7 @@ int answerOf(QMessageBox::StandardButton button)
 
 QtPlatform::QtPlatform(const QString& settingsFile)
     : m_settingsFile(settingsFile)
-{
-    m_wake.setSingleShot(true);
-}
+{ }
 
 QtPlatform::~QtPlatform()
 {
@@ -274,12 +272,14 @@ void QtPlatform::doEvents()
     QCoreApplication::processEvents();
 }
 
+// The waits own their timer and notifier: a command run from inside a wait may wait in turn.
 void QtPlatform::waitEvents(int msecs)
 {
     // The timer wakes the wait when nothing else comes.
-    m_wake.start(msecs);
+    QTimer wake;
+    wake.setSingleShot(true);
+    wake.start(msecs);
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    m_wake.stop();
 }
 
 bool QtPlatform::waitForBytes(SerialLine& line, int msecs)
@@ -288,20 +288,16 @@ bool QtPlatform::waitForBytes(SerialLine& line, int msecs)
     if (handle < 0)
         return Platform::waitForBytes(line, msecs);
     // A notifier of the line's own wakes the loop at the first byte (or the hang-up), whatever
-    // QSerialPort's reading stands at; the timer at the end of the time given. The notifier
-    // is kept for the next wait, and off in between: bytes left unread would wake every pass
-    // of the event loop.
-    if (!m_arrival || m_arrival->socket() != handle)
-        m_arrival = std::make_unique<QSocketNotifier>(handle, QSocketNotifier::Read);
-    m_arrival->setEnabled(true);
-    m_wake.start(msecs);
+    // QSerialPort's reading stands at; the timer at the end of the time given.
+    QSocketNotifier arrival(handle, QSocketNotifier::Read);
+    QTimer wake;
+    wake.setSingleShot(true);
+    wake.start(msecs);
     const QDeadlineTimer deadline(msecs);
     qint64 waiting = 0;
     // A line that is gone has nothing waiting and is closed.
     while ((waiting = line.bytesAvailable()) == 0 && line.nativeHandle() >= 0 && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    m_arrival->setEnabled(false);
-    m_wake.stop();
     return waiting > 0;
 }
 

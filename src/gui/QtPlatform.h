@@ -4,9 +4,7 @@
 #include <map>
 
 #include <QPointer>
-#include <QSocketNotifier>
 #include <QString>
-#include <QTimer>
 #include <QWidget>
 
 #include "Platform.h"
@@ -77,7 +75,4 @@ private:
     std::map<QString, Form> m_forms;
     QString m_settingsFile;
     bool m_waitCursor = false;
-    // What ends the waits of waitEvents and waitForBytes.
-    QTimer m_wake;
-    std::unique_ptr<QSocketNotifier> m_arrival;
 };

@@ -4,56 +4,24 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
-#include <gtest/gtest.h>
+#include "PtyLinkFixture.h"
 
-#include "QtSerialLine.h"
-
-namespace {
-
-// The serial line on a bare pseudo-terminal whose master side the test holds.
-class SerialLineTest : public testing::Test
+// A flood on a bare pseudo-terminal into a port open and unread, the window's event loop
+// running as between two commands: what is kept stays bounded, and the send drops all of it,
+// the driver's queue included, before its request goes.
+TEST_F(PtyLinkTest, AFloodOnAnIdlePortStaysBoundedAndGoesBeforeTheNextSend)
 {
-protected:
-    SerialLineTest()
-    {
-        static int argc = 1;
-        static char arg0[] = "device_pty_tests";
-        static char* argv[] = {arg0, nullptr};
-        if (!QCoreApplication::instance())
-            new QCoreApplication(argc, argv);
-        m_master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-        grantpt(m_master);
-        unlockpt(m_master);
-        EXPECT_TRUE(line.open(QString::fromLatin1(ptsname(m_master)), SerialSettings {}));
-    }
-    ~SerialLineTest() override
-    {
-        if (m_master >= 0)
-            ::close(m_master);
-    }
-    void hangUp()
-    {
-        ::close(m_master);
-        m_master = -1;
-    }
-
-    int m_master = -1;
-    QtSerialLine line;
-};
-
-// A flood on an open port that nobody reads, as in the window between two commands: what is
-// read and kept stays bounded, and the discard before a send drops all of it, the driver's
-// queue included.
-TEST_F(SerialLineTest, AFloodStaysBoundedAndTheDiscardDropsIt)
-{
+    const int master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+    grantpt(master);
+    unlockpt(master);
+    ASSERT_TRUE(openLine(QString::fromLatin1(ptsname(master))));
     std::atomic<bool> stop {false};
-    std::thread flood([this, &stop] {
+    std::thread flood([master, &stop] {
         const QByteArray chunk(4096, '\x55');
         while (!stop)
-            if (::write(m_master, chunk.constData(), chunk.size()) < 0)
+            if (::write(master, chunk.constData(), chunk.size()) < 0)
                 std::this_thread::yield();
     });
     QElapsedTimer clock;
@@ -63,22 +31,9 @@ TEST_F(SerialLineTest, AFloodStaysBoundedAndTheDiscardDropsIt)
     stop = true;
     flood.join();
 
-    EXPECT_GT(line.bytesAvailable(), 0);
-    EXPECT_LE(line.bytesAvailable(), QtSerialLine::ReadBufferBytes + 128 * 1024);
-    line.discardInput();
-    EXPECT_EQ(line.bytesAvailable(), 0);
+    EXPECT_GT(comm.InBufferCount(), 0);
+    EXPECT_LE(comm.InBufferCount(), QtSerialLine::ReadBufferBytes + 128 * 1024);
+    SendDataUseHandshaking(g, comm, Buffer(QByteArray::fromHex("F70400060001"), 6), 6);
+    EXPECT_EQ(comm.InBufferCount(), 0);
+    ::close(master);
 }
-
-// A hung-up line counts as closed before anything is read, and waits for nothing.
-TEST_F(SerialLineTest, AHungUpLineIsClosed)
-{
-    ASSERT_TRUE(line.isOpen());
-    ASSERT_EQ(::write(m_master, "\x01\x02", 2), 2);
-    EXPECT_TRUE(line.waitForBytes(1000));
-    hangUp();
-    EXPECT_FALSE(line.isOpen());
-    EXPECT_EQ(line.bytesAvailable(), 0);
-    EXPECT_FALSE(line.waitForBytes(1000));
-}
-
-} // namespace
