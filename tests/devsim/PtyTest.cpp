@@ -74,18 +74,4 @@ const TimingCase TimingCases[] = {
 INSTANTIATE_TEST_SUITE_P(DevsimPtyTest, TimingTest, testing::ValuesIn(TimingCases),
     [](const testing::TestParamInfo<TimingCase>& info) { return CaseName(info.param.name); });
 
-TEST(DevsimPtyTest, HangsUpAfterTheChosenRecordAndExits)
-{
-    DevsimProcess devsim({"--baud", "0", "--close-after-record", "2"});
-    PtyPort port(devsim.path());
-    ASSERT_TRUE(port.isOpen());
-    ASSERT_TRUE(port.write(Sealed("F75043010E00010A0130393132333435363738")));
-    EXPECT_EQ(port.read(6), Sealed("F7504301"));
-    ASSERT_TRUE(port.write(Sealed(PhoneRecord)));
-    EXPECT_EQ(port.read(6), Sealed("F7504302"));
-    EXPECT_TRUE(port.read(1, 3000).isEmpty());
-    EXPECT_TRUE(port.hungUp);
-    EXPECT_EQ(devsim.finished(), 0);
-}
-
 } // namespace
