@@ -44,8 +44,8 @@ bool CommControl::setPortOpen(bool open)
     return false;
 }
 
-// The queue of a closed line is empty: the line itself says so, which spares asking the
-// system first whether the line is still there for every byte.
+// A closed line has an empty queue of its own accord: asking first whether the port is open
+// would cost a call to the system for every byte received.
 int CommControl::InBufferCount()
 {
     return m_line ? int(m_line->bytesAvailable()) : 0;

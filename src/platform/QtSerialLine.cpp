@@ -74,7 +74,7 @@ void QtSerialLine::close()
 
 bool QtSerialLine::isOpen() const
 {
-    return m_port.isOpen() && m_port.error() != QSerialPort::ResourceError && driverQueued() >= 0;
+    return m_port.isOpen() && driverQueued() >= 0;
 }
 
 void QtSerialLine::closeIfGone()
@@ -103,7 +103,7 @@ qint64 QtSerialLine::bytesAvailable()
     if (!m_port.isOpen())
         return 0;
     const qint64 queued = driverQueued();
-    if (queued < 0 || m_port.error() == QSerialPort::ResourceError) {
+    if (queued < 0) {
         m_port.close();
         return 0;
     }
