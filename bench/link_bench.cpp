@@ -1,5 +1,6 @@
 // SendCommand round trips against vorna-devsim at an emulated 9600 baud, through the real
-// QSerialPort line on a pseudo-terminal. For each kind of request it prints the medians of:
+// QSerialPort line on a pseudo-terminal and the window's own platform (offscreen), so that the
+// yields of the receive cost what they cost in the window. For each kind of request it prints the medians of:
 // the measured time over the wire time (10 bits a byte for the request and the answer, plus
 // 3.5 characters of silence for each of the two frames; target 1.05 or less), the measured
 // time over what the pseudo-terminal really paces (the dialler's 3.5 characters and its
@@ -8,7 +9,7 @@
 #include <cstdio>
 #include <ctime>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
 
 #include "BenchInstall.h"
@@ -17,10 +18,9 @@
 #include "CommProtocol.h"
 #include "CommUtil.h"
 #include "DevsimProcess.h"
-#include "HeadlessPlatform.h"
 #include "Median.h"
 #include "ProjectImage.h"
-#include "QtSerialLine.h"
+#include "QtPlatform.h"
 #include "VORNAGlobal.h"
 #include "VORNAMain.h"
 
@@ -30,12 +30,6 @@ constexpr int Baud = 9600;
 constexpr double ByteMs = 10 * 1000.0 / Baud;
 constexpr double GapMs = 3.5 * ByteMs;
 constexpr int RoundTrips = 300;
-
-class LinePlatform : public HeadlessPlatform
-{
-public:
-    std::unique_ptr<SerialLine> createSerialLine() override { return std::make_unique<QtSerialLine>(); }
-};
 
 double ProcessCpuMs()
 {
@@ -56,10 +50,12 @@ struct Kind
 
 int main(int argc, char** argv)
 {
-    QCoreApplication app(argc, argv);
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
     BenchInstall install;
     QDir::setCurrent(install.appPath());
-    LinePlatform platform;
+    QtPlatform platform(QDir(install.root()).filePath(QStringLiteral("settings.ini")));
     VORNAGlobal g(platform);
     InitApplication(g, install.appPath());
     CommControl comm(platform);

@@ -11,6 +11,7 @@
 
 #include <QLocale>
 #include <QSettings>
+#include <QThread>
 
 #include "FormModel.h"
 #include "QtSerialLine.h"
@@ -197,6 +198,12 @@ void ConsolePlatform::refreshForm(FormModel&) { }
 void ConsolePlatform::setMousePointer(int) { }
 
 void ConsolePlatform::doEvents() { }
+
+// Nothing but the clock can end such a wait here.
+void ConsolePlatform::waitEvents(int msecs)
+{
+    QThread::msleep(msecs);
+}
 
 QDateTime ConsolePlatform::now()
 {

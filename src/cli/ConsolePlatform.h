@@ -29,6 +29,7 @@ public:
     void refreshForm(FormModel& form) override;
     void setMousePointer(int pointer) override;
     void doEvents() override;
+    void waitEvents(int msecs) override;
     QDateTime now() override;
     QString getSetting(const QString& appName, const QString& section, const QString& key,
         const QString& defaultValue) override;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QDeadlineTimer>
+
 #include "ProjectView.h"
 
 // What the project operations ask of the main window, for a terminal: there is no tree
@@ -12,7 +14,13 @@ public:
     { }
 
     void setStatusText(const QString& panelKey, const QString& text) override;
+    // The pause between two attempts of a device command, on the clock as there is no
+    // window timer here: as long as the window's.
+    void startSleep() override { m_pauseEnds = QDeadlineTimer(PauseMs); }
+    bool isInDelay() const override { return !m_pauseEnds.hasExpired(); }
 
 private:
+    static constexpr int PauseMs = 30;
     bool m_verbose;
+    QDeadlineTimer m_pauseEnds {0};
 };

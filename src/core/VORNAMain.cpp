@@ -66,5 +66,5 @@ void WaitForSplash(VORNAGlobal& g, const std::function<bool()>& splashClicked)
 {
     const QDateTime start = g.platform.now();
     while (DateDiffSeconds(start, g.platform.now()) <= 2 && !splashClicked())
-        g.platform.doEvents();
+        g.platform.waitEvents(10);
 }

@@ -44,14 +44,16 @@ bool CommControl::setPortOpen(bool open)
     return false;
 }
 
+// A closed line has an empty queue of its own accord: asking first whether the port is open
+// would cost a call to the system for every byte received.
 int CommControl::InBufferCount()
 {
-    return PortOpen() ? int(m_line->bytesAvailable()) : 0;
+    return m_line ? int(m_line->bytesAvailable()) : 0;
 }
 
 QByteArray CommControl::Input()
 {
-    if (!PortOpen())
+    if (!m_line)
         return {};
     return m_line->read(InputLen > 0 ? InputLen : m_line->bytesAvailable());
 }
@@ -70,7 +72,7 @@ void CommControl::DiscardInput()
 
 bool CommControl::WaitForInput(int msecs)
 {
-    return PortOpen() && m_line->waitForBytes(msecs);
+    return PortOpen() && m_platform.waitForBytes(*m_line, msecs);
 }
 
 SerialSettings ParseCommSettings(const QString& settings)

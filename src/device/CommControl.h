@@ -25,6 +25,7 @@ public:
     QString DevicePath;
     int InputLen = 0;
 
+    // False once the system reports the port's device gone: the next open tries it again.
     bool PortOpen() const;
     // Opening a port that cannot be opened returns false, and OpenFailure and
     // ErrorDescription say why. Closing always succeeds.
@@ -32,6 +33,7 @@ public:
     SerialLine::OpenFailure OpenFailure = SerialLine::OpenFailure::None;
     QString ErrorDescription;
 
+    // Bytes waiting, in the driver as well as read from it.
     int InBufferCount();
     // Takes InputLen bytes off the receive queue (all of it when InputLen is 0).
     QByteArray Input();
@@ -39,7 +41,7 @@ public:
     void Output(const QByteArray& bytes);
     // Drops what waits in the receive queue.
     void DiscardInput();
-    // Waits at most msecs for bytes; true if any are waiting.
+    // Waits at most msecs for bytes, window events running meanwhile; true if any are waiting.
     bool WaitForInput(int msecs);
 
 private:

@@ -25,8 +25,9 @@ constexpr std::array<quint16, 256> MakeCrcTable()
 constexpr std::array<quint16, 256> CrcTable = MakeCrcTable();
 
 // The pause that a failed attempt started ends with the window's timer, or after ten
-// seconds should the timer never run.
+// seconds should the timer never run. The wait wakes at least this often to look.
 constexpr int PauseCapSeconds = 10;
+constexpr int PauseSliceMs = 10;
 
 void DebugBox(VORNAGlobal& g, const QString& text)
 {
@@ -107,7 +108,7 @@ bool SendCommand(VORNAGlobal& g, CommControl& comm, CommBuffer& cmd, qint16 nCmd
         g.platform.doEvents();
         const QDateTime start = g.platform.now();
         while (g.view().isInDelay()) {
-            g.platform.doEvents();
+            g.platform.waitEvents(PauseSliceMs);
             if (DateDiffSeconds(start, g.platform.now()) > PauseCapSeconds)
                 break;
         }

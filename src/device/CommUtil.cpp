@@ -1,5 +1,7 @@
 #include "CommUtil.h"
 
+#include <algorithm>
+
 #include "CommBuffer.h"
 #include "CommControl.h"
 #include "CommPorts.h"
@@ -12,26 +14,33 @@ const QString CommErrorTitle = QStringLiteral("Communicaiton Error");
 const QString CheckSettingsLine
     = QStringLiteral("Please check cable connection and communicaiton parameter settings.");
 
-// While no byte waits, the receive sleeps on the port this long before it lets the event
-// loop run again, so that a download costs next to no processor time.
-constexpr int ReceiveSliceMs = 10;
-
-// Whole units between two moments, by the interval code of the time comparison.
-qint64 DateDiff(const QString& interval, const QDateTime& from, const QDateTime& to)
+// Seconds in one unit of the interval code of the time comparison.
+qint64 IntervalSeconds(const QString& interval)
 {
     const QString code = interval.trimmed().toLower();
-    const qint64 seconds = DateDiffSeconds(from, to);
     if (code == QStringLiteral("s"))
-        return seconds;
-    auto units = [&](qint64 unitSeconds) {
-        auto floorDiv = [](qint64 a, qint64 b) { return a >= 0 ? a / b : -((-a + b - 1) / b); };
-        return floorDiv(to.toSecsSinceEpoch(), unitSeconds) - floorDiv(from.toSecsSinceEpoch(), unitSeconds);
-    };
+        return 1;
     if (code == QStringLiteral("n"))
-        return units(60);
+        return 60;
     if (code == QStringLiteral("h"))
-        return units(3600);
+        return 3600;
     throw UnhandledError(QStringLiteral("Invalid procedure call or argument"));
+}
+
+// The unit boundaries crossed since the epoch, so that a difference counts whole units.
+qint64 WholeUnits(const QDateTime& t, qint64 unitSeconds)
+{
+    const qint64 ms = t.toMSecsSinceEpoch();
+    const qint64 unitMs = unitSeconds * 1000;
+    return ms >= 0 ? ms / unitMs : -((-ms + unitMs - 1) / unitMs);
+}
+
+// How long a wait for the next byte may last: until the silence since the last activity
+// counts more than silentTimeout whole units, at most a minute at a time.
+int MsecsLeft(qint64 unitSeconds, const QDateTime& lastActivity, const QDateTime& now, qint16 silentTimeout)
+{
+    const qint64 endMs = (WholeUnits(lastActivity, unitSeconds) + silentTimeout + 1) * unitSeconds * 1000;
+    return int(std::clamp<qint64>(endMs - now.toMSecsSinceEpoch(), 0, 60'000));
 }
 
 } // namespace
@@ -118,16 +127,20 @@ qint16 ReceiveDataUseHandshaking(
     QDateTime seen = lastActivity;
     comm.InputLen = 1;
     qint16 i = 0;
-    const QString interval = g.GetText(QStringLiteral("s"), 1, 456, QStringLiteral("VORNACommUtil"));
+    const qint64 unit
+        = IntervalSeconds(g.GetText(QStringLiteral("s"), 1, 456, QStringLiteral("VORNACommUtil")));
     bool timedOut = false;
     while (i < n) {
-        if (DateDiff(interval, lastActivity, seen) > silentTimeout) {
+        if (WholeUnits(seen, unit) - WholeUnits(lastActivity, unit) > silentTimeout) {
             timedOut = true;
             break;
         }
         if (comm.InBufferCount() == 0) {
-            comm.WaitForInput(ReceiveSliceMs);
-            g.platform.doEvents();
+            // A line that has hung up brings nothing more.
+            if (!comm.PortOpen())
+                break;
+            // The port wakes the wait at the next byte; the window stays live meanwhile.
+            comm.WaitForInput(MsecsLeft(unit, lastActivity, seen, silentTimeout));
             seen = g.platform.now();
             continue;
         }

@@ -79,7 +79,7 @@ std::optional<Reply> Dialler::handle(const QByteArray& frame)
     }
     if (m_closed)
         return std::nullopt;
-    LoggedRequest logged {++m_requests, frame, {}, {}};
+    LoggedRequest logged {++m_requests, countRecord(frame), frame, {}, {}};
     Reply reply {m_requests, {}, 0, false};
     if (!m_settings.sw2On) {
         logged.faults.append(QStringLiteral("sw2-off"));
@@ -87,7 +87,7 @@ std::optional<Reply> Dialler::handle(const QByteArray& frame)
         return std::nullopt;
     }
 
-    const FaultSet faults = m_faults.decide(m_requests);
+    const FaultSet faults = m_faults.decide(m_requests, logged.record);
     for (int i = 0; i < FaultCount; ++i) {
         if (faults.test(i))
             logged.faults.append(FaultName(static_cast<Fault>(i)));
@@ -137,6 +137,22 @@ std::optional<Reply> Dialler::handle(const QByteArray& frame)
     if (bytes.isEmpty() && !reply.closeLine)
         return std::nullopt;
     return reply;
+}
+
+RecordAttempt Dialler::countRecord(const QByteArray& frame)
+{
+    const bool isRecord
+        = frame.size() > 2 && Byte(frame, 1) == 0x50 && (Byte(frame, 2) == 0x43 || Byte(frame, 2) == 0x53);
+    if (!isRecord)
+        return {};
+    // A record carries its kind and number, so only a retry repeats the last frame.
+    if (frame == m_lastRecordFrame) {
+        ++m_lastRecord.attempt;
+    } else {
+        m_lastRecordFrame = frame;
+        m_lastRecord = {m_lastRecord.record + 1, 1};
+    }
+    return m_lastRecord;
 }
 
 QByteArray Dialler::answer(const QByteArray& frame)
@@ -255,6 +271,8 @@ QJsonObject Dialler::toJson() const
     for (const LoggedRequest& entry : m_log) {
         log.append(QJsonObject {
             {QStringLiteral("request"), entry.request},
+            {QStringLiteral("record"), entry.record.record},
+            {QStringLiteral("attempt"), entry.record.attempt},
             {QStringLiteral("frame"), QString::fromLatin1(entry.frame.toHex().toUpper())},
             {QStringLiteral("faults"), QJsonArray::fromStringList(entry.faults)},
             {QStringLiteral("answer"), QString::fromLatin1(entry.answer.toHex().toUpper())},

@@ -39,6 +39,7 @@ struct Reply
 struct LoggedRequest
 {
     int request = 0;
+    RecordAttempt record;
     QByteArray frame; // CRC included
     QStringList faults;
     QByteArray answer; // what went out, after the faults
@@ -64,6 +65,7 @@ public:
 private:
     std::vector<Reply> handle(const std::vector<QByteArray>& frames);
     std::optional<Reply> handle(const QByteArray& frame);
+    RecordAttempt countRecord(const QByteArray& frame);
     QByteArray answer(const QByteArray& frame);
     QByteArray readBits(const QByteArray& frame);
     QByteArray readRegisters(const QByteArray& frame, bool input);
@@ -79,6 +81,9 @@ private:
     int m_requests = 0;
     int m_answered = 0;
     int m_records = 0;
+    // The last record frame sent and where it stands, to tell a retry from the next record.
+    QByteArray m_lastRecordFrame;
+    RecordAttempt m_lastRecord;
     int m_otherStations = 0;
     bool m_closed = false;
 };

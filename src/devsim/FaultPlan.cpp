@@ -35,13 +35,26 @@ std::optional<FaultSelector> ParseFaultSelector(const QString& text)
 {
     FaultSelector selector;
     if (text.startsWith(QLatin1Char('@'))) {
-        const QStringList numbers = text.mid(1).split(QLatin1Char(','));
-        for (const QString& number : numbers) {
+        const QLatin1String recordPrefix("record:");
+        const auto positive = [](const QString& number) {
             bool ok = false;
-            const int request = number.toInt(&ok);
-            if (!ok || request < 1)
+            const int value = number.toInt(&ok);
+            return ok && value >= 1 ? value : 0;
+        };
+        for (const QString& item : text.mid(1).split(QLatin1Char(','))) {
+            if (!item.startsWith(recordPrefix)) {
+                const int request = positive(item);
+                if (request == 0)
+                    return std::nullopt;
+                selector.requests.insert(request);
+                continue;
+            }
+            const QStringList parts = item.mid(recordPrefix.size()).split(QLatin1Char('x'));
+            const int record = positive(parts[0]);
+            const int attempts = parts.size() == 2 ? positive(parts[1]) : FaultSelector::EveryAttempt;
+            if (record == 0 || parts.size() > 2 || (parts.size() == 2 && attempts == 0))
                 return std::nullopt;
-            selector.requests.insert(request);
+            selector.records[record] = attempts;
         }
         return selector;
     }
@@ -52,14 +65,17 @@ std::optional<FaultSelector> ParseFaultSelector(const QString& text)
     return selector;
 }
 
-FaultSet FaultPlan::decide(int request)
+FaultSet FaultPlan::decide(int request, RecordAttempt record)
 {
     std::uniform_real_distribution<double> chance(0.0, 1.0);
     FaultSet faults;
     for (int i = 0; i < FaultCount; ++i) {
         const FaultSelector& selector = m_selectors[i];
         const double draw = chance(m_random);
-        if (selector.requests.contains(request) || draw < selector.rate)
+        const auto struck = selector.records.find(record.record);
+        const bool recordStruck = struck != selector.records.end()
+            && (struck->second == FaultSelector::EveryAttempt || record.attempt <= struck->second);
+        if (selector.requests.contains(request) || recordStruck || draw < selector.rate)
             faults.set(i);
     }
     return faults;

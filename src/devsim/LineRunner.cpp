@@ -64,9 +64,12 @@ void LineRunner::schedule(const std::vector<Reply>& replies)
     const qint64 byteUs = m_options.baud > 0 ? 10'000'000 / m_options.baud : 0;
     const qint64 gapUs = m_options.baud > 0 ? m_options.dialler.gapUs : 0;
     for (const Reply& reply : replies) {
+        // A byte reaches the other end once its ten bits have passed, not when its start bit goes.
         qint64 due = std::max(now() + gapUs + reply.delayUs, m_lineFreeUs);
-        for (qsizetype i = 0; i < reply.bytes.size(); ++i, due += byteUs)
-            m_out.push_back({due, reply.bytes[i], false});
+        for (const char byte : reply.bytes) {
+            due += byteUs;
+            m_out.push_back({due, byte, false});
+        }
         if (reply.closeLine)
             m_out.push_back({due, 0, true});
         m_lineFreeUs = due;

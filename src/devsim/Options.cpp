@@ -17,10 +17,14 @@ read only), 01 (the 64 alarm bits) and 50 (erase the phone book or the short mes
 a phone-book or a short-message record). Anything else gets a Modbus exception answer.
 
 Faults. Each fault option takes either a rate, a number from 0 to 1 ("0.25": each request
-by chance, repeatable with --seed), or request numbers ("@3" or "@3,7"). Requests are
-numbered from 1 in the order the dialler receives them, counting every well-formed frame
-for station 247, retries included. Several faults on one request apply in the order of the
-options below.
+by chance, repeatable with --seed), or a list after "@" of request numbers and records
+("@3,7", "@record:5", "@2,record:5x2"). Requests are numbered from 1 in the order the
+dialler receives them, counting every well-formed frame for station 247, retries included.
+Records (phone-book and short-message records) are numbered from 1 in the order they are
+first sent; a retry repeats the same frame and keeps the number. "record:N" strikes every
+attempt at record N, "record:NxK" only its first K attempts, so that with K no more than
+the tool's retries the record goes through in the end. Several faults on one request apply
+in the order of the options below.
 
 Dump. With --dump PATH the dialler writes a JSON file after every request and on exit
 (SIGTERM and SIGINT included), replacing it in one step, so a test can read it at any time:
@@ -98,12 +102,12 @@ ParseResult ParseOptions(const QStringList& arguments, Options& options, QString
     parser.addOption(QCommandLineOption(QStringLiteral("sw2-off"),
         QStringLiteral("Switch SW2 off (run mode): receive and count requests, answer none.")));
     value("baud",
-        "Pace the answers at N baud, 10 bits a byte, after 3.5 characters of silence "
-        "(default 9600; 0 sends at once).",
+        "Pace the answers at N baud after 3.5 characters of silence, each byte sent when its "
+        "10 bits have passed (default 9600; 0 sends at once).",
         "N", QStringLiteral("9600"));
     for (const FaultOption& fault : FaultOptions)
-        parser.addOption(QCommandLineOption(
-            FaultName(fault.fault), QString::fromUtf8(fault.help), QStringLiteral("RATE|@N,...")));
+        parser.addOption(QCommandLineOption(FaultName(fault.fault), QString::fromUtf8(fault.help),
+            QStringLiteral("RATE|@N,record:N[xK],...")));
     value("exception-code", "Exception code of the exception fault (default 4).", "N", QStringLiteral("4"));
     value("delay-ms", "Hold-back of the delay fault, in ms (default 3500).", "MS", QStringLiteral("3500"));
     value("close-after-record", "Answer the K-th phone-book or message record, then hang up and exit.", "K",

@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDialog>
 #include <QDir>
 #include <QFileDialog>
@@ -12,7 +13,8 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QSettings>
-#include <QThread>
+#include <QSocketNotifier>
+#include <QTimer>
 #include <QWidget>
 
 #include "FileUtil.h"
@@ -245,9 +247,35 @@ void QtPlatform::setMousePointer(int pointer)
 void QtPlatform::doEvents()
 {
     QCoreApplication::processEvents();
-    // Busy loops around DoEvents (the splash wait, the command pause) would otherwise
-    // keep a core at full load.
-    QThread::msleep(1);
+}
+
+// The waits own their timer and notifier: a command run from inside a wait may wait in turn.
+void QtPlatform::waitEvents(int msecs)
+{
+    // The timer wakes the wait when nothing else comes.
+    QTimer wake;
+    wake.setSingleShot(true);
+    wake.start(msecs);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+bool QtPlatform::waitForBytes(SerialLine& line, int msecs)
+{
+    const qintptr handle = line.nativeHandle();
+    if (handle < 0)
+        return Platform::waitForBytes(line, msecs);
+    // A notifier of the line's own wakes the loop at the first byte (or the hang-up), whatever
+    // QSerialPort's reading stands at; the timer at the end of the time given.
+    QSocketNotifier arrival(handle, QSocketNotifier::Read);
+    QTimer wake;
+    wake.setSingleShot(true);
+    wake.start(msecs);
+    const QDeadlineTimer deadline(msecs);
+    qint64 waiting = 0;
+    // A line that is gone has nothing waiting and is closed.
+    while ((waiting = line.bytesAvailable()) == 0 && line.nativeHandle() >= 0 && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return waiting > 0;
 }
 
 QDateTime QtPlatform::now()

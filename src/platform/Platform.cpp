@@ -63,3 +63,15 @@ void Platform::unloadForm(FormModel& form)
     hideForm(form);
     form.Unload();
 }
+
+void Platform::waitEvents(int)
+{
+    doEvents();
+}
+
+bool Platform::waitForBytes(SerialLine& line, int msecs)
+{
+    const bool waiting = line.waitForBytes(msecs);
+    doEvents();
+    return waiting;
+}

@@ -88,8 +88,14 @@ public:
 
     virtual void setMousePointer(int pointer) = 0;
 
-    // Lets pending window events run (DoEvents).
+    // Lets pending window events run and returns at once (DoEvents).
     virtual void doEvents() = 0;
+    // Lets window events run, waiting at most msecs for one when none is pending: the yield
+    // of a loop that waits on a flag or the clock, which would otherwise keep a core busy.
+    virtual void waitEvents(int msecs);
+    // Waits at most msecs for bytes on the line, window events running meanwhile, and returns
+    // as soon as some wait or the line is gone; true if bytes wait.
+    virtual bool waitForBytes(SerialLine& line, int msecs);
 
     virtual QDateTime now() = 0;
 

@@ -1,5 +1,6 @@
 #include "QtSerialLine.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -38,16 +39,26 @@ SerialLine::OpenFailure Classify(QSerialPort::SerialPortError error, const QStri
 
 } // namespace
 
+QtSerialLine::QtSerialLine()
+{
+    // In the window the event loop notices a hang-up between two commands.
+    QObject::connect(
+        &m_port, &QSerialPort::errorOccurred, &m_port, [this] { closeIfGone(); }, Qt::QueuedConnection);
+}
+
 bool QtSerialLine::open(const QString& path, const SerialSettings& settings)
 {
     m_failure = OpenFailure::None;
     m_errorString.clear();
+    // A port whose device went away is still held open until now.
+    close();
     m_port.setPortName(path);
     m_port.setBaudRate(settings.BaudRate);
     m_port.setParity(QtParity(settings.Parity));
     m_port.setDataBits(static_cast<QSerialPort::DataBits>(settings.DataBits));
     m_port.setStopBits(settings.StopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop);
     m_port.setFlowControl(QSerialPort::NoFlowControl);
+    m_port.setReadBufferSize(ReadBufferBytes);
     if (m_port.open(QIODevice::ReadWrite))
         return true;
     m_failure = Classify(m_port.error(), path);
@@ -61,8 +72,27 @@ void QtSerialLine::close()
         m_port.close();
 }
 
+bool QtSerialLine::isOpen() const
+{
+    return m_port.isOpen() && driverQueued() >= 0;
+}
+
+void QtSerialLine::closeIfGone()
+{
+    if (m_port.isOpen() && !isOpen())
+        m_port.close();
+}
+
+qint64 QtSerialLine::driverQueued() const
+{
+    int queued = 0;
+    return ::ioctl(int(m_port.handle()), FIONREAD, &queued) == 0 ? queued : -1;
+}
+
 void QtSerialLine::write(const QByteArray& bytes)
 {
+    if (!m_port.isOpen())
+        return;
     m_port.write(bytes);
     // The console tool runs no event loop that would hand the bytes to the driver.
     m_port.flush();
@@ -70,24 +100,39 @@ void QtSerialLine::write(const QByteArray& bytes)
 
 qint64 QtSerialLine::bytesAvailable()
 {
-    return m_port.bytesAvailable();
+    if (!m_port.isOpen())
+        return 0;
+    const qint64 queued = driverQueued();
+    if (queued < 0) {
+        m_port.close();
+        return 0;
+    }
+    return m_port.bytesAvailable() + queued;
 }
 
 QByteArray QtSerialLine::read(qint64 maxBytes)
 {
+    if (!m_port.isOpen())
+        return {};
+    // QSerialPort hands out only what it has read from the driver: read the rest in first.
+    if (m_port.bytesAvailable() < maxBytes && driverQueued() > 0)
+        m_port.waitForReadyRead(0);
     return m_port.read(maxBytes);
 }
 
 bool QtSerialLine::waitForBytes(int msecs)
 {
-    if (m_port.bytesAvailable() > 0)
+    if (bytesAvailable() > 0)
         return true;
+    if (!m_port.isOpen())
+        return false;
     m_port.waitForReadyRead(msecs);
-    return m_port.bytesAvailable() > 0;
+    return bytesAvailable() > 0;
 }
 
 void QtSerialLine::discardInput()
 {
-    m_port.readAll();
-    m_port.clear(QSerialPort::Input);
+    // What QSerialPort has read and what the driver still holds.
+    if (m_port.isOpen())
+        m_port.clear(QSerialPort::Input);
 }

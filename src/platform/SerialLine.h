@@ -26,19 +26,24 @@ public:
 
     // Opens the device at path. On failure returns false; openFailure and errorString tell why.
     virtual bool open(const QString& path, const SerialSettings& settings) = 0;
+    // False as well once the system reports the device gone (an adapter pulled, a line hung
+    // up): such a line is closed, and the next open tries the device again.
     virtual bool isOpen() const = 0;
     virtual void close() = 0;
 
     // Queues bytes for sending without waiting for the line.
     virtual void write(const QByteArray& bytes) = 0;
-    // Bytes waiting in the receive queue.
+    // Bytes waiting in the receive queue, those that the driver still holds included.
     virtual qint64 bytesAvailable() = 0;
     // Takes up to maxBytes off the receive queue.
     virtual QByteArray read(qint64 maxBytes) = 0;
     // Waits at most msecs for bytes to arrive; true if any are waiting on return.
     virtual bool waitForBytes(int msecs) = 0;
-    // Drops everything received and not yet read.
+    // Drops everything received and not yet read, in the driver too.
     virtual void discardInput() = 0;
+
+    // The system's handle of the open line, for a wait in an event loop; -1 when it has none.
+    virtual qintptr nativeHandle() const { return -1; }
 
     virtual OpenFailure openFailure() const = 0;
     virtual QString errorString() const = 0;

@@ -13,6 +13,9 @@
 
 namespace {
 
+// The number 0912345678 as the second entry of group 2.
+constexpr const char* PhoneRecordHex = "F75043020E00020A0230393132333435363738";
+
 // The named fields of each element of an array of the dump, one line for each element.
 QStringList Lines(const QJsonValue& array, std::initializer_list<const char*> keys)
 {
@@ -31,6 +34,7 @@ QStringList Lines(const QJsonValue& array, std::initializer_list<const char*> ke
 class DevsimLinkTest : public PtyLinkTest
 {
 protected:
+    // Unpaced unless the options give a --baud of their own.
     void startDevsim(const QStringList& options)
     {
         dumpPath = folder.path(QStringLiteral("dialler.json"));
@@ -120,35 +124,68 @@ struct FaultCase
     const char* name;
     QStringList options;
     qint16 retry;
-    bool result;
-    int requests;     // received by the dialler: the attempts made
-    int lastFunction; // of the last answer
+    std::vector<bool> results; // of three model-id reads in a row
+    int requests;              // received by the dialler: the attempts made
+    int lastFunction;          // of the first read's last answer
 };
 
 class DevsimFaultTest : public DevsimLinkTest, public testing::WithParamInterface<FaultCase>
 { };
 
-// A read of the model id under one fault, judged by the protocol and counted by the dialler.
+// Three reads of the model id on a line paced at 9600 baud, the first under a fault, judged
+// by the protocol and counted by the dialler. What a fault leaves on the line must be gone
+// before the next attempt, or every later answer is read out of step.
 TEST_P(DevsimFaultTest, SeenAsTheProtocolJudgesIt)
 {
     const FaultCase& c = GetParam();
-    startDevsim(c.options);
-    CommBuffer cmd = Buffer(QByteArray::fromHex("F70400000001"), 8);
-    CommBuffer rsp(7);
-    EXPECT_EQ(SendCommand(g, comm, cmd, 6, rsp, 7, g.link.Timeout, c.retry), c.result);
-    EXPECT_EQ(rsp(2), c.lastFunction);
+    startDevsim(QStringList {"--baud", "9600"} + c.options);
+    std::vector<bool> results;
+    int firstFunction = 0;
+    for (int k = 0; k < 3; ++k) {
+        CommBuffer cmd = Buffer(QByteArray::fromHex("F70400000001"), 8);
+        CommBuffer rsp(7);
+        results.push_back(SendCommand(g, comm, cmd, 6, rsp, 7, g.link.Timeout, c.retry));
+        if (k == 0)
+            firstFunction = rsp(2);
+    }
+    EXPECT_EQ(results, c.results);
+    EXPECT_EQ(firstFunction, c.lastFunction);
     dumpAfter(c.requests);
-    EXPECT_EQ(pause.sleeps, c.requests - (c.result ? 1 : 0));
 }
 
 const FaultCase FaultCases[] = {
-    {"dropped answer retried", {"--drop-response", "@1"}, 1, true, 2, 0x04},
-    {"exception answer", {"--exception", "1"}, 1, false, 2, 0x84},
-    // The rest of the answer waits in the queue, and the retry drops it before it goes.
-    {"noise before the answer", {"--noise", "@1"}, 1, true, 2, 0x04},
+    {"dropped answer retried", {"--drop-response", "@1"}, 1, {true, true, true}, 4, 0x04},
+    {"exception answer", {"--exception", "@1,2"}, 1, {false, true, true}, 4, 0x84},
+    // The tail of the answer waits in the driver, and the retry drops it before it goes.
+    {"noise before the answer", {"--noise", "@1"}, 3, {true, true, true}, 4, 0x04},
+    {"bytes after a bad answer", {"--corrupt-crc", "@1", "--extra-bytes", "@1"}, 3, {true, true, true}, 4,
+        0x04},
 };
 
 INSTANTIATE_TEST_SUITE_P(DevsimLinkTest, DevsimFaultTest, testing::ValuesIn(FaultCases),
     [](const testing::TestParamInfo<FaultCase>& info) { return CaseName(info.param.name); });
+
+// A dialler that hangs up leaves no port open behind it: the command under way fails at once
+// instead of waiting out its silences, and the next operation opens the port again, which
+// fails with the open's own box while the dialler is gone.
+TEST_F(DevsimLinkTest, AHangUpClosesThePortAndTheNextOperationOpensItAgain)
+{
+    startDevsim({"--close-after-record", "1"});
+    g.link.Retry = 3;
+    CommBuffer cmd = Buffer(QByteArray::fromHex(PhoneRecordHex), 21);
+    CommBuffer rsp(6);
+    ASSERT_TRUE(SendCommand(g, comm, cmd, 19, rsp, 6, g.link.Timeout, g.link.Retry));
+    EXPECT_EQ(devsim->finished(), 0);
+    CommBuffer probe = Buffer(QByteArray::fromHex("F70400060001"), 8);
+    CommBuffer answer(7);
+    EXPECT_FALSE(SendCommand(g, comm, probe, 6, answer, 7, g.link.Timeout, g.link.Retry));
+    EXPECT_EQ(pause.sleeps, 4);
+    EXPECT_FALSE(comm.PortOpen());
+
+    platform.expectBoxWithAnyText(MsgBox::Critical, QStringLiteral("Communicaiton Error"));
+    EXPECT_FALSE(EnsureCommOpen(g, comm));
+    EXPECT_TRUE(platform.boxTexts().at(0).startsWith("Unable to connect to Device."))
+        << platform.boxTexts().at(0).toStdString();
+}
 
 } // namespace

@@ -149,24 +149,6 @@ TEST_F(DeviceTest, TheProfileKeepsThePortMapAndTheCodePage)
     EXPECT_EQ(platform.serial.openedPaths.back(), QStringLiteral("/dev/ttyAMA0"));
 }
 
-TEST_F(DeviceTest, StaleInputIsDroppedBeforeEachSend)
-{
-    ASSERT_TRUE(EnsureCommOpen(g, comm));
-    platform.serial.arriveNow(QByteArray::fromHex("F7040240"));
-    // An answer longer than asked for leaves its tail in the queue...
-    platform.serial.answer(WithCrc("F704024006") + QByteArray::fromHex("AABB"));
-    CommBuffer cmd = Buffer(QByteArray::fromHex("F70400000001"), 8);
-    CommBuffer rsp(7);
-    EXPECT_TRUE(SendCommand(g, comm, cmd, 6, rsp, 7, 2, 0));
-    EXPECT_EQ(Hex(platform.serial.discarded), "F7 04 02 40");
-    // ...which the next send drops.
-    platform.serial.answer(WithCrc("F704020301"));
-    CommBuffer cmd2 = Buffer(QByteArray::fromHex("F70400010001"), 8);
-    EXPECT_TRUE(SendCommand(g, comm, cmd2, 6, rsp, 7, 2, 0));
-    EXPECT_EQ(Hex(platform.serial.discarded), "F7 04 02 40 AA BB");
-    EXPECT_EQ(rsp(4), 0x03);
-}
-
 TEST_F(DeviceTest, TheSilentTimeOutRunsFromTheLastByte)
 {
     ASSERT_TRUE(EnsureCommOpen(g, comm));

@@ -91,7 +91,7 @@ public:
     }
 
     // Reads until count bytes have come or the deadline passes; notes when the first and the
-    // last byte arrived, in ms from the last write. hungUp tells a closed line.
+    // last byte arrived, in ms from the last write. A closed line ends the read.
     QByteArray read(int count, int deadlineMs = 2000)
     {
         QElapsedTimer clock;
@@ -107,8 +107,7 @@ public:
             char chunk[256];
             const ssize_t n = ::read(m_fd, chunk, sizeof chunk);
             if (n <= 0) {
-                hungUp = (wait.revents & POLLHUP) != 0 || n == 0;
-                if (hungUp)
+                if ((wait.revents & POLLHUP) != 0 || n == 0)
                     break;
                 continue;
             }
@@ -122,7 +121,6 @@ public:
 
     double firstByteMs = 0;
     double lastByteMs = 0;
-    bool hungUp = false;
 
 private:
     int m_fd = -1;

@@ -115,11 +115,32 @@ TEST(DiallerTest, HangsUpAfterTheChosenRecord)
 
 TEST(DiallerTest, FaultSelectors)
 {
-    EXPECT_EQ(ParseFaultSelector("0.25"), (FaultSelector {0.25, {}}));
-    EXPECT_EQ(ParseFaultSelector("1"), (FaultSelector {1.0, {}}));
-    EXPECT_EQ(ParseFaultSelector("@3,7"), (FaultSelector {0.0, {3, 7}}));
-    for (const char* bad : {"1.5", "-0.1", "@0", "@", "@3,", "often"})
+    EXPECT_EQ(ParseFaultSelector("0.25"), (FaultSelector {0.25, {}, {}}));
+    EXPECT_EQ(ParseFaultSelector("1"), (FaultSelector {1.0, {}, {}}));
+    EXPECT_EQ(ParseFaultSelector("@3,7"), (FaultSelector {0.0, {3, 7}, {}}));
+    EXPECT_EQ(ParseFaultSelector("@2,record:5,record:9x3"), (FaultSelector {0.0, {2}, {{5, 0}, {9, 3}}}));
+    for (const char* bad : {"1.5", "-0.1", "@0", "@", "@3,", "often", "@record:", "@record:0", "@record:2x0",
+             "@record:2x", "@record:2x1x1", "@records:2"})
         EXPECT_FALSE(ParseFaultSelector(bad)) << bad;
+}
+
+// A retry sends the same record again and keeps its number: the first record is struck on
+// its first attempt only, the second on every attempt, and the erase is no record.
+TEST(DiallerTest, RecordsAreNamedAcrossRetries)
+{
+    DiallerSettings settings;
+    settings.faults[int(Fault::DropResponse)] = *ParseFaultSelector("@record:1x1,record:2");
+    Dialler dialler(settings);
+    const QByteArray message = Sealed("F750530406400002004142");
+    const QByteArray sent[] = {Sealed("F75040FF"), Record, Record, message, message, message};
+    QStringList answered;
+    for (const QByteArray& frame : sent)
+        answered << (dialler.receive(frame, dialler.requestCount() * 1'000'000).empty() ? "-" : "answer");
+    EXPECT_EQ(answered, (QStringList {"answer", "-", "answer", "-", "-", "-"}));
+    QStringList recordAttempts;
+    for (const QJsonValue& entry : dialler.toJson()["log"].toArray())
+        recordAttempts << QStringLiteral("%1/%2").arg(entry["record"].toInt()).arg(entry["attempt"].toInt());
+    EXPECT_EQ(recordAttempts, (QStringList {"0/0", "1/1", "1/2", "2/1", "2/2", "2/3"}));
 }
 
 } // namespace
