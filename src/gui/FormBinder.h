@@ -2,7 +2,6 @@
 
 #include <concepts>
 #include <functional>
-#include <map>
 #include <vector>
 
 #include <QObject>
@@ -78,14 +77,9 @@ public:
     // Paints every bound widget from its control.
     void paint();
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     void add(QWidget* widget, Control& control, std::function<void()> paintState);
 
     std::function<void()> m_repaint;
     std::vector<std::function<void()>> m_painters;
-    std::map<QObject*, Handler> m_clicks;
-    std::map<QObject*, std::function<void(int, int)>> m_mouseDowns;
 };

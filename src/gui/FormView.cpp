@@ -11,6 +11,7 @@
 #include <QScreen>
 
 #include "ElidedLabel.h"
+#include "EventWatch.h"
 #include "Icons.h"
 
 DialogView::DialogView(FormModel& form, QWidget* parent)
@@ -38,7 +39,7 @@ bool DialogView::eventFilter(QObject* watched, QEvent* event)
         const auto* key = static_cast<QKeyEvent*>(event);
         auto* box = qobject_cast<QPlainTextEdit*>(watched);
         QPushButton* button = defaultButton();
-        if (box && button && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+        if (box && button && isEnter(event)) {
             if (!(key->modifiers() & Qt::ControlModifier))
                 button->click();
             else if (!box->isReadOnly())
