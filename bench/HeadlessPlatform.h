@@ -43,6 +43,7 @@ public:
     QString systemLocaleName() override { return QStringLiteral("zh_TW"); }
     // The benchmarks measure no port.
     std::unique_ptr<SerialLine> createSerialLine() override { return nullptr; }
+    std::vector<SerialPortInfo> availablePorts() override { return {}; }
     [[noreturn]] void endProcess(int status) override { std::exit(status); }
 
 protected:

@@ -240,3 +240,8 @@ std::unique_ptr<SerialLine> ConsolePlatform::createSerialLine()
 {
     return std::make_unique<QtSerialLine>();
 }
+
+std::vector<SerialPortInfo> ConsolePlatform::availablePorts()
+{
+    return SystemSerialPorts();
+}

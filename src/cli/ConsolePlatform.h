@@ -37,6 +37,7 @@ public:
         const QString& appName, const QString& section, const QString& key, const QString& value) override;
     QString systemLocaleName() override;
     std::unique_ptr<SerialLine> createSerialLine() override;
+    std::vector<SerialPortInfo> availablePorts() override;
     [[noreturn]] void endProcess(int status) override;
 
 protected:

@@ -24,6 +24,8 @@ public:
     virtual void mkRecentFilePathMenu() = 0;
     // Text of a status bar panel, by key ("Status", "ProjName", "ConnectStatus").
     virtual void setStatusText(const QString& panelKey, const QString& text) = 0;
+    // The picture of a status bar panel, by the image's key ("Connect", "DisConnect").
+    virtual void setStatusPicture(const QString&, const QString&) { }
     // The main window's mouse pointer (Pointer::Default, Pointer::Hourglass).
     virtual void setMousePointer(int pointer) = 0;
 

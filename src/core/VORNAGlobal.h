@@ -15,6 +15,7 @@
 #include "Version.h"
 
 class CommControl;
+class LinkTrace;
 class frmMessage;
 
 // Facts of the build.
@@ -95,6 +96,8 @@ struct LinkState
     // The serial control, which the main window owns, and the busy box; wired at start.
     CommControl* CommCtl = nullptr;
     frmMessage* BusyForm = nullptr;
+    // Told of every frame both ways when set (vorna-cli --trace).
+    LinkTrace* Trace = nullptr;
 };
 
 // The shared state: one instance, owned by the entry point. Its members are grouped by

@@ -222,3 +222,5 @@ void HideBusyMessage(VORNAGlobal& g)
     form.MousePointer = Pointer::Default;
     g.platform.hideForm(form);
 }
+
+void ShowBusyProgress(VORNAGlobal&, int, int) { }

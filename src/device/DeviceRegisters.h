@@ -45,3 +45,5 @@ QString LookupBaudRate(VORNAGlobal& g, const DeviceInfo& info, const QString& ba
 
 void ShowBusyMessage(VORNAGlobal& g, const QString& title, const QString& text);
 void HideBusyMessage(VORNAGlobal& g);
+// Shows in the busy box that record number of total is being sent.
+void ShowBusyProgress(VORNAGlobal& g, int record, int total);

@@ -16,5 +16,7 @@ void frmMessage::LoadFormObj(const QString& tmpCaption, const QString& tmpMessag
 {
     Caption = tmpCaption;
     lblMessage.Caption = tmpMessage;
+    lblProgress.Visible = false;
+    prgProgress.Visible = false;
     notifyChanged();
 }

@@ -15,6 +15,10 @@ public:
     QString formName() const override { return QStringLiteral("frmMessage"); }
 
     Label lblMessage {*this, "lblMessage"};
+    // Beyond the design, shown during a download only: which record goes, of how many.
+    Label lblProgress {*this, "lblProgress"};
+    ProgressBar prgProgress {*this, "prgProgress"};
 
+    // The caption and the text; the progress is hidden until a download reports one.
     void LoadFormObj(const QString& tmpCaption, const QString& tmpMessage);
 };

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTabWidget>
@@ -97,6 +98,14 @@ void FormBinder::add(QWidget* widget, Control& control, std::function<void()> pa
 void FormBinder::bind(QLabel* widget, Label& control)
 {
     add(widget, control, [widget, &control] { widget->setText(control.Caption); });
+}
+
+void FormBinder::bind(QProgressBar* widget, ProgressBar& control)
+{
+    add(widget, control, [widget, &control] {
+        widget->setRange(control.Min, control.Max);
+        widget->setValue(control.Value);
+    });
 }
 
 void FormBinder::bind(QPushButton* widget, Label& control, Handler click)

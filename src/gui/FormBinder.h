@@ -14,6 +14,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
+class QProgressBar;
 class QPushButton;
 class QStatusBar;
 class QTabWidget;
@@ -50,6 +51,7 @@ public:
     void bind(QTreeWidget* widget, ListView& control, Handler click = {}, Handler dblClick = {});
     // A frame around other controls, with its caption.
     void bind(QGroupBox* widget, Frame& control);
+    void bind(QProgressBar* widget, ProgressBar& control);
     // The view adds the pages; the control gives their captions and the current tab, and
     // click runs when the user picks a tab.
     void bind(QTabWidget* widget, TabStrip& control, Handler click = {});

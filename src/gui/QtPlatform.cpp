@@ -318,3 +318,8 @@ std::unique_ptr<SerialLine> QtPlatform::createSerialLine()
 {
     return std::make_unique<QtSerialLine>();
 }
+
+std::vector<SerialPortInfo> QtPlatform::availablePorts()
+{
+    return SystemSerialPorts();
+}

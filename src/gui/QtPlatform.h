@@ -50,6 +50,7 @@ public:
         const QString& appName, const QString& section, const QString& key, const QString& value) override;
     QString systemLocaleName() override;
     std::unique_ptr<SerialLine> createSerialLine() override;
+    std::vector<SerialPortInfo> availablePorts() override;
     [[noreturn]] void endProcess(int status) override;
 
     // The window a box or dialog belongs to: the modal one on top, the active one, or the main window.

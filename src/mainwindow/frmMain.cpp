@@ -393,6 +393,12 @@ void frmMain::setStatusText(const QString& panelKey, const QString& text)
     notifyChanged();
 }
 
+void frmMain::setStatusPicture(const QString& panelKey, const QString& image)
+{
+    panel(panelKey).Picture = image;
+    notifyChanged();
+}
+
 void frmMain::setMousePointer(int pointer)
 {
     MousePointer = pointer;

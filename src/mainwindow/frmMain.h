@@ -106,6 +106,11 @@ public:
     void mnuProjDeleteGroupList_Click();
     void mnuProjDeleteTelList_Click();
     void mnuViewRefresh_Click();
+    // The Device menu is in DeviceMenu.cpp.
+    void mnuDevice_Click();
+    void mnuDeviceConnect_Click();
+    void mnuDeviceDownLoad_Click();
+    void mnuDeviceSetting_Click();
     void mnuHelpAbout_Click();
 
     // The view's entry points: a top menu about to drop down runs its set-up, an entry's
@@ -117,6 +122,7 @@ public:
     void shortcut(const QString& key);
 
     void setStatusText(const QString& panelKey, const QString& text) override;
+    void setStatusPicture(const QString& panelKey, const QString& image) override;
     void setMousePointer(int pointer) override;
     std::optional<WindowPlacement> windowPlacement() const override;
     void startSleep() override;

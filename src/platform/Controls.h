@@ -123,6 +123,8 @@ struct ListItem
     QString Text;
     std::vector<QString> SubItems; // SubItems(1) is SubItems[0]
     quint32 ForeColor = SystemColor::WindowText;
+    QString Key {}; // unique in its list, or empty
+    QString Tag {}; // the form's own data on the row
     bool operator==(const ListItem&) const = default;
 };
 
@@ -198,6 +200,16 @@ struct Menu : Control
     bool HiddenByDesign = false;
     QString* textProperty(const QString& part, const QString& property) override;
     bool operator==(const Menu&) const = default;
+};
+
+// A bar that fills from Min to Max as Value grows.
+struct ProgressBar : Control
+{
+    using Control::Control;
+    int Min = 0;
+    int Max = 100;
+    int Value = 0;
+    bool operator==(const ProgressBar&) const = default;
 };
 
 // A timer: Enabled starts and stops it, so set it through setEnabled for the view to follow.

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include <QDateTime>
 #include <QString>
@@ -112,6 +113,8 @@ public:
 
     // A new serial line, closed.
     virtual std::unique_ptr<SerialLine> createSerialLine() = 0;
+    // The serial ports that the system has now, in its order.
+    virtual std::vector<SerialPortInfo> availablePorts() = 0;
 
     // Ends the process with the given status. Open windows are simply dropped.
     [[noreturn]] virtual void endProcess(int status) = 0;

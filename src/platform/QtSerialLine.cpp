@@ -3,7 +3,10 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QSerialPortInfo>
 
 namespace {
 
@@ -135,4 +138,23 @@ void QtSerialLine::discardInput()
     // What QSerialPort has read and what the driver still holds.
     if (m_port.isOpen())
         m_port.clear(QSerialPort::Input);
+}
+
+std::vector<SerialPortInfo> SystemSerialPorts()
+{
+    // The by-id names are links to the device nodes: resolve each once.
+    const QDir byId(QStringLiteral("/dev/serial/by-id"));
+    std::vector<std::pair<QString, QString>> links; // target, name
+    for (const QFileInfo& link : byId.entryInfoList(QDir::System | QDir::Files | QDir::NoDotAndDotDot))
+        links.emplace_back(link.canonicalFilePath(), link.fileName());
+    std::vector<SerialPortInfo> ports;
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
+        SerialPortInfo port {info.systemLocation(), info.description(), info.serialNumber(), {}};
+        const QString target = QFileInfo(port.Path).canonicalFilePath();
+        for (const auto& [linkTarget, name] : links)
+            if (linkTarget == target)
+                port.ById = name;
+        ports.push_back(port);
+    }
+    return ports;
 }

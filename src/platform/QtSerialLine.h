@@ -1,8 +1,14 @@
 #pragma once
 
+#include <vector>
+
 #include <QSerialPort>
 
 #include "SerialLine.h"
+
+// The serial ports of this system as QSerialPortInfo knows them, each with its name under
+// /dev/serial/by-id when a link there leads to it.
+std::vector<SerialPortInfo> SystemSerialPorts();
 
 // The serial line on QSerialPort, shared by the window and the console tool.
 class QtSerialLine : public SerialLine

@@ -13,6 +13,16 @@ struct SerialSettings
     bool operator==(const SerialSettings&) const = default;
 };
 
+// A serial port that the system knows of, and what it knows of the device behind it.
+struct SerialPortInfo
+{
+    QString Path;         // "/dev/ttyUSB0"
+    QString Description;  // the adapter's product text, or empty
+    QString SerialNumber; // the adapter's serial number, or empty
+    QString ById;         // its name under /dev/serial/by-id, or empty
+    bool operator==(const SerialPortInfo&) const = default;
+};
+
 // One serial line as the device link uses it: a byte pipe with a receive queue that can be
 // counted, waited on and emptied. The platform hands one out; QSerialPort implements it in
 // the shells, and the tests script it byte for byte.

@@ -77,6 +77,8 @@ public:
     // unless makeSerialLine is set, as for a real port.
     ScriptedSerialLine serial {*this};
     std::function<std::unique_ptr<SerialLine>()> makeSerialLine;
+    // The ports that the system is said to have.
+    std::vector<SerialPortInfo> ports;
 
     int msgBox(const QString& text, int flags, const QString& title) override;
     std::optional<QString> showOpen(const FileDialogOptions& options) override;
@@ -91,6 +93,7 @@ public:
         const QString& appName, const QString& section, const QString& key, const QString& value) override;
     QString systemLocaleName() override { return localeName; }
     std::unique_ptr<SerialLine> createSerialLine() override;
+    std::vector<SerialPortInfo> availablePorts() override { return ports; }
     [[noreturn]] void endProcess(int status) override;
 
 protected:

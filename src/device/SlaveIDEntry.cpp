@@ -1,0 +1,6 @@
+#include "SlaveIDEntry.h"
+
+#include "Controls.h"
+
+void SlaveIDKeyPress(int&) { }
+void SlaveIDChange(TextBox&) { }
