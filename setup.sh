@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Sets up a Debian 12 machine for VORNA, builds it, and then either starts the program
-# ("run") or runs every test ("test"). Safe to run again: it installs only what is missing
-# and rebuilds only what changed.
+# Sets up a Debian 12 machine for VORNA, builds it, and then either starts the program with a
+# virtual dialler on COM1 ("run") or runs every test ("test"). Safe to run again: it installs
+# only what is missing and rebuilds only what changed.
 set -euo pipefail
 
 mode=${1:-run}
@@ -53,5 +53,15 @@ if [ "$mode" = test ]; then
 else
     # The program finds its profile and language file through the current directory.
     cd "$build/VORNA"
-    exec ./VORNA
+    # A virtual dialler (the model of the new-project template) waits on COM1 for this run
+    # only, so that connect and download work without hardware; it stops when VORNA ends.
+    link=$(mktemp -u "${TMPDIR:-/tmp}/vorna-dialler.XXXXXX")
+    ./vorna-devsim --model-id 4106 --link "$link" >/dev/null &
+    devsim=$!
+    trap 'kill "$devsim" 2>/dev/null || true; wait "$devsim" 2>/dev/null || true' EXIT
+    for _ in $(seq 50); do
+        [ -e "$link" ] && break
+        sleep 0.1
+    done
+    ./VORNA --port-map "COM1=$link"
 fi

@@ -91,6 +91,9 @@ struct LinkState
     QString CommDevice;
     // Ports that the profile's [Ports] section maps, by number; others follow the default rule.
     std::map<int, QString> PortPaths;
+    // Ports mapped for this run only (VORNA --port-map): they come before the profile's and
+    // are never written to it.
+    std::map<int, QString> RunPortPaths;
     // The 8-bit code page of the texts sent to the device ([Comm] CodePage); empty: Big5.
     QString CodePage;
     // The serial control, which the main window owns, and the busy box; wired at start.

@@ -6,9 +6,9 @@
 
 QString CommPortPath(const LinkState& link, int port)
 {
-    const auto mapped = link.PortPaths.find(port);
-    if (mapped != link.PortPaths.end())
-        return mapped->second;
+    for (const auto* map : {&link.RunPortPaths, &link.PortPaths})
+        if (const auto mapped = map->find(port); mapped != map->end())
+            return mapped->second;
     if (port >= 1 && port <= 8)
         return QStringLiteral("/dev/ttyUSB") + QString::number(port - 1);
     if (port >= 9 && port <= 16)

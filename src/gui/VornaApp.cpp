@@ -1,7 +1,9 @@
 #include "VornaApp.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QDir>
+#include <QRegularExpression>
 
 #include "AboutView.h"
 #include "AddUserView.h"
@@ -74,6 +76,7 @@ void VornaApp::Main(const StartOptions& options)
     const QString appPath
         = options.appPath.isEmpty() ? QCoreApplication::applicationDirPath() : options.appPath;
     InitApplication(g, QDir::toNativeSeparators(appPath));
+    g.link.RunPortPaths = options.portMap;
     InstallToolkitTranslation(g.ml.CurAppliedLang);
 
     m_platform.showModeless(splash);
@@ -89,6 +92,30 @@ void VornaApp::Main(const StartOptions& options)
 
     mainForm.LoadFormObj();
     m_platform.showModeless(mainForm);
+}
+
+QString ParseStartOptions(const QStringList& arguments, StartOptions& options)
+{
+    QCommandLineParser parser;
+    const QCommandLineOption portMap(QStringLiteral("port-map"), QString(), QStringLiteral("COMn=PATH"));
+    parser.addOption(portMap);
+    if (!parser.parse(arguments))
+        return parser.errorText();
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument '") + parser.positionalArguments().first()
+            + QLatin1Char('\'');
+    // The same numbers as the profile's [Ports] section may map.
+    static const QRegularExpression entry(
+        QStringLiteral("^COM(\\d{1,3})=(/.+)$"), QRegularExpression::CaseInsensitiveOption);
+    for (const QString& value : parser.values(portMap)) {
+        const QRegularExpressionMatch m = entry.match(value);
+        const int port = m.hasMatch() ? m.captured(1).toInt() : 0;
+        if (port < 1 || port > 255)
+            return QStringLiteral("--port-map takes COMn=PATH, n from 1 to 255, PATH a device: '") + value
+                + QLatin1Char('\'');
+        options.portMap[port] = m.captured(2);
+    }
+    return {};
 }
 
 int RunVORNA(QApplication& app, QtPlatform& platform, const StartOptions& options)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <vector>
 
 #include <QString>
@@ -20,6 +21,8 @@ struct StartOptions
     QString appPath;
     // False skips the splash wait (tests and benchmarks).
     bool waitForSplash = true;
+    // Ports mapped to devices for this run only, by number (--port-map COM1=PATH).
+    std::map<int, QString> portMap {};
 };
 
 // VORNA in its window: the shared state, which holds one instance of each form, the list of
@@ -53,6 +56,10 @@ private:
     QtPlatform& m_platform;
     std::vector<FormModel*> m_forms;
 };
+
+// The options of VORNA's command line into options: "--port-map COMn=PATH", any number of
+// times. Returns the reason when the line is not one, else an empty text.
+QString ParseStartOptions(const QStringList& arguments, StartOptions& options);
 
 // Main, then the event loop; returns the loop's exit code. A failure in the start steps
 // is reported as any unhandled error is, and ends the process.

@@ -129,6 +129,7 @@ TEST(CommPortsTest, APortIsGivenAsANumberOrADevicePath)
     EXPECT_EQ(link.CommPort, 12);
 }
 
+// A port mapped for the run only comes first and is never written back.
 TEST_F(DeviceTest, TheProfileKeepsThePortMapAndTheCodePage)
 {
     QFile profile(QStringLiteral("VORNA.set"));
@@ -137,6 +138,7 @@ TEST_F(DeviceTest, TheProfileKeepsThePortMapAndTheCodePage)
                   "\r\n[Ports]\r\nCOM2=/dev/ttyAMA0\r\nCOM10=/dev/rfcomm0\r\n");
     profile.close();
     ReadCommSettings(g, QString());
+    g.link.RunPortPaths[10] = QStringLiteral("/tmp/dialler");
     EXPECT_EQ(g.link.CodePage, QStringLiteral("GBK"));
     EXPECT_EQ(g.link.PortPaths, (std::map<int, QString> {{2, "/dev/ttyAMA0"}, {10, "/dev/rfcomm0"}}));
     const QString text = SettingsText(g);
@@ -147,6 +149,10 @@ TEST_F(DeviceTest, TheProfileKeepsThePortMapAndTheCodePage)
     g.link.CommPort = 2;
     ASSERT_TRUE(EnsureCommOpen(g, comm));
     EXPECT_EQ(platform.serial.openedPaths.back(), QStringLiteral("/dev/ttyAMA0"));
+    g.link.CommPort = 10;
+    ConfigureComm(g, comm);
+    ASSERT_TRUE(OpenComm(g, comm));
+    EXPECT_EQ(platform.serial.openedPaths.back(), QStringLiteral("/tmp/dialler"));
 }
 
 TEST_F(DeviceTest, TheSilentTimeOutRunsFromTheLastByte)

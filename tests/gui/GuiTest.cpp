@@ -144,6 +144,34 @@ TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
     EXPECT_EQ(list.columnCount(), 0);
 }
 
+struct StartLineCase
+{
+    QStringList arguments;
+    std::map<int, QString> portMap;
+    bool refused;
+};
+
+// The window's one option maps ports for the run; anything else is refused before the start.
+TEST(GuiStartLine, PortMapsAreTakenAndAnythingElseRefused)
+{
+    const StartLineCase cases[] = {
+        {{"VORNA"}, {}, false},
+        {{"VORNA", "--port-map", "COM1=/tmp/dialler", "--port-map=com12=/dev/pts/4"},
+            {{1, "/tmp/dialler"}, {12, "/dev/pts/4"}}, false},
+        {{"VORNA", "--port-map", "COM0=/tmp/x"}, {}, true},
+        {{"VORNA", "--port-map", "COM1=dialler"}, {}, true},
+        {{"VORNA", "--port-map", "COM256=/tmp/x"}, {}, true},
+        {{"VORNA", "--verbose"}, {}, true},
+        {{"VORNA", "project.cmb"}, {}, true},
+    };
+    for (const StartLineCase& c : cases) {
+        StartOptions options;
+        const QString error = ParseStartOptions(c.arguments, options);
+        EXPECT_EQ(!error.isEmpty(), c.refused) << c.arguments.join(' ').toStdString();
+        EXPECT_EQ(options.portMap, c.portMap) << c.arguments.join(' ').toStdString();
+    }
+}
+
 TEST(GuiFilters, BecomeQtsNameFilters)
 {
     const std::array<std::pair<const char*, const char*>, 5> cases = {{
