@@ -106,7 +106,6 @@ const ConnectCase ConnectCases[] = {
     {"unknown model", {"--model-id", "0000"}, 5, MsgBox::Information,
         ConnectSuccess("KV570-UnKnown", "07-08-0506-030401-02", "UnKnown, N")},
     {"firmware read refused", {"--exception", "@5"}, 5, MsgBox::Critical, ConnectFailure},
-    {"silent dialler", {"--sw2-off"}, 1, MsgBox::Critical, ConnectFailure},
 };
 
 INSTANTIATE_TEST_SUITE_P(ConnectDownloadPtyTest, ConnectTest, testing::ValuesIn(ConnectCases),
