@@ -1,18 +1,188 @@
 #include "ConnectDownload.h"
 
+#include "CommBuffer.h"
+#include "CommProtocol.h"
+#include "CommUtil.h"
+#include "DeviceRegisters.h"
+#include "DownloadSteps.h"
+#include "ProjectFiles.h"
+#include "ProjectImage.h"
+#include "VBUtil.h"
 #include "VORNAGlobal.h"
+#include "ValidUtil.h"
 
-void SetOnlineState(VORNAGlobal&) { }
-void SetOfflineState(VORNAGlobal&) { }
-QString CheckList(const VORNAGlobal&, const char*, int, int)
+namespace {
+
+const ModuleText T {"VORNACommUtil"};
+const QString ConnectStatus = QStringLiteral("ConnectStatus");
+
+void SetLinkState(VORNAGlobal& g, bool online)
 {
-    return {};
+    g.view().setStatusText(ConnectStatus, online ? QStringLiteral(" Online") : QStringLiteral(" Offline"));
+    g.view().setStatusPicture(
+        ConnectStatus, online ? QStringLiteral("Connect") : QStringLiteral("DisConnect"));
+    g.link.IsDeviceConnected = online;
 }
-bool ConnectDevice(VORNAGlobal&)
+
+// A read of the Address Of New Record register: its value is of no interest, only that the
+// dialler answers at all.
+bool SendConnectionProbe(VORNAGlobal& g)
 {
+    CommBuffer cmd(8);
+    cmd(1) = CByte(g.link.StationID);
+    cmd(2) = 0x04;
+    cmd(3) = 0x00;
+    cmd(4) = 0x06;
+    cmd(5) = 0x00;
+    cmd(6) = 0x01;
+    CommBuffer rsp(7);
+    return SendCommand(g, LinkComm(g), cmd, 6, rsp, 7, g.link.Timeout, g.link.Retry);
+}
+
+// The box of a failed send, the same text for each step under its own id.
+void ShowSendFailure(VORNAGlobal& g, int id)
+{
+    g.platform.msgBox(T(g, "下載專案 [", 1, id) + g.project.ProjectName + T(g, "] 失敗!", 2, id) + CRLF
+            + CheckList(g, T.module, id, 3),
+        MsgBox::Critical, T(g, "下載專案", 7, id));
+}
+
+void ShowDebugFailure(VORNAGlobal& g, const char* text, int id)
+{
+    if (g.link.CommDebugLevel > 0)
+        g.platform.msgBox(T(g, text, 1, id), MsgBox::Critical, T(g, "下載專案", 2, id));
+}
+
+bool ConfirmDownload(VORNAGlobal& g)
+{
+    const ProjectState& p = g.project;
+    const QString text = T(g, "欲下載的專案佔 [", 1, 64) + QString::number(p.ProjectImageSize)
+        + T(g, " Byte], 剩餘空間 [", 2, 64) + QString::number(p.MaxMemoryByte - p.ProjectImageSize)
+        + QStringLiteral(" Byte].") + CRLF + T(g, "是否確定要下載專案至簡訊報警機?", 4, 64);
+    return g.platform.msgBox(text, MsgBox::OKCancel + MsgBox::Question, T(g, "下載專案", 5, 64))
+        == MsgBox::OK;
+}
+
+// Everything before the first erase: an open, saved project whose image passes the checks
+// and fits, every frame of it built, and the user's yes.
+bool PrepareDownload(VORNAGlobal& g, ProjectImage& image)
+{
+    ProjectState& p = g.project;
+    if (p.ProjectName.isEmpty()) {
+        g.platform.msgBox(T(g, "下載專案失敗!", 1, 39) + CRLF + T(g, "請確認目前有專案是被開啟!", 2, 39),
+            MsgBox::Critical, T(g, "下載專案", 3, 39));
+        return false;
+    }
+    if (p.IsProjectModified) {
+        switch (SaveProject(g, false, true, true)) {
+        case ProjectResult::Cancelled:
+            return false;
+        case ProjectResult::AnsweredNo:
+            g.platform.msgBox(T(g, "下載專案取消", 1, 50), MsgBox::OKOnly, T(g, "下載專案取消！", 2, 50));
+            return false;
+        default:
+            break;
+        }
+    }
+    BuildProjectImage(g, image);
+    if (!IsProjectReady(g) || !IsImageSizeAllowed(g))
+        return false;
+    // The dialler is erased first and nothing can bring its old content back, so a record
+    // that cannot be built must fail here, before a byte goes out, and not halfway through.
+    ForEachDownloadFrame(g, image, [](const QByteArray&, const QString&) {});
+    return ConfirmDownload(g);
+}
+
+} // namespace
+
+void SetOnlineState(VORNAGlobal& g)
+{
+    SetLinkState(g, true);
+}
+
+void SetOfflineState(VORNAGlobal& g)
+{
+    SetLinkState(g, false);
+}
+
+QString CheckList(const VORNAGlobal& g, const char* module, int id, int firstSeq)
+{
+    const ModuleText M {module};
+    return M(g, "請檢查下列項目:", firstSeq, id) + CRLF
+        + M(g, "1. RS232 通訊線是否已正確連接", firstSeq + 1, id) + CRLF
+        + M(g, "2. PC通訊埠是否正確指定", firstSeq + 2, id) + CRLF
+        + M(g, "3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)", firstSeq + 3, id);
+}
+
+bool ConnectDevice(VORNAGlobal& g)
+{
+    if (!EnsureCommOpen(g, LinkComm(g)))
+        return false;
+    ShowBusyMessage(g, T(g, "連線簡訊報警機", 1, 250), T(g, "正在連線中...", 2, 250));
+    g.platform.doEvents();
+    const bool answered = SendConnectionProbe(g);
+    HideBusyMessage(g);
+
+    DeviceInfo info;
+    QString firmware;
+    if (answered && ReadDeviceComm(g, info, false) && ReadFirmwareVersion(g, firmware)) {
+        g.platform.msgBox(T(g, "連線至簡訊報警機成功!", 1, 261) + CRLF + CRLF + QStringLiteral("Model No.: ")
+                + ModelPrefix(firmware) + info.Model + CRLF + QStringLiteral("S/N : ") + info.SerialNo + CRLF
+                + QStringLiteral("Commnunication Settings : ") + info.BaudRate + QStringLiteral(", ")
+                + info.Parity + QStringLiteral(", 8, 1"),
+            MsgBox::Information, T(g, "連線簡訊報警機", 2, 261));
+        SetOnlineState(g);
+        return true;
+    }
+    g.platform.msgBox(T(g, "連線至簡訊報警機失敗! ", 1, 266) + CRLF + CheckList(g, T.module, 266, 2),
+        MsgBox::Critical, T(g, "連線簡訊報警機", 6, 266));
+    SetOfflineState(g);
     return false;
 }
-bool DownloadProject(VORNAGlobal&)
+
+bool DownloadProject(VORNAGlobal& g)
 {
-    return false;
+    ProjectImage image;
+    if (!PrepareDownload(g, image))
+        return false;
+
+    g.view().setMousePointer(Pointer::Hourglass);
+    ShowBusyMessage(g, T(g, "下載專案", 1, 75), T(g, "下載專案至簡訊警報機中, 請稍侯...", 2, 75));
+    g.platform.doEvents();
+
+    if (!ClearPhoneBook(g)) {
+        g.view().setMousePointer(Pointer::Default);
+        HideBusyMessage(g);
+        ShowSendFailure(g, 82);
+        SetOfflineState(g);
+        ShowDebugFailure(g, "清除電話本失敗!", 87);
+        return false;
+    }
+    if (!ClearShortMessages(g)) {
+        // This failure leaves the hourglass: the next operation that sets the pointer mends it.
+        g.link.IsDeviceConnected = false;
+        HideBusyMessage(g);
+        ShowSendFailure(g, 96);
+        SetOfflineState(g);
+        return false;
+    }
+    if (!DownloadImages(g, image)) {
+        g.link.IsDeviceConnected = false;
+        g.view().setMousePointer(Pointer::Default);
+        HideBusyMessage(g);
+        ShowSendFailure(g, 96);
+        SetOfflineState(g);
+        ShowDebugFailure(g, "下載專案失敗!", 101);
+        return false;
+    }
+
+    g.view().setMousePointer(Pointer::Default);
+    HideBusyMessage(g);
+    const ProjectState& p = g.project;
+    g.platform.msgBox(T(g, "下載專案 [", 0, 106) + p.ProjectName + QStringLiteral(":")
+            + QString::number(p.ProjectImageSize) + T(g, " Byte ] 成功!", 2, 106) + CRLF
+            + T(g, "請使用者將簡訊報警機的指撥開關SW2設為 OFF (執行模式)", 3, 106),
+        MsgBox::OKOnly, T(g, "下載專案", 4, 106));
+    SetOnlineState(g);
+    return true;
 }

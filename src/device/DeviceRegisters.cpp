@@ -223,4 +223,16 @@ void HideBusyMessage(VORNAGlobal& g)
     g.platform.hideForm(form);
 }
 
-void ShowBusyProgress(VORNAGlobal&, int, int) { }
+void ShowBusyProgress(VORNAGlobal& g, int record, int total)
+{
+    const ModuleText D {"VORNADevice"};
+    frmMessage& form = BusyForm(g);
+    form.lblProgress.Caption = D(g, "正在傳送第 ", 1, 1) + QString::number(record) + D(g, " 筆，共 ", 2, 1)
+        + QString::number(total) + D(g, " 筆...", 3, 1);
+    form.prgProgress.Min = 0;
+    form.prgProgress.Max = total;
+    form.prgProgress.Value = record;
+    form.lblProgress.Visible = true;
+    form.prgProgress.Visible = true;
+    form.notifyChanged();
+}

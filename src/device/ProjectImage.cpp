@@ -6,6 +6,7 @@
 #include "CommControl.h"
 #include "CommProtocol.h"
 #include "CommUtil.h"
+#include "DeviceRegisters.h"
 #include "MultiByte.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
@@ -203,6 +204,12 @@ bool OpenDebugFile(QFile& file)
     return true;
 }
 
+// The records of a download, phone book and messages together, as the busy box counts them.
+int RecordTotal(const VORNAGlobal& g, const ProjectImage& image)
+{
+    return g.project.ProjTelCount + int(image.ShortMsgList.size());
+}
+
 } // namespace
 
 bool DownloadPhoneBook(VORNAGlobal& g, const ProjectImage& image)
@@ -214,7 +221,9 @@ bool DownloadPhoneBook(VORNAGlobal& g, const ProjectImage& image)
     OpenDebugFile(file);
     CommBuffer cmd(256);
     CommBuffer rsp(6);
+    const int total = RecordTotal(g, image);
     for (int i = 1; i <= g.project.ProjTelCount; ++i) {
+        ShowBusyProgress(g, i, total);
         g.platform.doEvents();
         const qint16 nCmd = SetPhoneBookRecord(g, cmd, i, image.PhoneBookList.at(size_t(i - 1)));
         const bool sent = SendCommand(g, comm, cmd, nCmd, rsp, 6, g.link.Timeout, g.link.Retry);
@@ -234,7 +243,10 @@ bool DownloadShortMessages(VORNAGlobal& g, const ProjectImage& image)
     OpenDebugFile(file);
     CommBuffer cmd(256);
     CommBuffer rsp(6);
+    const int total = RecordTotal(g, image);
+    int record = g.project.ProjTelCount;
     for (const ShortMsgEntry& entry : image.ShortMsgList) {
+        ShowBusyProgress(g, ++record, total);
         g.platform.doEvents();
         const qint16 nCmd = SetShortMsgRecord(g, cmd, entry, image.IsUnicodeSMS);
         const bool sent = SendCommand(g, comm, cmd, nCmd, rsp, 6, g.link.Timeout, g.link.Retry);

@@ -22,6 +22,7 @@ inline constexpr int YesNoCancel = 3;
 inline constexpr int YesNo = 4;
 inline constexpr int RetryCancel = 5;
 inline constexpr int Critical = 16;
+inline constexpr int Question = 32;
 inline constexpr int Exclamation = 48;
 inline constexpr int Information = 64;
 

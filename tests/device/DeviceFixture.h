@@ -1,7 +1,13 @@
 #pragma once
 
+#include <functional>
+#include <map>
+#include <utility>
+#include <vector>
+
 #include <QByteArray>
 #include <QFile>
+#include <QStringList>
 
 #include "CommBuffer.h"
 #include "CommControl.h"
@@ -10,10 +16,28 @@
 #include "frmMessage.h"
 
 // A window stand-in with the command pause: startSleep sets the delay flag, and the sleep
-// timer clears it 30 ms later on the fake clock, unless timerRuns is false.
+// timer clears it 30 ms later on the fake clock, unless timerRuns is false. It also keeps the
+// status pictures, and marks each panel text and pointer among the platform's events.
 class PauseView : public RecordingView
 {
 public:
+    std::map<QString, QString> pictures;
+    // What the window was told, each after the count of platform events before it.
+    std::vector<std::pair<size_t, QString>> marks;
+    std::function<size_t()> eventCount;
+    void setStatusText(const QString& key, const QString& text) override
+    {
+        RecordingView::setStatusText(key, text);
+        mark(key + QLatin1Char('=') + text);
+    }
+    void setStatusPicture(const QString& key, const QString& image) override { pictures[key] = image; }
+    void setMousePointer(int pointer) override
+    {
+        RecordingView::setMousePointer(pointer);
+        mark(QStringLiteral("pointer %1").arg(pointer));
+    }
+    void mark(const QString& what) { marks.emplace_back(eventCount ? eventCount() : 0, what); }
+
     bool inDelay = false;
     bool timerRuns = true;
     int sleeps = 0;
@@ -62,6 +86,7 @@ protected:
         g.link.CommCtl = &comm;
         g.link.BusyForm = &message;
         pause.clockNow = [this] { return platform.clock; };
+        pause.eventCount = [this] { return platform.events.size(); };
         platform.onDoEvents = [this] {
             platform.clock = platform.clock.addMSecs(doEventsStepMs);
             if (pause.timerRuns && pause.inDelay && pause.sleepStarted.msecsTo(platform.clock) >= 30)
@@ -71,6 +96,36 @@ protected:
     }
 
     ProjectState& p() { return g.project; }
+
+    void startJournal()
+    {
+        platform.events.clear();
+        pause.marks.clear();
+        pause.pointerHistory.clear();
+    }
+    // Since startJournal: the boxes (by title), the shown and hidden windows and the window's marks, in
+    // order.
+    QStringList journal() const
+    {
+        QStringList lines;
+        size_t m = 0;
+        const auto marksUpTo = [&](size_t count) {
+            for (; m < pause.marks.size() && pause.marks[m].first <= count; ++m)
+                lines << pause.marks[m].second;
+        };
+        for (size_t k = 0; k < platform.events.size(); ++k) {
+            marksUpTo(k);
+            const ScriptedPlatform::Event& e = platform.events[k];
+            if (e.kind == ScriptedPlatform::Event::Box)
+                lines << QStringLiteral("box ") + e.title;
+            else if (e.kind == ScriptedPlatform::Event::Modeless)
+                lines << QStringLiteral("show ") + e.text;
+            else if (e.kind == ScriptedPlatform::Event::Hide)
+                lines << QStringLiteral("hide ") + e.text;
+        }
+        marksUpTo(platform.events.size());
+        return lines;
+    }
 
     int doEventsStepMs = 1;
     PauseView pause;

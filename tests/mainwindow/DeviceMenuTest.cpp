@@ -1,0 +1,89 @@
+#include "CaseName.h"
+#include "MainWindowFixture.h"
+#include "frmComPort.h"
+#include "frmMessage.h"
+
+namespace {
+
+class DeviceMenuTest : public ProjectWindowTest
+{
+protected:
+    DeviceMenuTest() { g.link.BusyForm = &g.form<frmMessage>(); }
+
+    const Menu& entry(const char* name) { return main.menu(QString::fromLatin1(name)); }
+};
+
+struct DeviceMenuCase
+{
+    const char* name;
+    bool connected;
+    bool projectOpen;
+    bool download; // enabled; the settings follow the link alone
+};
+
+class DeviceMenuSetUpTest : public DeviceMenuTest, public testing::WithParamInterface<DeviceMenuCase>
+{ };
+
+TEST_P(DeviceMenuSetUpTest, FollowsTheLinkAndTheProject)
+{
+    const DeviceMenuCase& c = GetParam();
+    if (c.projectOpen)
+        newProject();
+    g.link.IsDeviceConnected = c.connected;
+    main.openMenu("mnuDevice");
+    EXPECT_EQ(entry("mnuDeviceConnect").Caption, QStringLiteral("連線簡訊報警機"));
+    EXPECT_EQ(entry("mnuDeviceConnect").Checked, c.connected);
+    EXPECT_TRUE(entry("mnuDeviceConnect").Enabled);
+    EXPECT_EQ(entry("mnuDeviceSetting").Enabled, c.connected);
+    EXPECT_EQ(entry("mnuDeviceDownLoad").Enabled, c.download);
+}
+
+const DeviceMenuCase DeviceMenuCases[] = {
+    {"offline without a project", false, false, false},
+    {"offline with a project", false, true, false},
+    {"online without a project", true, false, false},
+    {"online with a project", true, true, true},
+};
+
+INSTANTIATE_TEST_SUITE_P(DeviceMenuTest, DeviceMenuSetUpTest, testing::ValuesIn(DeviceMenuCases),
+    [](const testing::TestParamInfo<DeviceMenuCase>& info) { return CaseName(info.param.name); });
+
+// A port that the dialog opened is probed at once (here a silent one).
+TEST_F(DeviceMenuTest, ConnectProbesThePortThatTheDialogOpened)
+{
+    platform.expectModal(g.form<frmComPort>(), [&](frmComPort& f) {
+        f.IsOK = f.IsConnected = true;
+        g.platform.hideForm(f);
+    });
+    g.link.Retry = 0;
+    platform.serial.answerNothing();
+    platform.expectBoxWithAnyText(MsgBox::Critical, QStringLiteral("連線簡訊報警機"));
+    main.clickMenu("mnuDeviceConnect");
+    EXPECT_EQ(platform.serial.written.size(), 1u);
+    EXPECT_EQ(main.panel("ConnectStatus").Picture, QStringLiteral("DisConnect"));
+}
+
+// The download commits the working copy first, without a question; the new date goes into the
+// working copy alone and does not mark the project modified.
+TEST_F(DeviceMenuTest, DownloadCommitsTheWorkingCopyFirst)
+{
+    const QString path = newProject();
+    AddGroupRow(g.project, "Fire");
+    AddUserRow(g.project, "Ann", "Fire", "0912345678");
+    platform.clock = QDateTime(QDate(2026, 12, 1), QTime(8, 0));
+    g.link.IsDeviceConnected = true;
+    platform.expectBoxWithAnyText(
+        MsgBox::OKCancel + MsgBox::Question, QStringLiteral("下載專案"), MsgBox::Cancel);
+    main.clickMenu("mnuDeviceDownLoad");
+
+    EXPECT_FALSE(g.project.IsProjectModified);
+    EXPECT_EQ(NullToEmpty(g.project.rsBasic.Fields("ModifiedDate")), "2026-12-01");
+    const QString mir = projectPath("Project1.mir");
+    for (const auto& [table, field] :
+        {std::pair {"UserGroups", "GroupName"}, std::pair {"Users", "UserName"}})
+        EXPECT_EQ(column(path, table, field), column(mir, table, field)) << table;
+    EXPECT_EQ(column(path, "Basic", "ModifiedDate"), QStringList {QString()});
+    EXPECT_TRUE(platform.serial.written.empty());
+}
+
+} // namespace
