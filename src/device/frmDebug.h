@@ -3,6 +3,7 @@
 #include "FormModel.h"
 
 class CommBuffer;
+struct DeviceInfo;
 class VORNAGlobal;
 
 // The register service window: the device's raw registers in hexadecimal, and a write of its
@@ -48,6 +49,11 @@ public:
     void txtSlaveID_Change();
 
 private:
+    // The device's settings as read: the current-value label and the two combos.
+    void ShowCommSettings(const DeviceInfo& info);
+    // The port dialog again; true when the user chose a port that opened.
+    bool AskForPort();
+
     VORNAGlobal& m_g;
 };
 

@@ -126,8 +126,24 @@ void FormBinder::bind(QCheckBox* widget, CheckBox& control, Handler click)
     });
 }
 
-void FormBinder::bind(QLineEdit* widget, TextBox& control, Handler change)
+void FormBinder::bind(
+    QLineEdit* widget, TextBox& control, Handler change, std::function<void(int& KeyAscii)> keyPress)
 {
+    if (keyPress)
+        new EventWatch(widget, [this, keyPress = std::move(keyPress)](QEvent* event) {
+            if (event->type() != QEvent::KeyPress)
+                return false;
+            const auto* key = static_cast<const QKeyEvent*>(event);
+            int KeyAscii = 0;
+            if (key->key() == Qt::Key_Backspace)
+                KeyAscii = 8;
+            else if (key->text().size() == 1 && key->text()[0].unicode() >= 32 && key->text()[0] != u'\x7f')
+                KeyAscii = key->text()[0].unicode();
+            else
+                return false;
+            run([&] { keyPress(KeyAscii); });
+            return KeyAscii == 0;
+        });
     add(widget, control, [widget, &control] {
         widget->setReadOnly(control.Locked);
         widget->setEchoMode(control.PasswordChar.isEmpty() ? QLineEdit::Normal : QLineEdit::Password);
@@ -199,7 +215,7 @@ void FormBinder::bind(QPlainTextEdit* widget, TextBox& control, Handler change)
     });
 }
 
-void FormBinder::bind(QComboBox* widget, ComboBox& control, Handler click)
+void FormBinder::bind(QComboBox* widget, ComboBox& control, Handler click, Handler change)
 {
     // Its rows are names of any length: the box takes the width the layout gives it.
     widget->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -213,7 +229,8 @@ void FormBinder::bind(QComboBox* widget, ComboBox& control, Handler click)
             for (const QString& row : control.List)
                 widget->addItem(row);
         }
-        widget->setCurrentIndex(control.ListIndex);
+        if (widget->currentIndex() != control.ListIndex)
+            widget->setCurrentIndex(control.ListIndex);
         if (widget->isEditable() && widget->currentText() != control.Text)
             widget->setEditText(control.Text);
     });
@@ -224,7 +241,10 @@ void FormBinder::bind(QComboBox* widget, ComboBox& control, Handler click)
     });
     if (widget->isEditable())
         connect(widget, &QComboBox::editTextChanged, this,
-            [&control](const QString& text) { control.Text = text; });
+            [this, &control, change = std::move(change)](const QString& text) {
+                control.SetText(text);
+                run(change);
+            });
 }
 
 void FormBinder::bind(QTreeWidget* widget, ListView& control, Handler click, Handler dblClick)

@@ -43,10 +43,14 @@ public:
     void bind(QLabel* widget, Label& control);
     void bind(QPushButton* widget, Label& control, Handler click);
     void bind(QCheckBox* widget, CheckBox& control, Handler click = {});
-    void bind(QLineEdit* widget, TextBox& control, Handler change = {});
+    // keyPress sees each character typed, Backspace as 8, before the box takes it: setting
+    // KeyAscii to 0 drops the key. Keys without a character (arrows, Delete, shortcuts) pass.
+    void bind(QLineEdit* widget, TextBox& control, Handler change = {},
+        std::function<void(int& KeyAscii)> keyPress = {});
     void bind(QPlainTextEdit* widget, TextBox& control, Handler change = {});
-    // click runs when the user picks a row.
-    void bind(QComboBox* widget, ComboBox& control, Handler click = {});
+    // click runs when the user picks a row; change when the user types into an editable combo,
+    // whose typed text is the control's Text (and chooses the row that holds it, if any).
+    void bind(QComboBox* widget, ComboBox& control, Handler click = {}, Handler change = {});
     // A report list: click when the user clicks a row, dblClick on a double click.
     void bind(QTreeWidget* widget, ListView& control, Handler click = {}, Handler dblClick = {});
     // A frame around other controls, with its caption.

@@ -52,7 +52,7 @@ QMessageBox::Icon iconFor(int flags)
     switch (flags & MsgBox::IconMask) {
     case MsgBox::Critical:
         return QMessageBox::Critical;
-    case 32:
+    case MsgBox::Question:
         return QMessageBox::Question;
     case MsgBox::Exclamation:
         return QMessageBox::Warning;

@@ -6,6 +6,9 @@
 #include "AboutView.h"
 #include "AddUserView.h"
 #include "AllUserGroupsView.h"
+#include "ComPortView.h"
+#include "CommSettingView.h"
+#include "DebugView.h"
 #include "EditGroupListView.h"
 #include "EditTelListView.h"
 #include "EditZoneListView.h"
@@ -19,6 +22,9 @@
 #include "VornaApplication.h"
 #include "frmAddUser.h"
 #include "frmAllUserGroups.h"
+#include "frmComPort.h"
+#include "frmCommSetting.h"
+#include "frmDebug.h"
 #include "frmEditGroupList.h"
 #include "frmEditTelList.h"
 #include "frmEditZoneList.h"
@@ -34,6 +40,7 @@ VornaApp::VornaApp(QtPlatform& platform)
 {
     g.link.BusyForm = &message;
     mainForm.about = &about;
+    about.openServiceWindow = [this] { ShowDialog<frmDebug>(g); };
     // The one list of forms: a form is shown through the platform by any code that asks the
     // shared state for it; here it gets its view.
     addView<frmSplash, SplashView>();
@@ -46,6 +53,9 @@ VornaApp::VornaApp(QtPlatform& platform)
     addView<frmEditTelList, EditTelListView>();
     addView<frmAllUserGroups, AllUserGroupsView>();
     addView<frmAddUser, AddUserView>();
+    addView<frmComPort, ComPortView>();
+    addView<frmCommSetting, CommSettingView>();
+    addView<frmDebug, DebugView>();
 }
 
 VornaApp::~VornaApp()

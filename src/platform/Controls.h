@@ -104,6 +104,8 @@ struct ComboBox : Control
     // Chooses the first row with that text. A drop-down list takes no other text: one that no
     // row holds is an unhandled error.
     void SelectText(const QString& text);
+    // An editable combo takes any text: the first row that holds it is chosen, or none.
+    void SetText(const QString& text);
     int ListCount() const { return static_cast<int>(List.size()); }
     // The value behind the chosen row, or an invalid value when none is chosen.
     QVariant selectedData() const;

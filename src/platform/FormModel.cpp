@@ -47,6 +47,15 @@ void ComboBox::SelectText(const QString& text)
     throw UnhandledError(QStringLiteral("'Text' property is read-only"));
 }
 
+void ComboBox::SetText(const QString& text)
+{
+    ListIndex = -1;
+    for (int i = 0; i < ListCount() && ListIndex < 0; ++i)
+        if (List[i] == text)
+            ListIndex = i;
+    Text = text;
+}
+
 void ComboBox::AddItem(const QString& text, const QVariant& data)
 {
     List.push_back(text);

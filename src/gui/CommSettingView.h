@@ -1,0 +1,12 @@
+#pragma once
+
+#include "FormView.h"
+
+class frmCommSetting;
+
+// The device settings dialog: the link settings on one tab, the dialler's identity on the other.
+class CommSettingView : public DialogView
+{
+public:
+    explicit CommSettingView(frmCommSetting& model, QWidget* parent = nullptr);
+};

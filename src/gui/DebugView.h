@@ -1,0 +1,12 @@
+#pragma once
+
+#include "FormView.h"
+
+class frmDebug;
+
+// The register service window: the settings write on one tab, the register list on the other.
+class DebugView : public DialogView
+{
+public:
+    explicit DebugView(frmDebug& model, QWidget* parent = nullptr);
+};

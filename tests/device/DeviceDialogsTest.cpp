@@ -1,0 +1,250 @@
+#include "CommUtil.h"
+#include "DeviceFixture.h"
+#include "DownloadTexts.h"
+#include "SlaveIDEntry.h"
+#include "frmComPort.h"
+#include "frmCommSetting.h"
+#include "frmDebug.h"
+
+namespace {
+
+const QString SettingTitle = QStringLiteral("設定報警機通訊參數");
+
+// The settings dialog on a scripted dialler, an RM64MT with firmware 0301, over an open port.
+class CommSettingTest : public DeviceTest
+{
+protected:
+    CommSettingTest()
+    {
+        g.link.Retry = 0;
+        EXPECT_TRUE(EnsureCommOpen(g, comm));
+    }
+
+    // The four answers of a load: model, serial number, slave id and setting byte, firmware.
+    void answerLoad(int slaveID, int settingByte)
+    {
+        platform.serial.answer(WithCrc("F704024106"));
+        platform.serial.answer(WithCrc("F704080102030405060708"));
+        const QByteArray settings = QStringLiteral("F7030400%1%2")
+                                        .arg(QStringLiteral("%1").arg(slaveID, 2, 16, QLatin1Char('0')))
+                                        .arg(QStringLiteral("00%1").arg(settingByte, 2, 16, QLatin1Char('0')))
+                                        .toLatin1();
+        platform.serial.answer(WithCrc(settings.constData()));
+        platform.serial.answer(WithCrc("F704020301"));
+    }
+
+    bool load()
+    {
+        bool ok = false;
+        form.LoadFormObj(ok);
+        return ok;
+    }
+
+    frmCommSetting& form = g.form<frmCommSetting>();
+};
+
+} // namespace
+
+TEST(SlaveIDEntryTest, OnlyDigitsAreTypedAndTheValueStaysFrom1To255)
+{
+    struct Key
+    {
+        int typed;
+        int kept;
+    };
+    const Key keys[] = {{'0', '0'}, {'9', '9'}, {'a', 0}, {' ', 0}, {'-', 0}, {8, 0}, {'/', 0}, {':', 0}};
+    for (const Key& k : keys) {
+        int KeyAscii = k.typed;
+        SlaveIDKeyPress(KeyAscii);
+        EXPECT_EQ(KeyAscii, k.kept) << "key " << k.typed;
+    }
+    struct Change
+    {
+        const char* typed;
+        const char* kept;
+    };
+    const Change changes[] = {{"", "1"}, {"0", "1"}, {"1", "1"}, {"007", "007"}, {"255", "255"},
+        {"256", "255"}, {"99999", "255"}, {"12abc", "12abc"}, {"abc", "1"}};
+    for (const Change& c : changes) {
+        TextBox box;
+        box.Text = QString::fromLatin1(c.typed);
+        SlaveIDChange(box);
+        EXPECT_EQ(box.Text, QString::fromLatin1(c.kept)) << "text " << c.typed;
+    }
+}
+
+TEST_F(CommSettingTest, ADiallerThatDoesNotAnswerGoesOfflineWithoutTheDialog)
+{
+    g.link.IsDeviceConnected = true;
+    platform.serial.answerNothing();
+    platform.expectBox(MsgBox::Critical, QStringLiteral("通訊錯誤, 無法連接簡訊報警機!\r\n") + CheckLines,
+        QStringLiteral("裝置通訊設定"));
+    EXPECT_FALSE(load());
+    EXPECT_FALSE(g.link.IsDeviceConnected);
+    EXPECT_EQ(form.lblModelName.Caption, QStringLiteral("UnKnown"));
+}
+
+TEST_F(CommSettingTest, NothingChangedClosesWithoutAQuestionOrAWrite)
+{
+    answerLoad(1, 0x03);
+    ASSERT_TRUE(load());
+    EXPECT_EQ(form.lblModelName.Caption, QStringLiteral("KV570-RM64MT"));
+    EXPECT_EQ(form.lblSN.Caption, QStringLiteral("07-08-0506-030401-02"));
+    EXPECT_EQ(form.cmbPortBaud.List,
+        (std::vector<QString> {
+            "1200", "2400", "4800", "9600", "19200", "38400", "57600", "115200", "UnKnown"}));
+    EXPECT_EQ(form.cmbPortBaud.Text, QStringLiteral("9600"));
+    EXPECT_EQ(form.cmbParityBit.Text, QStringLiteral("NONE"));
+    EXPECT_EQ(form.txtSlaveID.Text, QStringLiteral("1"));
+    platform.expectModal(form, [](frmCommSetting& f) { f.CmdOK_Click(); });
+    platform.showModal(form);
+    EXPECT_EQ(platform.serial.written.size(), 4u);
+}
+
+// A baud id without a row shows "UnKnown", which OK refuses with its box, closing the dialog.
+TEST_F(CommSettingTest, AnUnknownBaudRateIsRefusedAndTheDialogClosesWithNothingWritten)
+{
+    answerLoad(1, 0x09);
+    ASSERT_TRUE(load());
+    EXPECT_EQ(form.cmbPortBaud.Text, QStringLiteral("UnKnown"));
+    platform.expectModal(form, [this](frmCommSetting& f) {
+        f.txtSlaveID.Text = QStringLiteral("2");
+        platform.expectBox(MsgBox::Critical,
+            QStringLiteral("通訊速率錯誤!\r\n通訊速率不得為 Unknown。\r\n請重新指定通訊速率!"), SettingTitle);
+        f.CmdOK_Click();
+    });
+    platform.showModal(form);
+    EXPECT_EQ(platform.serial.written.size(), 4u);
+}
+
+TEST_F(CommSettingTest, CancelAtTheQuestionKeepsTheDialogOpenWithTheChange)
+{
+    answerLoad(1, 0x03);
+    ASSERT_TRUE(load());
+    platform.expectModal(form, [this](frmCommSetting& f) {
+        f.txtSlaveID.Text = QStringLiteral("2");
+        f.txtSlaveID_Change();
+        platform.expectBox(MsgBox::OKCancel + MsgBox::Question,
+            QStringLiteral("您已變更通訊參數! \r\n是否要將新的通訊參數, 存入簡訊報警機中?"), SettingTitle,
+            MsgBox::Cancel);
+        f.CmdOK_Click();
+        EXPECT_TRUE(f.Visible);
+        EXPECT_EQ(f.txtSlaveID.Text, QStringLiteral("2"));
+        f.cmdExit_Click();
+    });
+    platform.showModal(form);
+    EXPECT_EQ(platform.serial.written.size(), 4u);
+}
+
+TEST_F(DeviceTest, ThePortListShowsEachNumbersDeviceAndThePortsNoNumberReaches)
+{
+    g.link.PortPaths[3] = QStringLiteral("/dev/serial/by-id/usb-Prolific_PL2303-if00-port0");
+    g.link.PortPaths[4] = QStringLiteral("/dev/ttyUSB0");
+    platform.ports = {{"/dev/ttyUSB0", "FT232R USB UART", "A10K", "usb-FTDI_FT232R_A10K-if00-port0"},
+        {"/dev/ttyUSB2", "PL2303 Serial", "", "usb-Prolific_PL2303-if00-port0"}, {"/dev/ttyS3", "", "", ""},
+        {"/dev/ttyACM1", "Modem", "77", ""}, {"/dev/ttyUSB9", "CH340", "", ""}};
+    frmComPort& form = g.form<frmComPort>();
+    g.link.CommPort = 4;
+    form.LoadFormObj();
+    QStringList shown;
+    for (const ListItem& row : form.lvPorts.ListItems)
+        shown << (QStringList {row.Text} + QStringList(row.SubItems.begin(), row.SubItems.end())).join(u'|')
+                + (row.ForeColor == SystemColor::GrayText ? QStringLiteral(" (grey)") : QString());
+    const QStringList expected = {
+        "COM1|/dev/ttyUSB0|FT232R USB UART|A10K|usb-FTDI_FT232R_A10K-if00-port0",
+        "COM2|/dev/ttyUSB1|不存在|| (grey)",
+        "COM3|/dev/serial/by-id/usb-Prolific_PL2303-if00-port0|PL2303 Serial||usb-Prolific_PL2303-if00-port0",
+        "COM4|/dev/ttyUSB0|FT232R USB UART|A10K|usb-FTDI_FT232R_A10K-if00-port0",
+        "COM5|/dev/ttyUSB4|不存在|| (grey)",
+        "COM6|/dev/ttyUSB5|不存在|| (grey)",
+        "COM7|/dev/ttyUSB6|不存在|| (grey)",
+        "COM8|/dev/ttyUSB7|不存在|| (grey)",
+        "COM9|/dev/ttyS0|不存在|| (grey)",
+        "COM10|/dev/ttyS1|不存在|| (grey)",
+        "COM11|/dev/ttyS2|不存在|| (grey)",
+        "COM12|/dev/ttyS3|||",
+        "COM13|/dev/ttyS4|不存在|| (grey)",
+        "COM14|/dev/ttyS5|不存在|| (grey)",
+        "COM15|/dev/ttyS6|不存在|| (grey)",
+        "COM16|/dev/ttyS7|不存在|| (grey)",
+        "COM18|/dev/ttyACM1|Modem|77|",
+        "無通訊埠編號: 請在 [Ports] 中指定|/dev/ttyUSB9|CH340||",
+    };
+    EXPECT_EQ(shown.join(u'\n').toStdString(), expected.join(u'\n').toStdString());
+    EXPECT_EQ(form.cmbCommPort.Text, QStringLiteral("COM4"));
+    EXPECT_EQ(form.lvPorts.SelectedItem, 3);
+
+    // Rows with a number in the combo's range choose it; the others leave the combo alone.
+    form.lvPorts.SelectedItem = 11;
+    form.lvPorts_Click();
+    EXPECT_EQ(form.cmbCommPort.Text, QStringLiteral("COM12"));
+    for (int row : {16, 17}) {
+        form.lvPorts.SelectedItem = row;
+        form.lvPorts_Click();
+        EXPECT_EQ(form.cmbCommPort.Text, QStringLiteral("COM12"));
+    }
+    form.cmbCommPort.SetText(QStringLiteral("COM18"));
+    form.cmbCommPort_Click();
+    EXPECT_EQ(form.lvPorts.SelectedItem, 16);
+}
+
+TEST_F(DeviceTest, ThePortDialogOpensThePortItWasGivenOrSaysWhy)
+{
+    struct Case
+    {
+        const char* typed;
+        bool opens;
+        int port; // 0: the text is no number, and the program ends
+    };
+    const Case cases[] = {{"COM2", true, 2}, {"COM17", true, 17}, {"COM3", false, 3}, {"COMx", false, 0}};
+    frmComPort& form = g.form<frmComPort>();
+    for (const Case& c : cases) {
+        form.LoadFormObj();
+        form.cmbCommPort.SetText(QString::fromLatin1(c.typed));
+        platform.serial.failOpen
+            = c.opens ? SerialLine::OpenFailure::None : SerialLine::OpenFailure::NotFound;
+        if (c.port == 0) {
+            EXPECT_THROW(form.CmdOK_Click(), UnhandledError);
+            continue;
+        }
+        if (!c.opens)
+            platform.expectBoxWithAnyText(MsgBox::Critical, QStringLiteral("Communicaiton Error"));
+        form.CmdOK_Click();
+        EXPECT_EQ(g.link.CommPort, c.port) << c.typed;
+        EXPECT_EQ(form.IsOK, c.opens) << c.typed;
+        EXPECT_EQ(form.IsConnected, c.opens) << c.typed;
+        EXPECT_FALSE(form.Visible) << c.typed;
+    }
+}
+
+// Without a dialler the window opens all the same, and a read that finds no port does nothing.
+TEST_F(DeviceTest, TheServiceWindowOpensWithoutADevice)
+{
+    frmDebug& form = g.form<frmDebug>();
+    platform.expectModal(g.form<frmComPort>(), [](frmComPort& f) { f.cmdExit_Click(); });
+    form.LoadFormObj();
+    EXPECT_EQ(form.lblCommSettings.Caption, QStringLiteral("UnKnown"));
+    EXPECT_TRUE(form.cmbPortBaud.List.empty());
+    EXPECT_EQ(form.cmbPortBaud.Text, QStringLiteral("9600"));
+    EXPECT_EQ(form.cmbParityBit.Text, QStringLiteral("NONE"));
+    ASSERT_EQ(form.lvBasicInfo.ListItems.size(), 13u);
+    for (const ListItem& row : form.lvBasicInfo.ListItems)
+        EXPECT_TRUE(row.SubItems.at(0).isEmpty()) << row.Key.toStdString();
+    EXPECT_EQ(form.lvBasicInfo.ListItems.back().Tag, QStringLiteral("0,1"));
+
+    platform.expectModal(g.form<frmComPort>(), [](frmComPort& f) { f.cmdExit_Click(); });
+    form.cmdRead_Click();
+    EXPECT_TRUE(platform.serial.written.empty());
+}
+
+TEST(ServiceWindowTest, TagsAndAnswersTakenApart)
+{
+    qint32 address = 0;
+    qint16 function = 0;
+    SplitTag(QStringLiteral("130,3"), address, function);
+    EXPECT_EQ(address, 130);
+    EXPECT_EQ(function, 3);
+    // The count at position 3 says how many data bytes follow; the CRC is not among them.
+    const CommBuffer rsp = Buffer(QByteArray::fromHex("F7040400AB0CFFEEDD"), 9);
+    EXPECT_EQ(ResponseToHex(rsp), QStringLiteral("00AB0CFF"));
+}
