@@ -61,6 +61,8 @@ QString IconWord(int flags)
         return QStringLiteral("error: ");
     case MsgBox::Exclamation:
         return QStringLiteral("warning: ");
+    case MsgBox::Question:
+        return QStringLiteral("question: ");
     case MsgBox::Information:
         return QStringLiteral("info: ");
     default:

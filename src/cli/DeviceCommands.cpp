@@ -1,5 +1,6 @@
 #include "DeviceCommands.h"
 
+#include <cstdio>
 #include <map>
 #include <vector>
 
@@ -87,6 +88,9 @@ int RunSettings(Session& s)
 {
     VORNAGlobal& g = s.g;
     const DeviceOptions& d = s.device;
+    // The window offers the dialog once a connect has opened the port; here it opens first.
+    if (!EnsureCommOpen(g, LinkComm(g)))
+        return ExitFailed;
     frmCommSetting& form = g.form<frmCommSetting>();
     form.Load();
     bool ok = false;
@@ -154,6 +158,7 @@ int RunRegisters(Session& s)
         for (const ListItem& item : form.lvBasicInfo.ListItems)
             rows.push_back(QStringList {item.Text} + QStringList(item.SubItems.begin(), item.SubItems.end()));
         PrintTable(header, rows);
+        std::fflush(stdout); // before the box, on whichever stream it goes
     };
     const bool portOpen = LinkComm(g).PortOpen();
     if (portOpen) {

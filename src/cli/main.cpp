@@ -205,10 +205,14 @@ constexpr std::array<Command, 10> Commands {{
 QString Usage()
 {
     QString commands;
-    for (const Command& c : Commands)
-        commands += QStringLiteral("  %1 %2\n")
-                        .arg(QString::fromLatin1(c.name) + u' ' + QString::fromLatin1(c.arguments), -22)
-                        .arg(QString::fromLatin1(c.summary));
+    constexpr int Column = 22;
+    for (const Command& c : Commands) {
+        const QString call = QString::fromLatin1(c.name) + u' ' + QString::fromLatin1(c.arguments);
+        // A call too long for its column has its summary on the next line.
+        const QString gap = call.size() < Column ? QString(Column + 1 - call.size(), u' ')
+                                                 : QStringLiteral("\n") + QString(Column + 3, u' ');
+        commands += QStringLiteral("  ") + call + gap + QString::fromLatin1(c.summary) + u'\n';
+    }
     return QString::fromUtf8(UsageText).arg(commands);
 }
 
