@@ -140,6 +140,12 @@ std::vector<DeviceScenario> Scenarios()
                     QStringLiteral("F75043010E00010A0130393132333435363738"));
             }},
 
+        {"settings_shows_the_dialog_as_loaded",
+            {"--model-id", "4106", "--firmware", "0415", "--slave-id", "9", "--setting-byte", "0xC2"},
+            {cmd("settings --port {PORT}"), 0, {}, {},
+                QStringLiteral("型號 : KV470-RM64MT\n序號 : 07-08-0506-030401-02\n通訊速率 : 4800\n"
+                               "資料位元 : 8\n停止位元 : 1\n同位元檢查 : EVEN\n裝置識別碼 : 9\n")}},
+
         {"settings_written_with_yes", {},
             {cmd("--yes settings --port {PORT} --slave 12 --baud 19200 --parity odd"), 0, {},
                 {QStringLiteral("[設定報警機通訊參數] 設定報警機通訊參數成功!\n")}},
@@ -163,7 +169,12 @@ std::vector<DeviceScenario> Scenarios()
             {cmd("registers --port {PORT}"), 0,
                 {QStringLiteral("Product S/N                          0102030405060708  0002H  4\n"),
                     QStringLiteral("Current Alarm                        0100000000000080  0000H  4\n")},
-                {QStringLiteral("[RM64 偵錯工具] 讀取Quillbeacon暫存器資訊成功！\n")}}},
+                {QStringLiteral("[RM64 偵錯工具] 讀取Quillbeacon暫存器資訊成功！\n")}},
+            0,
+            // The port dialog reaches the terminal through a number mapped for the run only.
+            [](const QJsonObject&, const QDir& programDir) {
+                EXPECT_FALSE(ReadText(programDir.filePath(QStringLiteral("VORNA.set"))).contains(u"[Ports]"));
+            }},
 
         // The load reads three registers; the fifth row's two attempts are the 8th and 9th
         // requests. The rows before it keep their content, those from it on stay empty.
@@ -176,7 +187,7 @@ std::vector<DeviceScenario> Scenarios()
 }
 
 // A temporary installation with short link time-outs, so that a silent dialler costs little.
-class CliDeviceTest : public ::testing::TestWithParam<DeviceScenario>
+class CliDeviceFixture : public ::testing::Test
 {
 protected:
     void SetUp() override
@@ -226,6 +237,9 @@ protected:
     const QString dumpPath = root + QStringLiteral("/dialler.json");
 };
 
+class CliDeviceTest : public CliDeviceFixture, public ::testing::WithParamInterface<DeviceScenario>
+{ };
+
 TEST_P(CliDeviceTest, RunsAgainstTheVirtualDialler)
 {
     const DeviceScenario& scenario = GetParam();
@@ -242,6 +256,49 @@ TEST_P(CliDeviceTest, RunsAgainstTheVirtualDialler)
     if (scenario.check)
         scenario.check(dumpAfter(scenario.requests), QDir(root + QLatin1Char('/') + ProgramDir));
 }
+
+// The verdict on each kind of refused answer, in the trace of a connect whose first request
+// meets the fault; the retry goes through.
+struct VerdictCase
+{
+    const char* name;
+    QStringList faults;
+    const char* answerLine; // the trace's second line, its time masked
+};
+
+class CliTraceVerdictTest : public CliDeviceFixture, public ::testing::WithParamInterface<VerdictCase>
+{ };
+
+TEST_P(CliTraceVerdictTest, NamesWhyTheAnswerWasRefused)
+{
+    DevsimProcess devsim(QStringList {"--baud", "0"} + GetParam().faults);
+    ASSERT_FALSE(devsim.path().isEmpty());
+    const QString trace = root + QStringLiteral("/追蹤.txt");
+    const Result result = RunCli(root, English,
+        {QStringLiteral("connect"), QStringLiteral("--port"), devsim.path(), QStringLiteral("--trace"),
+            trace},
+        nullptr, {}, ProgramDir);
+    EXPECT_EQ(result.status, 0) << result.err.toStdString();
+    const QStringList lines = MaskedTrace(ReadText(trace)).split(u'\n');
+    ASSERT_GE(lines.size(), 3);
+    EXPECT_EQ(lines.at(1).toStdString(), GetParam().answerLine);
+    EXPECT_TRUE(lines.at(2).endsWith(QStringLiteral("(attempt 2)"))) << lines.at(2).toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(cli, CliTraceVerdictTest,
+    ::testing::Values(
+        VerdictCase {"nothing", {"--drop-request", "@1"}, "T ms < - | silence after 0 of 7 bytes"},
+        VerdictCase {"cut_short", {"--truncate", "@1"}, "T ms < F7 04 02 | silence after 3 of 7 bytes"},
+        VerdictCase {"exception", {"--exception", "@1", "--exception-code", "2"},
+            "T ms < F7 84 02 22 F3 | exception code 02"},
+        VerdictCase {"whole_frame_of_a_wrong_length", {"--exception", "@1", "--wrong-function", "@1"},
+            "T ms < F7 85 04 A3 61 | wrong length: a whole frame of 5 bytes, 7 expected"},
+        VerdictCase {
+            "wrong_station", {"--wrong-station", "@1"}, "T ms < F8 04 02 00 00 25 24 | wrong station F8"},
+        VerdictCase {
+            "wrong_function", {"--wrong-function", "@1"}, "T ms < F7 05 02 00 00 70 D9 | wrong function 05"},
+        VerdictCase {"bad_crc", {"--corrupt-crc", "@1"}, "T ms < F7 04 02 00 00 8E 25 | bad CRC"}),
+    [](const ::testing::TestParamInfo<VerdictCase>& info) { return std::string(info.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(cli, CliDeviceTest, ::testing::ValuesIn(Scenarios()),
     [](const ::testing::TestParamInfo<DeviceScenario>& info) { return std::string(info.param.name); });

@@ -200,6 +200,13 @@ std::vector<Scenario> Scenarios()
                 Usage(cmd("settings --port COM1 --parity MARK"), "give NONE, ODD or EVEN")},
             {}, {}},
 
+        // COM1 to COM16 come first, each with its device; the rest depends on the machine.
+        {"ports_lists_the_port_numbers_first", English, {},
+            {{cmd("ports"), 0,
+                {QStringLiteral("Port   Device        State"), QStringLiteral("\nCOM1   /dev/ttyUSB0  "),
+                    QStringLiteral("\nCOM16  /dev/ttyS7    ")}}},
+            {}, {}},
+
         // Help is no usage error: each form ends with status 0.
         {"help", English, {},
             {{cmd("--help"), 0, {QStringLiteral("usage: vorna-cli")}},
