@@ -19,7 +19,8 @@ const FormTextPath kFormTexts[] = {{""}, {"cmdExit"}, {"sstCommunication.txtSlav
 
 const QString Unknown = QStringLiteral("UnKnown");
 
-// The parity row for the device's letter.
+} // namespace
+
 QString ParityRow(const QString& letter)
 {
     const QString p = letter.toUpper();
@@ -31,8 +32,6 @@ QString ParityRow(const QString& letter)
         return QStringLiteral("ODD");
     return Unknown;
 }
-
-} // namespace
 
 frmCommSetting::frmCommSetting(VORNAGlobal& g)
     : FormModel(g.ml, kFormTexts)

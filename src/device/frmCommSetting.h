@@ -48,3 +48,6 @@ public:
 private:
     VORNAGlobal& m_g;
 };
+
+// The parity combo's row for the device's parity letter: "EVEN", "NONE", "ODD", or "UnKnown".
+QString ParityRow(const QString& letter);

@@ -9,6 +9,7 @@
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "frmComPort.h"
+#include "frmCommSetting.h"
 
 namespace {
 
@@ -53,17 +54,6 @@ bool SendRead(VORNAGlobal& g, int fn, int address, int count, CommBuffer& rsp, q
     cmd(5) = CByte(count / 256);
     cmd(6) = CByte(count % 256);
     return SendCommand(g, LinkComm(g), cmd, 6, rsp, nRsp, g.link.Timeout, g.link.Retry);
-}
-
-QString ParityRow(const QString& letter)
-{
-    if (letter == QLatin1String("N"))
-        return QStringLiteral("NONE");
-    if (letter == QLatin1String("E"))
-        return QStringLiteral("EVEN");
-    if (letter == QLatin1String("O"))
-        return QStringLiteral("ODD");
-    return {};
 }
 
 } // namespace
@@ -135,9 +125,9 @@ void frmDebug::ShowCommSettings(const DeviceInfo& info)
 {
     lblCommSettings.Caption = info.BaudRate + QStringLiteral(", ") + info.Parity + QStringLiteral(", 8, 1");
     cmbPortBaud.SetText(info.BaudRate);
-    // A letter outside the three leaves the parity as it was.
+    // This window has no "UnKnown" row: another letter leaves the parity as it was.
     const QString parity = ParityRow(info.Parity);
-    if (!parity.isEmpty())
+    if (parity != QLatin1String("UnKnown"))
         cmbParityBit.SelectText(parity);
 }
 

@@ -25,10 +25,8 @@ protected:
     {
         platform.serial.answer(WithCrc("F704024106"));
         platform.serial.answer(WithCrc("F704080102030405060708"));
-        const QByteArray settings = QStringLiteral("F7030400%1%2")
-                                        .arg(QStringLiteral("%1").arg(slaveID, 2, 16, QLatin1Char('0')))
-                                        .arg(QStringLiteral("00%1").arg(settingByte, 2, 16, QLatin1Char('0')))
-                                        .toLatin1();
+        const QByteArray settings = QByteArray("F7030400") + QByteArray::number(slaveID + 0x100, 16).mid(1)
+            + "00" + QByteArray::number(settingByte + 0x100, 16).mid(1);
         platform.serial.answer(WithCrc(settings.constData()));
         platform.serial.answer(WithCrc("F704020301"));
     }
@@ -84,56 +82,58 @@ TEST_F(CommSettingTest, ADiallerThatDoesNotAnswerGoesOfflineWithoutTheDialog)
     EXPECT_EQ(form.lblModelName.Caption, QStringLiteral("UnKnown"));
 }
 
-TEST_F(CommSettingTest, NothingChangedClosesWithoutAQuestionOrAWrite)
+// OK writes nothing unless the user changed something and agreed: with nothing changed it
+// closes at once, an "UnKnown" baud rate (a baud id without a row) is refused with a box that
+// closes the dialog too, and Cancel at the question keeps the dialog open with the change.
+TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
 {
-    answerLoad(1, 0x03);
-    ASSERT_TRUE(load());
-    EXPECT_EQ(form.lblModelName.Caption, QStringLiteral("KV570-RM64MT"));
-    EXPECT_EQ(form.lblSN.Caption, QStringLiteral("07-08-0506-030401-02"));
-    EXPECT_EQ(form.cmbPortBaud.List,
-        (std::vector<QString> {
-            "1200", "2400", "4800", "9600", "19200", "38400", "57600", "115200", "UnKnown"}));
-    EXPECT_EQ(form.cmbPortBaud.Text, QStringLiteral("9600"));
-    EXPECT_EQ(form.cmbParityBit.Text, QStringLiteral("NONE"));
-    EXPECT_EQ(form.txtSlaveID.Text, QStringLiteral("1"));
-    platform.expectModal(form, [](frmCommSetting& f) { f.CmdOK_Click(); });
-    platform.showModal(form);
-    EXPECT_EQ(platform.serial.written.size(), 4u);
-}
-
-// A baud id without a row shows "UnKnown", which OK refuses with its box, closing the dialog.
-TEST_F(CommSettingTest, AnUnknownBaudRateIsRefusedAndTheDialogClosesWithNothingWritten)
-{
-    answerLoad(1, 0x09);
-    ASSERT_TRUE(load());
-    EXPECT_EQ(form.cmbPortBaud.Text, QStringLiteral("UnKnown"));
-    platform.expectModal(form, [this](frmCommSetting& f) {
-        f.txtSlaveID.Text = QStringLiteral("2");
-        platform.expectBox(MsgBox::Critical,
-            QStringLiteral("通訊速率錯誤!\r\n通訊速率不得為 Unknown。\r\n請重新指定通訊速率!"), SettingTitle);
-        f.CmdOK_Click();
-    });
-    platform.showModal(form);
-    EXPECT_EQ(platform.serial.written.size(), 4u);
-}
-
-TEST_F(CommSettingTest, CancelAtTheQuestionKeepsTheDialogOpenWithTheChange)
-{
-    answerLoad(1, 0x03);
-    ASSERT_TRUE(load());
-    platform.expectModal(form, [this](frmCommSetting& f) {
-        f.txtSlaveID.Text = QStringLiteral("2");
-        f.txtSlaveID_Change();
-        platform.expectBox(MsgBox::OKCancel + MsgBox::Question,
-            QStringLiteral("您已變更通訊參數! \r\n是否要將新的通訊參數, 存入簡訊報警機中?"), SettingTitle,
-            MsgBox::Cancel);
-        f.CmdOK_Click();
-        EXPECT_TRUE(f.Visible);
-        EXPECT_EQ(f.txtSlaveID.Text, QStringLiteral("2"));
-        f.cmdExit_Click();
-    });
-    platform.showModal(form);
-    EXPECT_EQ(platform.serial.written.size(), 4u);
+    struct Case
+    {
+        const char* name;
+        int settingByte;
+        const char* shownBaud;
+        const char* typedSlaveID; // null: left as loaded
+        const char* box;          // null: none
+        int answer;
+        bool staysOpen;
+    };
+    const QString question = QStringLiteral("您已變更通訊參數! \r\n是否要將新的通訊參數, 存入簡訊報警機中?");
+    const Case cases[] = {
+        {"nothing changed", 0x03, "9600", nullptr, nullptr, 0, false},
+        {"unknown baud rate", 0x09, "UnKnown", "2",
+            "通訊速率錯誤!\r\n通訊速率不得為 Unknown。\r\n請重新指定通訊速率!", MsgBox::OK, false},
+        {"cancel at the question", 0x03, "9600", "2", nullptr, MsgBox::Cancel, true},
+    };
+    for (const Case& c : cases) {
+        answerLoad(1, c.settingByte);
+        ASSERT_TRUE(load()) << c.name;
+        EXPECT_EQ(form.lblModelName.Caption, QStringLiteral("KV570-RM64MT"));
+        EXPECT_EQ(form.lblSN.Caption, QStringLiteral("07-08-0506-030401-02"));
+        EXPECT_EQ(form.cmbPortBaud.List,
+            (std::vector<QString> {
+                "1200", "2400", "4800", "9600", "19200", "38400", "57600", "115200", "UnKnown"}));
+        EXPECT_EQ(form.cmbPortBaud.Text, QString::fromLatin1(c.shownBaud)) << c.name;
+        EXPECT_EQ(form.cmbParityBit.Text, QStringLiteral("NONE"));
+        const size_t written = platform.serial.written.size();
+        platform.expectModal(form, [&](frmCommSetting& f) {
+            if (c.typedSlaveID) {
+                f.txtSlaveID.Text = QString::fromLatin1(c.typedSlaveID);
+                f.txtSlaveID_Change();
+            }
+            if (c.box)
+                platform.expectBox(MsgBox::Critical, QString::fromUtf8(c.box), SettingTitle);
+            else if (c.typedSlaveID)
+                platform.expectBox(MsgBox::OKCancel + MsgBox::Question, question, SettingTitle, c.answer);
+            f.CmdOK_Click();
+            EXPECT_EQ(f.Visible, c.staysOpen) << c.name;
+            if (f.Visible) {
+                EXPECT_EQ(f.txtSlaveID.Text, QString::fromLatin1(c.typedSlaveID));
+                f.cmdExit_Click();
+            }
+        });
+        platform.showModal(form);
+        EXPECT_EQ(platform.serial.written.size(), written) << c.name;
+    }
 }
 
 TEST_F(DeviceTest, ThePortListShowsEachNumbersDeviceAndThePortsNoNumberReaches)
@@ -235,16 +235,4 @@ TEST_F(DeviceTest, TheServiceWindowOpensWithoutADevice)
     platform.expectModal(g.form<frmComPort>(), [](frmComPort& f) { f.cmdExit_Click(); });
     form.cmdRead_Click();
     EXPECT_TRUE(platform.serial.written.empty());
-}
-
-TEST(ServiceWindowTest, TagsAndAnswersTakenApart)
-{
-    qint32 address = 0;
-    qint16 function = 0;
-    SplitTag(QStringLiteral("130,3"), address, function);
-    EXPECT_EQ(address, 130);
-    EXPECT_EQ(function, 3);
-    // The count at position 3 says how many data bytes follow; the CRC is not among them.
-    const CommBuffer rsp = Buffer(QByteArray::fromHex("F7040400AB0CFFEEDD"), 9);
-    EXPECT_EQ(ResponseToHex(rsp), QStringLiteral("00AB0CFF"));
 }
