@@ -1,6 +1,7 @@
 #include "DeviceCommands.h"
 
 #include <cstdio>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -162,9 +163,14 @@ int RunRegisters(Session& s)
     };
     const bool portOpen = LinkComm(g).PortOpen();
     if (portOpen) {
-        s.platform.beforeBox = printRows;
+        const std::function<void()> before = s.platform.beforeBox;
+        s.platform.beforeBox = [&printRows, &before] {
+            printRows();
+            if (before)
+                before();
+        };
         form.cmdRead_Click();
-        s.platform.beforeBox = nullptr;
+        s.platform.beforeBox = before;
     }
     printRows();
     s.platform.playModal = nullptr;

@@ -22,6 +22,8 @@ namespace {
 // the debug files and the trace included, must work there.
 const QString ProgramDir = QStringLiteral("程式 資料夾");
 const QString ProjectDir = QStringLiteral("專案 檔案");
+// The trace of a run that asks for one, under the installation's root.
+const QString TracePath = ProjectDir + QStringLiteral("/追蹤 1.txt");
 // "{PORT}" in a command line stands for the dialler's terminal.
 const QString Port = QStringLiteral("{PORT}");
 
@@ -41,6 +43,8 @@ struct DeviceScenario
     // dialler has received the given number of requests.
     int requests = 0;
     std::function<void(const QJsonObject& dump, const QDir& programDir)> check = {};
+    // The golden file that the run's trace must equal, its time stamps masked.
+    const char* golden = nullptr;
 };
 
 QString ReadText(const QString& path)
@@ -68,7 +72,7 @@ std::vector<DeviceScenario> Scenarios()
 {
     auto cmd = [](const char* line) { return QString::fromUtf8(line).split(u' '); };
     const QString project = ProjectDir + QStringLiteral("/工地 A.cmb");
-    const QString trace = ProjectDir + QStringLiteral("/追蹤 1.txt");
+    const QString trace = TracePath;
     const QString checkList = QStringLiteral("請檢查下列項目:\r\n1. RS232 通訊線是否已正確連接\r\n"
                                              "2. PC通訊埠是否正確指定\r\n"
                                              "3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)\n");
@@ -109,26 +113,13 @@ std::vector<DeviceScenario> Scenarios()
                                    "請使用者將簡訊報警機的指撥開關SW2設為 OFF (執行模式)\n")},
                 QString()},
             6,
-            [trace](const QJsonObject& dump, const QDir& programDir) {
+            [](const QJsonObject& dump, const QDir& programDir) {
                 EXPECT_EQ(dump["phoneBook"].toArray().size(), 1);
                 EXPECT_EQ(dump["shortMessages"].toArray().size(), 2);
-                const QString golden = ReadText(QStringLiteral(VORNA_CLI_GOLDEN_DIR "/download-trace.txt"));
-                ASSERT_NE(golden, QStringLiteral("(absent)"));
-                QDir root = programDir;
-                root.cdUp();
-                EXPECT_EQ(MaskedTrace(ReadText(root.filePath(trace))).toStdString(), golden.toStdString());
                 EXPECT_EQ(HexOf(programDir.filePath(QStringLiteral("SHORTMSG.dbg"))),
                     QStringLiteral("F7505304084100040000410042F75053440641000200706B"));
-            }},
-
-        // With nobody to answer, the question counts as Cancel: nothing reaches the dialler.
-        {"download_unanswered_is_cancelled", {},
-            {{QStringLiteral("download"), project, QStringLiteral("--port"), Port}, 1, {},
-                {QStringLiteral("OK/Cancel? Cancel (no input)\n")}},
-            0,
-            [](const QJsonObject& dump, const QDir&) {
-                EXPECT_EQ(dump["erases"].toObject()["phoneBook"].toInt(), 0);
-            }},
+            },
+            "download-trace.txt"},
 
         // A record refused on every attempt: the failure box, and the debug file ends with it.
         {"download_failing_at_a_record", {"--exception", "@record:1"},
@@ -183,6 +174,15 @@ std::vector<DeviceScenario> Scenarios()
                 {QStringLiteral("Address Of New Record                0000              0006H  1\n"
                                 "Device Status                                          0007H  1\n")},
                 {QStringLiteral("[RM64 偵錯工具] 讀取Quillbeacon暫存器資訊失敗！\n")}}},
+
+        // A refused first attempt of each kind, retried with success, from the load's reads on:
+        // the trace names each verdict in the order the protocol judges.
+        {"registers_through_every_kind_of_refusal",
+            {"--drop-request", "@1", "--truncate", "@3", "--exception", "@5,7", "--exception-code", "2",
+                "--wrong-function", "@7,11", "--wrong-station", "@9", "--corrupt-crc", "@13"},
+            {{QStringLiteral("registers"), QStringLiteral("--port"), Port, QStringLiteral("--trace"), trace},
+                0},
+            0, {}, "registers-trace.txt"},
     };
 }
 
@@ -255,50 +255,14 @@ TEST_P(CliDeviceTest, RunsAgainstTheVirtualDialler)
         scenario.run, RunCli(root, TraditionalChinese, args, scenario.run.input, {}, ProgramDir), expand);
     if (scenario.check)
         scenario.check(dumpAfter(scenario.requests), QDir(root + QLatin1Char('/') + ProgramDir));
+    if (scenario.golden) {
+        const QString golden
+            = ReadText(QStringLiteral(VORNA_CLI_GOLDEN_DIR "/") + QLatin1String(scenario.golden));
+        ASSERT_NE(golden, QStringLiteral("(absent)"));
+        EXPECT_EQ(
+            MaskedTrace(ReadText(root + QLatin1Char('/') + TracePath)).toStdString(), golden.toStdString());
+    }
 }
-
-// The verdict on each kind of refused answer, in the trace of a connect whose first request
-// meets the fault; the retry goes through.
-struct VerdictCase
-{
-    const char* name;
-    QStringList faults;
-    const char* answerLine; // the trace's second line, its time masked
-};
-
-class CliTraceVerdictTest : public CliDeviceFixture, public ::testing::WithParamInterface<VerdictCase>
-{ };
-
-TEST_P(CliTraceVerdictTest, NamesWhyTheAnswerWasRefused)
-{
-    DevsimProcess devsim(QStringList {"--baud", "0"} + GetParam().faults);
-    ASSERT_FALSE(devsim.path().isEmpty());
-    const QString trace = root + QStringLiteral("/追蹤.txt");
-    const Result result = RunCli(root, English,
-        {QStringLiteral("connect"), QStringLiteral("--port"), devsim.path(), QStringLiteral("--trace"),
-            trace},
-        nullptr, {}, ProgramDir);
-    EXPECT_EQ(result.status, 0) << result.err.toStdString();
-    const QStringList lines = MaskedTrace(ReadText(trace)).split(u'\n');
-    ASSERT_GE(lines.size(), 3);
-    EXPECT_EQ(lines.at(1).toStdString(), GetParam().answerLine);
-    EXPECT_TRUE(lines.at(2).endsWith(QStringLiteral("(attempt 2)"))) << lines.at(2).toStdString();
-}
-
-INSTANTIATE_TEST_SUITE_P(cli, CliTraceVerdictTest,
-    ::testing::Values(
-        VerdictCase {"nothing", {"--drop-request", "@1"}, "T ms < - | silence after 0 of 7 bytes"},
-        VerdictCase {"cut_short", {"--truncate", "@1"}, "T ms < F7 04 02 | silence after 3 of 7 bytes"},
-        VerdictCase {"exception", {"--exception", "@1", "--exception-code", "2"},
-            "T ms < F7 84 02 22 F3 | exception code 02"},
-        VerdictCase {"whole_frame_of_a_wrong_length", {"--exception", "@1", "--wrong-function", "@1"},
-            "T ms < F7 85 04 A3 61 | wrong length: a whole frame of 5 bytes, 7 expected"},
-        VerdictCase {
-            "wrong_station", {"--wrong-station", "@1"}, "T ms < F8 04 02 00 00 25 24 | wrong station F8"},
-        VerdictCase {
-            "wrong_function", {"--wrong-function", "@1"}, "T ms < F7 05 02 00 00 70 D9 | wrong function 05"},
-        VerdictCase {"bad_crc", {"--corrupt-crc", "@1"}, "T ms < F7 04 02 00 00 8E 25 | bad CRC"}),
-    [](const ::testing::TestParamInfo<VerdictCase>& info) { return std::string(info.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(cli, CliDeviceTest, ::testing::ValuesIn(Scenarios()),
     [](const ::testing::TestParamInfo<DeviceScenario>& info) { return std::string(info.param.name); });
