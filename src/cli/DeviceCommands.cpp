@@ -51,7 +51,7 @@ void PlayPortDialog(Session& s)
     s.platform.playModal = [&portForm, port](FormModel& form) {
         if (&form != &portForm)
             return;
-        portForm.cmbCommPort.Text = QStringLiteral("COM") + QString::number(port);
+        portForm.cmbCommPort.SetText(QStringLiteral("COM") + QString::number(port));
         portForm.CmdOK_Click();
     };
 }
