@@ -61,6 +61,8 @@ QString IconWord(int flags)
         return QStringLiteral("error: ");
     case MsgBox::Exclamation:
         return QStringLiteral("warning: ");
+    case MsgBox::Question:
+        return QStringLiteral("question: ");
     case MsgBox::Information:
         return QStringLiteral("info: ");
     default:
@@ -124,6 +126,10 @@ void PrintOutput(const QString& line)
 
 int ConsolePlatform::msgBox(const QString& text, int flags, const QString& title)
 {
+    if (beforeBox)
+        beforeBox();
+    if ((flags & MsgBox::IconMask) == MsgBox::Critical)
+        ++criticalBoxes;
     const int given = answer(text, flags, title);
     if (given == MsgBox::No)
         ++noAnswers;
@@ -186,12 +192,22 @@ std::optional<QString> ConsolePlatform::showSave(const FileDialogOptions&)
     return takeDialogPath();
 }
 
-// The console has no windows: a form shown modally returns at once.
-void ConsolePlatform::runModal(FormModel&) { }
+void ConsolePlatform::runModal(FormModel& form)
+{
+    if (playModal)
+        playModal(form);
+}
 
-void ConsolePlatform::showWindow(FormModel&) { }
+// The console has no windows; whoever watches a form is told that it shows or hides.
+void ConsolePlatform::showWindow(FormModel& form)
+{
+    form.notifyChanged();
+}
 
-void ConsolePlatform::hideWindow(FormModel&) { }
+void ConsolePlatform::hideWindow(FormModel& form)
+{
+    form.notifyChanged();
+}
 
 void ConsolePlatform::refreshForm(FormModel&) { }
 

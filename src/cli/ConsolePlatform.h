@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "Platform.h"
@@ -22,6 +23,13 @@ public:
     std::optional<QString> nextDialogPath;
     // Questions answered No so far: a command that met one has not done what it was asked.
     int noAnswers = 0;
+    // Boxes with the critical icon so far: each tells of a failure.
+    int criticalBoxes = 0;
+    // Run before a box is printed, when set.
+    std::function<void()> beforeBox;
+    // Nobody is there to press a modal form's buttons: this plays them, when set; otherwise
+    // the form returns at once as it was loaded.
+    std::function<void(FormModel&)> playModal;
 
     int msgBox(const QString& text, int flags, const QString& title) override;
     std::optional<QString> showOpen(const FileDialogOptions& options) override;

@@ -1,47 +1,53 @@
 #include <array>
+#include <memory>
 #include <optional>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <QRegularExpression>
 #include <QStringList>
-#include <QTemporaryDir>
 
+#include "CliSession.h"
+#include "CommPorts.h"
+#include "ConsoleLink.h"
 #include "ConsolePlatform.h"
 #include "ConsoleView.h"
-#include "DownloadSteps.h"
-#include "FileUtil.h"
-#include "ProjectFiles.h"
-#include "ProjectImage.h"
-#include "SystemDB.h"
+#include "DeviceCommands.h"
+#include "ProjectCommands.h"
+#include "TraceFile.h"
 #include "UnhandledError.h"
-#include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "VORNAMain.h"
-#include "ValidUtil.h"
 
 namespace {
 
-constexpr int ExitSuccess = 0;
-constexpr int ExitFailed = 1;
-constexpr int ExitUsage = 2;
-
 const char* const UsageText
-    = "usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] COMMAND [ARG...]\n"
+    = "usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] COMMAND [ARG...] [--port P] [--trace FILE]\n"
       "\n"
       "commands (vorna-cli COMMAND --help tells more of one):\n"
       "%1"
       "\n"
       "options:\n"
-      "  --dir DIR   the program folder (where VORNA.set lies); default: this program's folder\n"
-      "  --yes       answer every question Yes (or OK)\n"
-      "  --no        answer every question No (or Cancel)\n"
-      "  --verbose   print the status texts of long operations\n"
-      "  --help      show this text\n"
+      "  --dir DIR     the program folder (where VORNA.set lies); default: this program's folder\n"
+      "  --yes         answer every question Yes (or OK)\n"
+      "  --no          answer every question No (or Cancel)\n"
+      "  --verbose     print the status texts of long operations\n"
+      "  --port P      the dialler's port: COM1 to COM255 (mapped as VORNA.set's [Ports] says)\n"
+      "                or a device path such as /dev/ttyUSB0\n"
+      "  --trace FILE  write every frame to and from the dialler into FILE as it goes\n"
+      "  --help        show this text\n"
       "\n"
       "Questions are otherwise read from stdin; with no input they count as Cancel, or No.\n"
       "Exit status: 0 done, 1 failed or cancelled (a question answered No included),\n"
       "2 usage error, 3 unhandled error.";
+
+// The options that a command may take beyond the common ones.
+enum CommandOption : unsigned {
+    NoOption = 0,
+    PortOption = 1,   // --port, which the command needs, and --trace
+    WriteOptions = 2, // --slave, --baud, --parity
+};
 
 struct Options
 {
@@ -50,6 +56,11 @@ struct Options
     bool verbose = false;
     bool help = false;
     QStringList words; // the command and its arguments
+    std::optional<QString> port;
+    std::optional<QString> trace;
+    std::optional<QString> slave;
+    std::optional<QString> baud;
+    std::optional<QString> parity;
 };
 
 // The command line, or the reason it is not one.
@@ -68,7 +79,12 @@ ParsedOptions ParseOptions(const QStringList& arguments)
     const QCommandLineOption no(QStringLiteral("no"));
     const QCommandLineOption verbose(QStringLiteral("verbose"));
     const QCommandLineOption help(QStringList {QStringLiteral("help"), QStringLiteral("h")});
-    parser.addOptions({dir, yes, no, verbose, help});
+    const QCommandLineOption port(QStringLiteral("port"), QString(), QStringLiteral("P"));
+    const QCommandLineOption trace(QStringLiteral("trace"), QString(), QStringLiteral("FILE"));
+    const QCommandLineOption slave(QStringLiteral("slave"), QString(), QStringLiteral("N"));
+    const QCommandLineOption baud(QStringLiteral("baud"), QString(), QStringLiteral("B"));
+    const QCommandLineOption parity(QStringLiteral("parity"), QString(), QStringLiteral("P"));
+    parser.addOptions({dir, yes, no, verbose, help, port, trace, slave, baud, parity});
     if (!parser.parse(arguments))
         return {std::nullopt, parser.errorText()};
     if (parser.isSet(yes) && parser.isSet(no))
@@ -83,120 +99,15 @@ ParsedOptions ParseOptions(const QStringList& arguments)
         options.preset = ConsolePlatform::Preset::Yes;
     if (parser.isSet(no))
         options.preset = ConsolePlatform::Preset::No;
-    return {options, QString()};
-}
-
-// One run of the program: the shared state on the console platform, started as the
-// window starts it. Paths are absolute, as the program folder is the current directory.
-struct Session
-{
-    ConsolePlatform& platform;
-    VORNAGlobal& g;
-    QStringList paths;
-};
-
-int RunNew(Session& s)
-{
-    s.platform.nextDialogPath = s.paths.at(0);
-    NewProject(s.g);
-    return s.platform.noAnswers > 0 || s.g.project.ProjectName.isEmpty() ? ExitFailed : ExitSuccess;
-}
-
-// The labels of info, in the applied language.
-QString InfoLabel(const VORNAGlobal& g, const char* defaultText, int id)
-{
-    return g.GetText(QString::fromUtf8(defaultText), 1, id, QStringLiteral("VORNACli"));
-}
-
-// Opens the project's tables on a private copy after Open's checks of the path, so that
-// neither the file, a working copy beside it nor the recent list changes.
-bool OpenPrivateCopy(VORNAGlobal& g, const QString& path, const QTemporaryDir& scratch)
-{
-    if (!IsProjectFilePath(g, path))
-        return false;
-    const QString copy = scratch.filePath(QStringLiteral("project.mir"));
-    if (!scratch.isValid() || !FileCopyOwn(path, copy))
-        return false;
-    OpenProjectTables(g, copy);
-    ReadModelLimits(g);
-    return true;
-}
-
-int RunInfo(Session& s)
-{
-    VORNAGlobal& g = s.g;
-    const QString path = s.paths.at(0);
-    QTemporaryDir scratch;
-    if (!OpenPrivateCopy(g, path, scratch))
-        return ExitFailed;
-
-    auto line = [&g](const char* label, int id, const QString& value) {
-        PrintOutput(InfoLabel(g, label, id) + QStringLiteral(": ") + value);
+    auto value = [&parser](const QCommandLineOption& option) {
+        return parser.isSet(option) ? std::optional<QString>(parser.value(option)) : std::nullopt;
     };
-    ProjectState& p = g.project;
-    line("專案", 1, GetFname(path, 0));
-    line("檔案", 2, path);
-    line("機型", 3, NullToEmpty(p.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
-    line("電話號碼上限", 4, QString::number(p.MaxTelNo));
-    line("記憶體位元組", 5, QString::number(p.MaxMemoryByte));
-    line("群組", 6, QString::number(GetRecordCount(p.rsUserGroups)));
-    line("連絡人", 7, QString::number(GetRecordCount(p.rsUsers)));
-    line("警報點", 8, QString::number(GetRecordCount(p.rsZones)));
-    line("建立日期", 9, NullToEmpty(p.rsBasic.Fields(QStringLiteral("CreatedDate"))));
-    line("修改日期", 10, NullToEmpty(p.rsBasic.Fields(QStringLiteral("ModifiedDate"))));
-    CloseProjectTables(g);
-    return ExitSuccess;
-}
-
-QString HexBytes(const QByteArray& bytes)
-{
-    return QString::fromLatin1(bytes.toHex(' ').toUpper());
-}
-
-// A download without the line: the project sized and checked in the download's order, then
-// the size, every frame and the two debug files' content.
-int RunImage(Session& s)
-{
-    VORNAGlobal& g = s.g;
-    QTemporaryDir scratch;
-    if (!OpenPrivateCopy(g, s.paths.at(0), scratch))
-        return ExitFailed;
-    ProjectImage image;
-    BuildProjectImage(g, image);
-    const bool ready = IsProjectReady(g) && IsImageSizeAllowed(g);
-    if (ready) {
-        PrintOutput(QString::number(g.project.ProjectImageSize));
-        QByteArray phoneBook, shortMsg;
-        ForEachDownloadFrame(g, image, [&](const QByteArray& frame, const QString& dbgFile) {
-            PrintOutput(HexBytes(frame));
-            if (!dbgFile.isEmpty())
-                (dbgFile == PhoneBookDbgFile ? phoneBook : shortMsg).append(frame.chopped(2));
-        });
-        for (const auto& [file, content] :
-            {std::pair {PhoneBookDbgFile, phoneBook}, {ShortMsgDbgFile, shortMsg}})
-            PrintOutput((file + QLatin1Char(':') + QLatin1Char(' ') + HexBytes(content)).trimmed());
-    }
-    CloseProjectTables(g);
-    return ready ? ExitSuccess : ExitFailed;
-}
-
-int RunSaveAs(Session& s)
-{
-    if (!OpenProject(s.g, s.paths.at(0)))
-        return ExitFailed;
-    s.platform.nextDialogPath = s.paths.at(1);
-    SaveProjectAs(s.g);
-    // A No to the replace question leaves the old project open; a refused name leaves none.
-    const bool saved = s.platform.noAnswers == 0 && !s.g.project.ProjectName.isEmpty()
-        && s.g.project.ProjectFilePath == s.paths.at(1);
-    return saved ? ExitSuccess : ExitFailed;
-}
-
-int RunRecent(Session& s)
-{
-    for (int i = 1; i <= s.g.system.MRUCount; ++i)
-        PrintOutput(s.g.system.MRUFilePath(i));
-    return ExitSuccess;
+    options.port = value(port);
+    options.trace = value(trace);
+    options.slave = value(slave);
+    options.baud = value(baud);
+    options.parity = value(parity);
+    return {options, QString()};
 }
 
 struct Command
@@ -206,6 +117,7 @@ struct Command
     const char* summary;
     const char* details; // what --help adds after the summary, or nothing
     int pathCount;
+    unsigned options;
     int (*run)(Session&);
 };
 
@@ -223,43 +135,139 @@ const char* const ImageDetails
       "  each phone-book record, each short-message record;\n"
       "  \"PhoneBook.dbg:\" and \"SHORTMSG.dbg:\", each followed by the content in hexadecimal\n"
       "  that the download would write to that file (its records without their CRC).\n"
+      "Every frame is built before the first is printed: a project that would fail midway\n"
+      "prints none.\n"
       "\n"
       "Exit status: 0 the project would go, 1 a check refuses it (or the file cannot be\n"
       "opened), 2 usage error, 3 unhandled error (such as a record number over 255).\n";
 
-constexpr std::array<Command, 5> Commands {{
-    {"new", "PATH", "make a new project file from the template, as File New does", nullptr, 1, RunNew},
+const char* const ConnectDetails
+    = "Opens the port and asks the dialler who it is, as Device Connect does after its port\n"
+      "dialog. Its boxes (the dialler's model, serial number and settings, or the failure and\n"
+      "the check list) are printed on stderr in the applied language.\n"
+      "\n"
+      "Exit status: 0 the dialler answered, 1 it did not (or the port would not open).\n";
+
+const char* const DownloadDetails
+    = "Opens the project as the window does, copies its working copy over the file without a\n"
+      "question, and downloads it as Device Download does: the project check, the size check,\n"
+      "the question (--yes answers OK), the two erases and every record, then closes it.\n"
+      "PhoneBook.dbg and SHORTMSG.dbg are written into the program folder. On a terminal the\n"
+      "record being sent is shown on one line of stderr.\n"
+      "\n"
+      "Exit status: 0 downloaded, 1 refused, cancelled or failed.\n";
+
+const char* const SettingsDetails
+    = "Reads the dialler's model, serial number and communication settings through the\n"
+      "settings dialog and prints them. Given --slave N (1 to 255), --baud B (a baud rate\n"
+      "that the dialler's model offers) or --parity NONE|ODD|EVEN, it chooses them in the\n"
+      "dialog and presses its OK: its check, its question (--yes answers OK) and the write.\n"
+      "Settings left out keep the dialler's.\n"
+      "\n"
+      "Exit status: 0 read (and written, or nothing changed), 1 the dialler did not answer,\n"
+      "the check refused, the question was cancelled or the write failed; 2 a value that is\n"
+      "not allowed.\n";
+
+const char* const RegistersDetails
+    = "Reads every register of the service window's list in turn and prints it: item,\n"
+      "content in hexadecimal, address, length; then the read's box. A register that does not\n"
+      "answer ends the read, and the rows from it on stay empty.\n"
+      "\n"
+      "Exit status: 0 every register read, 1 otherwise.\n";
+
+const char* const PortsDetails
+    = "Lists COM1 to COM16 with the device each opens, then the system's serial ports that none\n"
+      "of those reaches: port number (\"-\" for none), device path, whether it is present,\n"
+      "the adapter's description, its serial number and its name under /dev/serial/by-id.\n";
+
+constexpr std::array<Command, 10> Commands {{
+    {"new", "PATH", "make a new project file from the template, as File New does", nullptr, 1, NoOption,
+        RunNew},
     {"info", "PATH", "show a project's name, model, limits, counts and dates, changing nothing", nullptr, 1,
-        RunInfo},
+        NoOption, RunInfo},
     {"save-as", "PATH NEWPATH", "open a project and save it under a new name, as File Save As does", nullptr,
-        2, RunSaveAs},
-    {"recent", "", "list the recent projects, newest first", nullptr, 0, RunRecent},
+        2, NoOption, RunSaveAs},
+    {"recent", "", "list the recent projects, newest first", nullptr, 0, NoOption, RunRecent},
     {"image", "PATH", "show what a download of the project would send, sending nothing", ImageDetails, 1,
-        RunImage},
+        NoOption, RunImage},
+    {"connect", "--port P", "connect to the dialler and show who it is, as Device Connect does",
+        ConnectDetails, 0, PortOption, RunConnect},
+    {"download", "PATH --port P", "download the project into the dialler, as Device Download does",
+        DownloadDetails, 1, PortOption, RunDownload},
+    {"settings", "--port P [--slave N] [--baud B] [--parity NONE|ODD|EVEN]",
+        "show the dialler's identity and settings, or write its settings", SettingsDetails, 0,
+        PortOption | WriteOptions, RunSettings},
+    {"registers", "--port P", "read the dialler's registers, as the service window does", RegistersDetails, 0,
+        PortOption, RunRegisters},
+    {"ports", "", "list the serial ports and the devices they open", PortsDetails, 0, NoOption, RunPorts},
 }};
 
 QString Usage()
 {
     QString commands;
-    for (const Command& c : Commands)
-        commands += QStringLiteral("  %1 %2\n")
-                        .arg(QString::fromLatin1(c.name) + u' ' + QString::fromLatin1(c.arguments), -22)
-                        .arg(QString::fromLatin1(c.summary));
+    constexpr int Column = 22;
+    for (const Command& c : Commands) {
+        const QString call = QString::fromLatin1(c.name) + u' ' + QString::fromLatin1(c.arguments);
+        // A call too long for its column has its summary on the next line.
+        const QString gap = call.size() < Column ? QString(Column + 1 - call.size(), u' ')
+                                                 : QStringLiteral("\n") + QString(Column + 3, u' ');
+        commands += QStringLiteral("  ") + call + gap + QString::fromLatin1(c.summary) + u'\n';
+    }
     return QString::fromUtf8(UsageText).arg(commands);
 }
 
 QString CommandUsage(const Command& c)
 {
-    return QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] %1 %2\n\n%3.\n%4")
-        .arg(QString::fromLatin1(c.name), QString::fromLatin1(c.arguments), QString::fromLatin1(c.summary),
+    const QString trace = (c.options & PortOption) ? QStringLiteral(" [--trace FILE]") : QString();
+    return QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] %1 %2%3\n\n%4.\n%5")
+        .arg(QString::fromLatin1(c.name), QString::fromLatin1(c.arguments), trace,
+            QString::fromLatin1(c.summary),
             c.details ? QStringLiteral("\n") + QString::fromUtf8(c.details) : QString());
 }
 
-int UsageError(const QString& message)
+// The device options checked against what the command takes and against their allowed
+// values; an empty text when they are right.
+QString CheckDeviceOptions(const Options& o, const Command& c, DeviceOptions& device)
 {
-    PrintError(QStringLiteral("vorna-cli: ") + message);
-    PrintError(Usage());
-    return ExitUsage;
+    const QString name = QString::fromLatin1(c.name);
+    if (!(c.options & PortOption)) {
+        if (o.port || o.trace)
+            return QLatin1Char('\'') + name
+                + QStringLiteral("' talks to no dialler: --port and --trace do not apply");
+    } else if (!o.port) {
+        return QLatin1Char('\'') + name + QStringLiteral("' needs --port");
+    }
+    if (!(c.options & WriteOptions) && (o.slave || o.baud || o.parity))
+        return QLatin1Char('\'') + name + QStringLiteral("' takes no --slave, --baud or --parity");
+    if (o.port) {
+        LinkState scratch;
+        const QString port = o.port->trimmed();
+        static const QRegularExpression number(
+            QStringLiteral("^(?:COM)?(\\d+)$"), QRegularExpression::CaseInsensitiveOption);
+        const QRegularExpressionMatch m = number.match(port);
+        if (m.hasMatch() ? (m.captured(1).toInt() < 1 || m.captured(1).toInt() > 255)
+                         : !SetCommPort(scratch, port))
+            return QStringLiteral("--port ") + *o.port
+                + QStringLiteral(
+                    ": give COM1 to COM255 (or 1 to 255), or a device path such as /dev/ttyUSB0");
+        device.port = port;
+    }
+    if (o.slave) {
+        static const QRegularExpression digits(QStringLiteral("^\\d{1,3}$"));
+        const int slave = o.slave->toInt();
+        if (!digits.match(*o.slave).hasMatch() || slave < 1 || slave > 255)
+            return QStringLiteral("--slave ") + *o.slave + QStringLiteral(": give a slave id from 1 to 255");
+        device.slave = slave;
+    }
+    if (o.parity) {
+        const QString parity = o.parity->toUpper();
+        if (!QStringList {QStringLiteral("NONE"), QStringLiteral("ODD"), QStringLiteral("EVEN")}.contains(
+                parity))
+            return QStringLiteral("--parity ") + *o.parity + QStringLiteral(": give NONE, ODD or EVEN");
+        device.parity = parity;
+    }
+    device.baud = o.baud;
+    return QString();
 }
 
 int Run(const QStringList& arguments)
@@ -289,6 +297,10 @@ int Run(const QStringList& arguments)
     if (options.words.size() - 1 != command->pathCount)
         return UsageError(QStringLiteral("'") + name + QStringLiteral("' takes ")
             + QString::number(command->pathCount) + QStringLiteral(" argument(s)"));
+    DeviceOptions device;
+    const QString optionError = CheckDeviceOptions(options, *command, device);
+    if (!optionError.isEmpty())
+        return UsageError(optionError);
 
     // Paths on the command line are the caller's, taken before the program folder
     // becomes the current directory.
@@ -299,6 +311,8 @@ int Run(const QStringList& arguments)
             return UsageError(QStringLiteral("empty path"));
         paths << QDir::cleanPath(callerDir.absoluteFilePath(options.words.at(i)));
     }
+    if (options.trace && options.trace->isEmpty())
+        return UsageError(QStringLiteral("empty path"));
     const QString programDir = options.dir.isEmpty()
         ? QCoreApplication::applicationDirPath()
         : QDir::cleanPath(callerDir.absoluteFilePath(options.dir));
@@ -307,14 +321,33 @@ int Run(const QStringList& arguments)
         return UsageError(
             QStringLiteral("cannot enter the program folder '") + programDir + QLatin1Char('\''));
 
+    TraceFile trace;
+    if (options.trace) {
+        const QString tracePath = QDir::cleanPath(callerDir.absoluteFilePath(*options.trace));
+        if (!trace.open(tracePath)) {
+            PrintError(QStringLiteral("vorna-cli: cannot write the trace '") + tracePath
+                + QStringLiteral("': ") + trace.errorString());
+            return ExitFailed;
+        }
+    }
+
     ConsolePlatform platform(options.preset);
     VORNAGlobal g(platform);
     ConsoleView view(options.verbose);
     InitApplication(g, programDir);
     g.setView(&view);
 
-    Session session {platform, g, paths};
+    Session session {platform, g, paths, device};
+    std::unique_ptr<ConsoleLink> link;
+    if (command->options & PortOption) {
+        SetCommPort(g.link, device.port);
+        link = std::make_unique<ConsoleLink>(g, platform);
+        if (options.trace)
+            g.link.Trace = &trace;
+    }
     const int status = command->run(session);
+    g.link.Trace = nullptr;
+    link.reset();
 
     // The program's closing steps, with the command's own status.
     CloseApplication(g);
@@ -322,6 +355,13 @@ int Run(const QStringList& arguments)
 }
 
 } // namespace
+
+int UsageError(const QString& message)
+{
+    PrintError(QStringLiteral("vorna-cli: ") + message);
+    PrintError(Usage());
+    return ExitUsage;
+}
 
 int main(int argc, char* argv[])
 {

@@ -5,6 +5,7 @@
 #include "CommBuffer.h"
 #include "CommControl.h"
 #include "CommUtil.h"
+#include "LinkTrace.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 
@@ -35,9 +36,12 @@ void DebugBox(VORNAGlobal& g, const QString& text)
         g.platform.msgBox(text, MsgBox::Critical, QStringLiteral("Send Command Error"));
 }
 
+// Why an attempt's answer was refused, as the judge found it; Ok when it was not.
+enum class Verdict { Ok, ErrorAnswer, ShortAnswer, WrongStation, WrongFunction, BadCrc };
+
 // One attempt's answer judged in a fixed order: error answer, short answer, station,
 // function, CRC. Only the last can make it good.
-bool JudgeResponse(VORNAGlobal& g, const CommBuffer& cmd, const CommBuffer& rsp, qint16 n, qint16 nRsp)
+Verdict JudgeResponse(VORNAGlobal& g, const CommBuffer& cmd, const CommBuffer& rsp, qint16 n, qint16 nRsp)
 {
     if (rsp(2) == cmd(2) + 128 && n == 5) {
         if (g.link.CommDebugLevel >= 1) {
@@ -47,29 +51,57 @@ bool JudgeResponse(VORNAGlobal& g, const CommBuffer& cmd, const CommBuffer& rsp,
             DebugBox(g,
                 g.GetText(QStringLiteral("這是一個不合法的命令."), 1, 574, QStringLiteral("VORNACommUtil")));
         }
-        return false;
+        return Verdict::ErrorAnswer;
     }
     if (n < nRsp) {
         DebugBox(g,
             QStringLiteral("Send command timeOut!! Incomplete response data. nWord = ") + QString::number(n)
                 + CRLF + QStringLiteral("Request response data. nRspData= ") + QString::number(nRsp));
-        return false;
+        return Verdict::ShortAnswer;
     }
     if (rsp(1) != cmd(1)) {
         DebugBox(g, QStringLiteral("Station ID is Error."));
-        return false;
+        return Verdict::WrongStation;
     }
     if (rsp(2) != cmd(2)) {
         DebugBox(g,
             QStringLiteral("Response data with wrong function code.") + CRLF
                 + QStringLiteral("Send command function code=") + QString::number(cmd(2)) + CRLF
                 + QStringLiteral("Response data function code=") + QString::number(rsp(2)));
-        return false;
+        return Verdict::WrongFunction;
     }
     if (CalcCRC16(65535, rsp, qint16(nRsp - 2)) == rsp(nRsp - 1) + 256 * rsp(nRsp))
-        return true;
+        return Verdict::Ok;
     DebugBox(g, QStringLiteral("CRC Error."));
-    return false;
+    return Verdict::BadCrc;
+}
+
+QString Hex2(int b)
+{
+    return QStringLiteral("%1").arg(b & 0xFF, 2, 16, QLatin1Char('0')).toUpper();
+}
+
+// The verdict as the link trace words it. A short answer that is a whole frame of its own (its
+// CRC holds) came complete at a wrong length; any other short answer ended in silence.
+QString VerdictText(Verdict verdict, const CommBuffer& rsp, qint16 n, qint16 nRsp)
+{
+    switch (verdict) {
+    case Verdict::Ok:
+        return QStringLiteral("ok");
+    case Verdict::ErrorAnswer:
+        return QStringLiteral("exception code ") + Hex2(rsp(3));
+    case Verdict::ShortAnswer:
+        if (n >= 4 && CalcCRC16(65535, rsp, qint16(n - 2)) == rsp(n - 1) + 256 * rsp(n))
+            return QStringLiteral("wrong length: a whole frame of %1 bytes, %2 expected").arg(n).arg(nRsp);
+        return QStringLiteral("silence after %1 of %2 bytes").arg(n).arg(nRsp);
+    case Verdict::WrongStation:
+        return QStringLiteral("wrong station ") + Hex2(rsp(1));
+    case Verdict::WrongFunction:
+        return QStringLiteral("wrong function ") + Hex2(rsp(2));
+    case Verdict::BadCrc:
+        return QStringLiteral("bad CRC");
+    }
+    return {};
 }
 
 } // namespace
@@ -113,8 +145,13 @@ bool SendCommand(VORNAGlobal& g, CommControl& comm, CommBuffer& cmd, qint16 nCmd
                 break;
         }
         SendDataUseHandshaking(g, comm, cmd, qint16(nCmd + 2));
+        if (g.link.Trace)
+            g.link.Trace->sent(cmd.bytes(1, nCmd + 2));
         const qint16 n = ReceiveDataUseHandshaking(g, comm, rsp, nRsp, silentTimeout);
-        if (JudgeResponse(g, cmd, rsp, n, nRsp)) {
+        const Verdict verdict = JudgeResponse(g, cmd, rsp, n, nRsp);
+        if (g.link.Trace)
+            g.link.Trace->received(rsp.bytes(1, n), VerdictText(verdict, rsp, n, nRsp));
+        if (verdict == Verdict::Ok) {
             result = true;
             break;
         }

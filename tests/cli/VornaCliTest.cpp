@@ -13,24 +13,10 @@
 
 #include <gtest/gtest.h>
 
+#include "CliRunner.h"
 #include "TestFolder.h"
 
 namespace {
-
-// In every text below, "{ROOT}" stands for the installation's root, which is also the
-// children's working directory: the paths on their command lines are relative to it.
-const QString Root = QStringLiteral("{ROOT}");
-
-// One run of the program and what it must give.
-struct CliRun
-{
-    QStringList args; // after "--dir VORNA"
-    int status = 0;
-    QStringList outHas = {};
-    QStringList errHas = {};
-    std::optional<QString> outIs = {};
-    const char* input = nullptr; // stdin; nothing means it is closed at once
-};
 
 struct Scenario
 {
@@ -41,64 +27,6 @@ struct Scenario
     QStringList present; // files under the root after the last run
     QStringList absent;
 };
-
-struct Result
-{
-    bool finished = false; // in time
-    int status = -1;       // -1: ended by a signal
-    QString out;
-    QString err;
-};
-
-const char* const TraditionalChinese = "zh_TW.UTF-8";
-const char* const English = "en_US.UTF-8";
-
-// The program started, under the wrapper command if one is given (its program and options
-// first); nothing if it does not start.
-std::unique_ptr<QProcess> StartCli(const QString& root, const char* locale, const QStringList& args,
-    const char* input, const QStringList& wrapper = {})
-{
-    auto process = std::make_unique<QProcess>();
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("LANG"), QString::fromLatin1(locale));
-    env.insert(QStringLiteral("LC_ALL"), QString::fromLatin1(locale));
-    // The settings store stays inside the test's folder.
-    env.insert(QStringLiteral("XDG_CONFIG_HOME"), root + QStringLiteral("/config"));
-    process->setProcessEnvironment(env);
-    process->setWorkingDirectory(root);
-    QStringList command = wrapper
-        + QStringList {QStringLiteral(VORNA_CLI_PATH), QStringLiteral("--dir"), QStringLiteral("VORNA")}
-        + args;
-    process->start(command.takeFirst(), command);
-    if (!process->waitForStarted())
-        return nullptr;
-    if (input)
-        process->write(input);
-    process->closeWriteChannel();
-    return process;
-}
-
-Result FinishCli(QProcess& process)
-{
-    if (!process.waitForFinished(30000)) {
-        process.kill();
-        process.waitForFinished();
-        return {};
-    }
-    Result result;
-    result.finished = true;
-    result.status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    result.out = QString::fromUtf8(process.readAllStandardOutput());
-    result.err = QString::fromUtf8(process.readAllStandardError());
-    return result;
-}
-
-Result RunCli(const QString& root, const char* locale, const QStringList& args, const char* input,
-    const QStringList& wrapper = {})
-{
-    const std::unique_ptr<QProcess> process = StartCli(root, locale, args, input, wrapper);
-    return process ? FinishCli(*process) : Result {};
-}
 
 void WriteFile(const TestFolder& folder, const QString& relative, const QByteArray& bytes)
 {
@@ -154,9 +82,10 @@ void DamagedProjectA(const TestFolder& folder)
     QSqlDatabase::removeDatabase(QStringLiteral("check"));
 }
 
-CliRun Usage(QStringList args)
+// A usage error, with the reason it must name.
+CliRun Usage(QStringList args, const char* reason = "")
 {
-    return {std::move(args), 2, {}, {QStringLiteral("usage: vorna-cli")}};
+    return {std::move(args), 2, {}, {QStringLiteral("usage: vorna-cli"), QString::fromUtf8(reason)}};
 }
 
 std::vector<Scenario> Scenarios()
@@ -242,9 +171,8 @@ std::vector<Scenario> Scenarios()
 
         {"image_with_a_record_number_over_255_is_unhandled", English,
             ProjectA({annInGroup1, QStringLiteral("INSERT INTO Zones (ZoneNo, ResetSMS) VALUES (191, 'R')")}),
-            {{cmd("image Project/A.cmb"), 3, {QStringLiteral("F7 50 43 01")},
-                {QStringLiteral("vorna-cli: ")}}},
-            {}, {}},
+            // Every frame is built before any is printed: the one over 255 comes last.
+            {{cmd("image Project/A.cmb"), 3, {}, {QStringLiteral("vorna-cli: ")}, QString()}}, {}, {}},
 
         // A table read in part is no table: neither command reports a shorter project.
         {"damaged_project_is_unhandled", English, DamagedProjectA,
@@ -256,7 +184,27 @@ std::vector<Scenario> Scenarios()
             {Usage({}), Usage(cmd("frobnicate")), Usage(cmd("info")), Usage(cmd("image")),
                 Usage(cmd("info x.cmb y.cmb")), Usage(cmd("save-as Project/A.cmb")),
                 Usage(cmd("--yes --no recent")), Usage(cmd("info ")), Usage(cmd("recent --dir")),
-                Usage(cmd("frobnicate --help"))},
+                Usage(cmd("frobnicate --help")), Usage(cmd("connect"), "needs --port"),
+                Usage(cmd("download Project/A.cmb"), "needs --port"),
+                Usage(cmd("connect Project/A.cmb --port COM1"), "takes 0 argument(s)"),
+                Usage(cmd("connect --port COM0"), "give COM1 to COM255"),
+                Usage(cmd("connect --port 256"), "give COM1 to COM255"),
+                Usage(cmd("registers --port ttyUSB0"), "or a device path"),
+                Usage(cmd("info Project/A.cmb --port COM1"), "--port and --trace do not apply"),
+                Usage(cmd("ports --trace t.txt"), "--port and --trace do not apply"),
+                Usage(cmd("connect --port COM1 --trace "), "empty path"),
+                Usage(cmd("connect --port COM1 --slave 2"), "takes no --slave, --baud or --parity"),
+                Usage(cmd("settings --port COM1 --slave 0"), "from 1 to 255"),
+                Usage(cmd("settings --port COM1 --slave 256"), "from 1 to 255"),
+                Usage(cmd("settings --port COM1 --slave 1x"), "from 1 to 255"),
+                Usage(cmd("settings --port COM1 --parity MARK"), "give NONE, ODD or EVEN")},
+            {}, {}},
+
+        // COM1 to COM16 come first, each with its device; the rest depends on the machine.
+        {"ports_lists_the_port_numbers_first", English, {},
+            {{cmd("ports"), 0,
+                {QStringLiteral("Port   Device        State"), QStringLiteral("\nCOM1   /dev/ttyUSB0  "),
+                    QStringLiteral("\nCOM16  /dev/ttyS7    ")}}},
             {}, {}},
 
         // Help is no usage error: each form ends with status 0.
@@ -352,18 +300,7 @@ TEST_P(VornaCliTest, RunsAsScripted)
             args << expand(arg);
         SCOPED_TRACE(
             "run " + std::to_string(i + 1) + ": vorna-cli " + args.join(QLatin1Char(' ')).toStdString());
-        const Result result = RunCli(root, scenario.locale, args, run.input);
-        const std::string output
-            = "stdout:\n" + result.out.toStdString() + "stderr:\n" + result.err.toStdString();
-        EXPECT_EQ(result.status, run.status) << output;
-        for (const auto& [stream, texts] : {std::pair {&result.out, &run.outHas}, {&result.err, &run.errHas}})
-            for (const QString& text : *texts)
-                EXPECT_TRUE(stream->contains(expand(text)))
-                    << "missing " << expand(text).toStdString() << "\n"
-                    << output;
-        if (run.outIs) {
-            EXPECT_EQ(result.out.toStdString(), expand(*run.outIs).toStdString());
-        }
+        ExpectRun(run, RunCli(root, scenario.locale, args, run.input), expand);
     }
     for (const QString& file : scenario.present)
         EXPECT_TRUE(QFile::exists(QDir(root).filePath(file))) << file.toStdString();
