@@ -44,6 +44,7 @@ public:
     // The benchmarks measure no port.
     std::unique_ptr<SerialLine> createSerialLine() override { return nullptr; }
     std::vector<SerialPortInfo> availablePorts() override { return {}; }
+    bool deviceExists(const QString&) override { return false; }
     [[noreturn]] void endProcess(int status) override { std::exit(status); }
 
 protected:

@@ -9,6 +9,7 @@
 
 #include <unistd.h>
 
+#include <QFileInfo>
 #include <QLocale>
 #include <QSettings>
 #include <QThread>
@@ -260,4 +261,9 @@ std::unique_ptr<SerialLine> ConsolePlatform::createSerialLine()
 std::vector<SerialPortInfo> ConsolePlatform::availablePorts()
 {
     return SystemSerialPorts();
+}
+
+bool ConsolePlatform::deviceExists(const QString& path)
+{
+    return QFileInfo::exists(path);
 }

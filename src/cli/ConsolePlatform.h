@@ -46,6 +46,7 @@ public:
     QString systemLocaleName() override;
     std::unique_ptr<SerialLine> createSerialLine() override;
     std::vector<SerialPortInfo> availablePorts() override;
+    bool deviceExists(const QString& path) override;
     [[noreturn]] void endProcess(int status) override;
 
 protected:

@@ -38,9 +38,10 @@ int DefaultCommPort(const QString& path)
 
 int CommPortOf(const LinkState& link, const QString& path)
 {
-    for (const auto& [port, mapped] : link.PortPaths)
-        if (mapped == path && port >= 1 && port <= LastCommPort)
-            return port;
+    for (const auto* map : {&link.RunPortPaths, &link.PortPaths})
+        for (const auto& [port, mapped] : *map)
+            if (mapped == path && port >= 1 && port <= LastCommPort && CommPortPath(link, port) == path)
+                return port;
     const int port = DefaultCommPort(path);
     // A number that [Ports] gives to another device no longer reaches this one.
     return port > 0 && CommPortPath(link, port) == path ? port : 0;
@@ -62,6 +63,12 @@ std::vector<PortRow> ListCommPorts(VORNAGlobal& g)
                 reached[i] = true;
                 break;
             }
+        }
+        // A device that is no serial port of the system's, such as a virtual dialler's
+        // pseudo-terminal, is there all the same.
+        if (!row.Present && g.platform.deviceExists(row.Path)) {
+            row.Present = true;
+            row.Device.Path = row.Path;
         }
         rows.push_back(row);
     }

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include <QComboBox>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -27,18 +29,25 @@ void DialogView::showEvent(QShowEvent* event)
     fitToScreen();
     for (QPlainTextEdit* box : findChildren<QPlainTextEdit*>())
         box->installEventFilter(this);
+    for (QComboBox* combo : findChildren<QComboBox*>())
+        if (combo->lineEdit())
+            combo->lineEdit()->installEventFilter(this);
     if (m_firstFocus)
         m_firstFocus->setFocus();
 }
 
-// The multi-line boxes would take Enter as a new line: it is the dialog's, and Ctrl+Enter is
-// the new line.
+// The multi-line boxes would take Enter as a new line, and a combo box that takes typing as its
+// own: it is the dialog's, and Ctrl+Enter is a multi-line box's new line.
 bool DialogView::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         auto* box = qobject_cast<QPlainTextEdit*>(watched);
         QPushButton* button = defaultButton();
+        if (button && isEnter(event) && qobject_cast<QLineEdit*>(watched)) {
+            button->click();
+            return true;
+        }
         if (box && button && isEnter(event)) {
             if (!(key->modifiers() & Qt::ControlModifier))
                 button->click();

@@ -323,3 +323,8 @@ std::vector<SerialPortInfo> QtPlatform::availablePorts()
 {
     return SystemSerialPorts();
 }
+
+bool QtPlatform::deviceExists(const QString& path)
+{
+    return QFileInfo::exists(path);
+}

@@ -51,6 +51,7 @@ public:
     QString systemLocaleName() override;
     std::unique_ptr<SerialLine> createSerialLine() override;
     std::vector<SerialPortInfo> availablePorts() override;
+    bool deviceExists(const QString& path) override;
     [[noreturn]] void endProcess(int status) override;
 
     // The window a box or dialog belongs to: the modal one on top, the active one, or the main window.

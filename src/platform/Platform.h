@@ -116,6 +116,9 @@ public:
     virtual std::unique_ptr<SerialLine> createSerialLine() = 0;
     // The serial ports that the system has now, in its order.
     virtual std::vector<SerialPortInfo> availablePorts() = 0;
+    // Whether a device (or a link to one) is there at path, as a pseudo-terminal is, which
+    // the system does not count among its serial ports.
+    virtual bool deviceExists(const QString& path) = 0;
 
     // Ends the process with the given status. Open windows are simply dropped.
     [[noreturn]] virtual void endProcess(int status) = 0;

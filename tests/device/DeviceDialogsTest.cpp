@@ -140,6 +140,9 @@ TEST_F(DeviceTest, ThePortListShowsEachNumbersDeviceAndThePortsNoNumberReaches)
 {
     g.link.PortPaths[3] = QStringLiteral("/dev/serial/by-id/usb-Prolific_PL2303-if00-port0");
     g.link.PortPaths[4] = QStringLiteral("/dev/ttyUSB0");
+    // A virtual dialler's pseudo-terminal, mapped for the run: there, though no serial port.
+    g.link.RunPortPaths[5] = QStringLiteral("/tmp/dialler");
+    platform.devices = {QStringLiteral("/tmp/dialler")};
     platform.ports = {{"/dev/ttyUSB0", "FT232R USB UART", "A10K", "usb-FTDI_FT232R_A10K-if00-port0"},
         {"/dev/ttyUSB2", "PL2303 Serial", "", "usb-Prolific_PL2303-if00-port0"}, {"/dev/ttyS3", "", "", ""},
         {"/dev/ttyACM1", "Modem", "77", ""}, {"/dev/ttyUSB9", "CH340", "", ""}};
@@ -155,7 +158,7 @@ TEST_F(DeviceTest, ThePortListShowsEachNumbersDeviceAndThePortsNoNumberReaches)
         "COM2|/dev/ttyUSB1|不存在|| (grey)",
         "COM3|/dev/serial/by-id/usb-Prolific_PL2303-if00-port0|PL2303 Serial||usb-Prolific_PL2303-if00-port0",
         "COM4|/dev/ttyUSB0|FT232R USB UART|A10K|usb-FTDI_FT232R_A10K-if00-port0",
-        "COM5|/dev/ttyUSB4|不存在|| (grey)",
+        "COM5|/tmp/dialler|||",
         "COM6|/dev/ttyUSB5|不存在|| (grey)",
         "COM7|/dev/ttyUSB6|不存在|| (grey)",
         "COM8|/dev/ttyUSB7|不存在|| (grey)",

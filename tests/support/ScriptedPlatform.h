@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <optional>
 #include <type_traits>
 #include <vector>
@@ -77,8 +78,9 @@ public:
     // unless makeSerialLine is set, as for a real port.
     ScriptedSerialLine serial {*this};
     std::function<std::unique_ptr<SerialLine>()> makeSerialLine;
-    // The ports that the system is said to have.
+    // The ports that the system is said to have, and other devices said to be there.
     std::vector<SerialPortInfo> ports;
+    std::set<QString> devices;
 
     int msgBox(const QString& text, int flags, const QString& title) override;
     std::optional<QString> showOpen(const FileDialogOptions& options) override;
@@ -94,6 +96,7 @@ public:
     QString systemLocaleName() override { return localeName; }
     std::unique_ptr<SerialLine> createSerialLine() override;
     std::vector<SerialPortInfo> availablePorts() override { return ports; }
+    bool deviceExists(const QString& path) override { return devices.contains(path); }
     [[noreturn]] void endProcess(int status) override;
 
 protected:
