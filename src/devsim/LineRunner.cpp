@@ -47,6 +47,7 @@ void LineRunner::readLine()
     const QByteArray bytes = m_line.readAvailable();
     if (bytes.isEmpty())
         return;
+    m_requestEndUs = std::max(now(), m_requestEndUs) + bytes.size() * byteUs();
     schedule(m_dialler.receive(bytes, now()));
     // The silence check runs a little after the gap, so a frame cut short is dropped in time.
     m_silenceTimer.start(static_cast<int>(m_options.dialler.gapUs / 1000) + 1);
@@ -61,13 +62,13 @@ void LineRunner::lineSilent()
 
 void LineRunner::schedule(const std::vector<Reply>& replies)
 {
-    const qint64 byteUs = m_options.baud > 0 ? 10'000'000 / m_options.baud : 0;
     const qint64 gapUs = m_options.baud > 0 ? m_options.dialler.gapUs : 0;
     for (const Reply& reply : replies) {
-        // A byte reaches the other end once its ten bits have passed, not when its start bit goes.
-        qint64 due = std::max(now() + gapUs + reply.delayUs, m_lineFreeUs);
+        // The answer starts 3.5 characters after the request has crossed the line, and a byte
+        // reaches the other end once its ten bits have passed, not when its start bit goes.
+        qint64 due = std::max(std::max(now(), m_requestEndUs) + gapUs + reply.delayUs, m_lineFreeUs);
         for (const char byte : reply.bytes) {
-            due += byteUs;
+            due += byteUs();
             m_out.push_back({due, byte, false});
         }
         if (reply.closeLine)
@@ -75,6 +76,11 @@ void LineRunner::schedule(const std::vector<Reply>& replies)
         m_lineFreeUs = due;
     }
     pump();
+}
+
+qint64 LineRunner::byteUs() const
+{
+    return m_options.baud > 0 ? 10'000'000 / m_options.baud : 0;
 }
 
 void LineRunner::pump()

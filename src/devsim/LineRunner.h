@@ -35,6 +35,8 @@ private:
     void lineSilent();
     void schedule(const std::vector<Reply>& replies);
     void pump();
+    // The time one character takes on the line at the set speed; 0 unpaced.
+    qint64 byteUs() const;
     void hangUp();
     void writeDump(bool always = false);
 
@@ -56,6 +58,9 @@ private:
     qint64 m_hangUpStartUs = 0;
     std::deque<Pending> m_out;
     qint64 m_lineFreeUs = 0;
+    // When the last byte received would have ended on a line at the set speed: a
+    // pseudo-terminal hands over a whole request at once, a serial line one byte a character.
+    qint64 m_requestEndUs = 0;
     size_t m_dumpedRequests = 0;
     bool m_finished = false;
 };

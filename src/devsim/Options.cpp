@@ -102,8 +102,9 @@ ParseResult ParseOptions(const QStringList& arguments, Options& options, QString
     parser.addOption(QCommandLineOption(QStringLiteral("sw2-off"),
         QStringLiteral("Switch SW2 off (run mode): receive and count requests, answer none.")));
     value("baud",
-        "Pace the answers at N baud after 3.5 characters of silence, each byte sent when its "
-        "10 bits have passed (default 9600; 0 sends at once).",
+        "Pace the line at N baud: a request counts as in once its bytes would have crossed, the "
+        "answer starts 3.5 characters later, each byte sent when its 10 bits have passed "
+        "(default 9600; 0 answers at once).",
         "N", QStringLiteral("9600"));
     for (const FaultOption& fault : FaultOptions)
         parser.addOption(QCommandLineOption(FaultName(fault.fault), QString::fromUtf8(fault.help),
