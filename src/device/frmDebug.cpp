@@ -77,8 +77,8 @@ frmDebug::frmDebug(VORNAGlobal& g)
     cmdWrite.Caption = QStringLiteral("寫入");
     cmdRead.Caption = QStringLiteral("讀出");
     cmdExit.Caption = QStringLiteral("離開");
-    lvBasicInfo.ColumnHeaders = {{QStringLiteral("項目"), 3200}, {QStringLiteral("內容(16進位)"), 2400},
-        {QStringLiteral("位址"), 800}, {QStringLiteral("長度"), 700}};
+    lvBasicInfo.ColumnHeaders = {{QStringLiteral("項目"), 3900}, {QStringLiteral("內容(16進位)"), 2400},
+        {QStringLiteral("位址"), 800}, {QStringLiteral("長度"), 600}};
 }
 
 void frmDebug::LoadFormObj()

@@ -30,8 +30,10 @@ void DialogView::showEvent(QShowEvent* event)
     for (QPlainTextEdit* box : findChildren<QPlainTextEdit*>())
         box->installEventFilter(this);
     for (QComboBox* combo : findChildren<QComboBox*>())
-        if (combo->lineEdit())
+        if (combo->isEditable()) {
+            combo->installEventFilter(this);
             combo->lineEdit()->installEventFilter(this);
+        }
     if (m_firstFocus)
         m_firstFocus->setFocus();
 }
@@ -44,7 +46,9 @@ bool DialogView::eventFilter(QObject* watched, QEvent* event)
         const auto* key = static_cast<QKeyEvent*>(event);
         auto* box = qobject_cast<QPlainTextEdit*>(watched);
         QPushButton* button = defaultButton();
-        if (button && isEnter(event) && qobject_cast<QLineEdit*>(watched)) {
+        const auto* combo = qobject_cast<QComboBox*>(watched);
+        if (button && isEnter(event)
+            && (qobject_cast<QLineEdit*>(watched) || (combo && combo->isEditable()))) {
             button->click();
             return true;
         }

@@ -1,6 +1,7 @@
 #include <memory>
 #include <vector>
 
+#include <QComboBox>
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include "GuiApp.h"
 #include "MainWindowView.h"
 #include "ProjectRows.h"
+#include "frmComPort.h"
 
 namespace {
 
@@ -87,13 +89,18 @@ TEST_F(DeviceSessionTest, ConnectsAndDownloadsAProject)
     AddUserRow(vorna.g.project, "Ann", "UserGroup1", "0912345678");
 
     atModals({[](QWidget* portDialog) {
-                  auto* combo = portDialog->findChild<QLineEdit*>();
+                  // The keys reach the combo box, which hands them to its line.
+                  auto* combo = portDialog->findChild<QComboBox*>(QStringLiteral("cmbCommPort"));
                   ASSERT_NE(combo, nullptr);
                   pressEnter(combo);
               },
         pressEnter});
     choose("mnuDeviceConnect");
     EXPECT_EQ(connectStatus(), QStringLiteral(" Online"));
+    // The dialler's pseudo-terminal is no serial port of the system's, yet it is there.
+    const ListItem& com1 = vorna.g.form<frmComPort>().lvPorts.ListItems.at(0);
+    EXPECT_EQ(com1.SubItems.at(0), devsim.path());
+    EXPECT_EQ(com1.ForeColor, SystemColor::WindowText);
 
     atModals({pressEnter, pressEnter});
     choose("mnuDeviceDownLoad");
