@@ -7,8 +7,8 @@
 struct LinkState;
 
 // Port numbers and the devices they stand for. Unless this run's mapping or the profile's
-// [Ports] section maps a port, COM1 to COM8 are /dev/ttyUSB0 to /dev/ttyUSB7 (USB adapters, the usual line to a
-// dialler), COM9 to COM16 are /dev/ttyS0 to /dev/ttyS7, and COM17 onward are /dev/ttyACM0 onward.
+// [Ports] section maps a port, COM1 to COM8 are /dev/ttyUSB0 to /dev/ttyUSB7 (USB adapters, the usual line to
+// a dialler), COM9 to COM16 are /dev/ttyS0 to /dev/ttyS7, and COM17 onward are /dev/ttyACM0 onward.
 QString CommPortPath(const LinkState& link, int port);
 
 // The device the link opens: the device path given instead of a port, else CommPort's.

@@ -28,15 +28,8 @@ void SetLinkState(VORNAGlobal& g, bool online)
 // dialler answers at all.
 bool SendConnectionProbe(VORNAGlobal& g)
 {
-    CommBuffer cmd(8);
-    cmd(1) = CByte(g.link.StationID);
-    cmd(2) = 0x04;
-    cmd(3) = 0x00;
-    cmd(4) = 0x06;
-    cmd(5) = 0x00;
-    cmd(6) = 0x01;
     CommBuffer rsp(7);
-    return SendCommand(g, LinkComm(g), cmd, 6, rsp, 7, g.link.Timeout, g.link.Retry);
+    return SendReadRequest(g, 0x04, 0x0006, 1, rsp, 7);
 }
 
 // The box of a failed send, the same text for each step under its own id.

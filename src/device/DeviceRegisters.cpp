@@ -30,6 +30,15 @@ QString Hex2(int b)
 // A read of count registers from address with function fn; the answer lands in rsp.
 bool ReadRegisters(VORNAGlobal& g, int fn, int address, int count, CommBuffer& rsp)
 {
+    const qint16 nRsp = qint16(2 * count + 5);
+    rsp = CommBuffer(nRsp);
+    return SendReadRequest(g, fn, address, count, rsp, nRsp);
+}
+
+} // namespace
+
+bool SendReadRequest(VORNAGlobal& g, int fn, int address, int count, CommBuffer& rsp, qint16 nRsp)
+{
     CommBuffer cmd(8);
     cmd(1) = CByte(g.link.StationID);
     cmd(2) = CByte(fn);
@@ -37,12 +46,8 @@ bool ReadRegisters(VORNAGlobal& g, int fn, int address, int count, CommBuffer& r
     cmd(4) = CByte(address % 256);
     cmd(5) = CByte(count / 256);
     cmd(6) = CByte(count % 256);
-    const qint16 nRsp = qint16(2 * count + 5);
-    rsp = CommBuffer(nRsp);
     return SendCommand(g, LinkComm(g), cmd, 6, rsp, nRsp, g.link.Timeout, g.link.Retry);
 }
-
-} // namespace
 
 QString ModelCodeText(int highByte, int lowByte)
 {

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class CommBuffer;
 class VORNAGlobal;
 
 // What the identity and settings reads learn of the device. All text, empty at first.
@@ -33,6 +34,10 @@ QString ModelPrefix(const QString& firmware);
 // Product S/N from the eight bytes at answer positions 4 to 11, in the device's own order.
 QString ProductSNText(const quint8 (&bytes)[8]);
 SettingByte DecodeSettingByte(int b);
+
+// A read request of function fn (0x01, 0x03, 0x04) for count items from address, sent on the
+// shared line and answered into rsp, which holds nRsp bytes.
+bool SendReadRequest(VORNAGlobal& g, int fn, int address, int count, CommBuffer& rsp, qint16 nRsp);
 
 bool ReadModelCode(VORNAGlobal& g, QString& code);
 bool ReadFirmwareVersion(VORNAGlobal& g, QString& version);

@@ -43,19 +43,6 @@ const RegisterRow kRegisterRows[] = {
 // Columns of the list: its text, address and length columns follow the content column.
 enum Column { Content = 0, Address = 1, Length = 2 };
 
-// A read request of function fn for count items from address, sent and answered into rsp.
-bool SendRead(VORNAGlobal& g, int fn, int address, int count, CommBuffer& rsp, qint16 nRsp)
-{
-    CommBuffer cmd(8);
-    cmd(1) = CByte(g.link.StationID);
-    cmd(2) = CByte(fn);
-    cmd(3) = CByte(address / 256);
-    cmd(4) = CByte(address % 256);
-    cmd(5) = CByte(count / 256);
-    cmd(6) = CByte(count % 256);
-    return SendCommand(g, LinkComm(g), cmd, 6, rsp, nRsp, g.link.Timeout, g.link.Retry);
-}
-
 } // namespace
 
 frmDebug::frmDebug(VORNAGlobal& g)
@@ -224,17 +211,17 @@ void SplitTag(const QString& tmpTag, qint32& tmpAddress, qint16& tmpFunction)
 
 bool ReadHoldingRegisters(VORNAGlobal& g, int address, int count, CommBuffer& rsp, qint16 nRsp)
 {
-    return SendRead(g, 0x03, address, count, rsp, nRsp);
+    return SendReadRequest(g, 0x03, address, count, rsp, nRsp);
 }
 
 bool ReadInputRegisters(VORNAGlobal& g, int address, int count, CommBuffer& rsp, qint16 nRsp)
 {
-    return SendRead(g, 0x04, address, count, rsp, nRsp);
+    return SendReadRequest(g, 0x04, address, count, rsp, nRsp);
 }
 
 bool ReadAlarmBits(VORNAGlobal& g, CommBuffer& rsp, qint16 nRsp)
 {
-    return SendRead(g, 0x01, 0, 64, rsp, nRsp);
+    return SendReadRequest(g, 0x01, 0, 64, rsp, nRsp);
 }
 
 QString ResponseToHex(const CommBuffer& rsp)
