@@ -17,8 +17,11 @@
 #include "KeyInStringView.h"
 #include "MainWindowView.h"
 #include "MessageView.h"
+#include "ProjBasicView.h"
 #include "QtPlatform.h"
+#include "SelectModelView.h"
 #include "SplashView.h"
+#include "ToolsOptionsView.h"
 #include "UnhandledError.h"
 #include "VORNAMain.h"
 #include "VornaApplication.h"
@@ -31,6 +34,9 @@
 #include "frmEditTelList.h"
 #include "frmEditZoneList.h"
 #include "frmKeyInString.h"
+#include "frmProjBasic.h"
+#include "frmSelectModel.h"
+#include "frmToolsOptions.h"
 
 VornaApp::VornaApp(QtPlatform& platform)
     : g(platform)
@@ -58,6 +64,9 @@ VornaApp::VornaApp(QtPlatform& platform)
     addView<frmComPort, ComPortView>();
     addView<frmCommSetting, CommSettingView>();
     addView<frmDebug, DebugView>();
+    addView<frmProjBasic, ProjBasicView>();
+    addView<frmToolsOptions, ToolsOptionsView>();
+    addView<frmSelectModel, SelectModelView>();
 }
 
 VornaApp::~VornaApp()

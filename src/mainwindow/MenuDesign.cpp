@@ -43,7 +43,7 @@ const MenuDesign kMenuDesign[] = {
     {"mnuViewRefresh", "mnuView", "重新整理(&R)", &frmMain::mnuViewRefresh_Click, "F5"},
     {"mnuViewWebBrowser", "mnuView", "資訊網瀏覽器(&W)", nullptr, "", true},
     {"mnuTools", "", "工具(&T)"},
-    {"mnuToolsOptions", "mnuTools", "選項(&O)..."},
+    {"mnuToolsOptions", "mnuTools", "選項(&O)...", &frmMain::mnuToolsOptions_Click},
     {"mnuDevice", "", "簡訊報警機(&A)", &frmMain::mnuDevice_Click},
     {"mnuDeviceConnect", "mnuDevice", "連線簡訊報警機", &frmMain::mnuDeviceConnect_Click},
     {"mnuDeviceBar0", "mnuDevice", "-"},

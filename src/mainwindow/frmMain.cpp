@@ -12,6 +12,8 @@
 #include "VORNAGlobal.h"
 #include "VORNAMain.h"
 #include "frmAbout.h"
+#include "frmProjBasic.h"
+#include "frmToolsOptions.h"
 
 namespace {
 
@@ -326,8 +328,10 @@ void frmMain::mnuFileSaveAs_Click()
     SaveProjectAs(m_g);
 }
 
-// The project summary dialog arrives with the model dialogs; until then the entry does nothing.
-void frmMain::mnuFileBasic_Click() { }
+void frmMain::mnuFileBasic_Click()
+{
+    ShowDialog<frmProjBasic>(m_g);
+}
 
 void frmMain::mnuFileMRU_Click(int Index)
 {
@@ -348,6 +352,11 @@ void frmMain::mnuViewRefresh_Click()
         mklvNodeContent();
         notifyChanged();
     }
+}
+
+void frmMain::mnuToolsOptions_Click()
+{
+    ShowDialog<frmToolsOptions>(m_g);
 }
 
 void frmMain::mnuHelpAbout_Click()

@@ -106,6 +106,7 @@ public:
     void mnuProjDeleteGroupList_Click();
     void mnuProjDeleteTelList_Click();
     void mnuViewRefresh_Click();
+    void mnuToolsOptions_Click();
     // The Device menu is in DeviceMenu.cpp.
     void mnuDevice_Click();
     void mnuDeviceConnect_Click();

@@ -3,6 +3,8 @@
 #include <QFile>
 
 #include "MainWindowFixture.h"
+#include "frmProjBasic.h"
+#include "frmToolsOptions.h"
 
 namespace {
 
@@ -184,5 +186,50 @@ TEST_P(SaveKeyTest, CommitsOnlyWhenTheSetUpEnablesSave)
 INSTANTIATE_TEST_SUITE_P(States, SaveKeyTest,
     ::testing::Values(SaveKeyCase {"Clean", false, false}, SaveKeyCase {"Modified", true, true}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// Tools and Help have nothing to set up: each shows its one entry, with a project or without,
+// and the design's hidden entries stay hidden.
+TEST_F(ProjectWindowTest, ToolsAndHelpShowOneEntryEachWhateverTheProject)
+{
+    for (bool projectOpen : {false, true}) {
+        if (projectOpen)
+            newProject();
+        QStringList shown;
+        for (const char* top : {"mnuTools", "mnuHelp"}) {
+            main.openMenu(QString::fromLatin1(top));
+            for (const Menu& e : main.Menus)
+                if (e.Parent == QLatin1String(top) && e.Visible && e.Enabled)
+                    shown << e.Name;
+        }
+        EXPECT_EQ(shown, QStringList({"mnuToolsOptions", "mnuHelpAbout"})) << projectOpen;
+    }
+    CloseProject(g);
+}
+
+// File Summary shows the open project's row; Tools Options the link's settings as they stand.
+TEST_F(ProjectWindowTest, SummaryAndOptionsOpenTheirDialogsLoaded)
+{
+    newProject();
+    g.project.rsBasic.setField(QStringLiteral("CreatedBy"), QStringLiteral("Chen"));
+    g.project.rsBasic.Update();
+    g.link.Retry = 4;
+    platform.expectModal(g.form<frmProjBasic>(), [](frmProjBasic& f) {
+        EXPECT_EQ(f.txtPorjName.Text, QStringLiteral("Chen"));
+        f.CmdCancel_Click();
+    });
+    platform.expectModal(g.form<frmToolsOptions>(), [](frmToolsOptions& f) {
+        EXPECT_EQ(f.txtRetry.Text, QStringLiteral("4"));
+        f.cmdExit_Click();
+    });
+
+    for (const char* entry : {"mnuFileBasic", "mnuToolsOptions"}) {
+        const QString name = QString::fromLatin1(entry);
+        main.openMenu(main.menu(name).Parent);
+        ASSERT_TRUE(main.menu(name).Enabled) << entry;
+        main.clickMenu(name);
+    }
+    EXPECT_TRUE(platform.allExpectationsMet());
+    CloseProject(g);
+}
 
 } // namespace
