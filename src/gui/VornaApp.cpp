@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 
 #include "AboutView.h"
+#include "AddOtherUserView.h"
+#include "AddUserGroupView.h"
 #include "AddUserView.h"
 #include "AllUserGroupsView.h"
 #include "ComPortView.h"
@@ -17,6 +19,7 @@
 #include "KeyInStringView.h"
 #include "MainWindowView.h"
 #include "MessageView.h"
+#include "MoveUsersView.h"
 #include "ProjBasicView.h"
 #include "QtPlatform.h"
 #include "SelectModelView.h"
@@ -25,7 +28,9 @@
 #include "UnhandledError.h"
 #include "VORNAMain.h"
 #include "VornaApplication.h"
+#include "frmAddOtherUser.h"
 #include "frmAddUser.h"
+#include "frmAddUserGroup.h"
 #include "frmAllUserGroups.h"
 #include "frmComPort.h"
 #include "frmCommSetting.h"
@@ -34,6 +39,7 @@
 #include "frmEditTelList.h"
 #include "frmEditZoneList.h"
 #include "frmKeyInString.h"
+#include "frmMoveUsers.h"
 #include "frmProjBasic.h"
 #include "frmSelectModel.h"
 #include "frmToolsOptions.h"
@@ -61,6 +67,9 @@ VornaApp::VornaApp(QtPlatform& platform)
     addView<frmEditTelList, EditTelListView>();
     addView<frmAllUserGroups, AllUserGroupsView>();
     addView<frmAddUser, AddUserView>();
+    addView<frmAddUserGroup, AddUserGroupView>();
+    addView<frmAddOtherUser, AddOtherUserView>();
+    addView<frmMoveUsers, MoveUsersView>();
     addView<frmComPort, ComPortView>();
     addView<frmCommSetting, CommSettingView>();
     addView<frmDebug, DebugView>();
