@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 
 #include "AboutView.h"
+#include "AddOtherUserView.h"
+#include "AddUserGroupView.h"
 #include "AddUserView.h"
 #include "AllUserGroupsView.h"
 #include "ComPortView.h"
@@ -17,12 +19,15 @@
 #include "KeyInStringView.h"
 #include "MainWindowView.h"
 #include "MessageView.h"
+#include "MoveUsersView.h"
 #include "QtPlatform.h"
 #include "SplashView.h"
 #include "UnhandledError.h"
 #include "VORNAMain.h"
 #include "VornaApplication.h"
+#include "frmAddOtherUser.h"
 #include "frmAddUser.h"
+#include "frmAddUserGroup.h"
 #include "frmAllUserGroups.h"
 #include "frmComPort.h"
 #include "frmCommSetting.h"
@@ -31,6 +36,7 @@
 #include "frmEditTelList.h"
 #include "frmEditZoneList.h"
 #include "frmKeyInString.h"
+#include "frmMoveUsers.h"
 
 VornaApp::VornaApp(QtPlatform& platform)
     : g(platform)
@@ -55,6 +61,9 @@ VornaApp::VornaApp(QtPlatform& platform)
     addView<frmEditTelList, EditTelListView>();
     addView<frmAllUserGroups, AllUserGroupsView>();
     addView<frmAddUser, AddUserView>();
+    addView<frmAddUserGroup, AddUserGroupView>();
+    addView<frmAddOtherUser, AddOtherUserView>();
+    addView<frmMoveUsers, MoveUsersView>();
     addView<frmComPort, ComPortView>();
     addView<frmCommSetting, CommSettingView>();
     addView<frmDebug, DebugView>();

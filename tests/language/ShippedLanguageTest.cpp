@@ -129,7 +129,7 @@ TEST_F(ShippedLanguageTest, DeliveredProfileFollowsTheSystemLocale)
         SCOPED_TRACE(c.locale);
         platform.localeName = c.locale;
         MLUtil ml(platform);
-        EXPECT_EQ(ml.InitML(), 12);
+        EXPECT_EQ(ml.InitML(), 15);
         EXPECT_EQ(ml.AppliedLangName, "AUTO");
         EXPECT_EQ(ml.GetText("default", 2, 976, "VORNAMain").toStdString(), c.welcome);
         EXPECT_EQ(FormText(ml, {"frmSplash", "Label1", "Caption"}).toStdString(), c.splashLabel);
