@@ -1,6 +1,9 @@
 #include "ContextMenu.h"
 #include "CaseName.h"
 #include "ProjectContentFixture.h"
+#include "VORNAUtil.h"
+#include "frmAddOtherUser.h"
+#include "frmAddUserGroup.h"
 
 namespace {
 
@@ -177,4 +180,74 @@ TEST_P(ContextMenuTest, ShowsTheEntriesOfTheClickAndMakesItsRecordCurrent)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ContextMenuTest, ::testing::ValuesIn(kCases),
+    [](const auto& info) { return CaseName(info.param.name); });
+namespace {
+
+// A contact of further groups brings the project's notification targets to the case's count.
+struct LimitCase
+{
+    const char* name;
+    const char* command; // the entry clicked
+    int targets;
+    int maxTelNo;
+    bool selected; // the tree has a selection
+    bool warns;
+    bool opens;
+};
+
+const LimitCase kLimitCases[] = {
+    {"add to a group at 127 targets", "mnuProjConentAddGroup", 127, 64, true, false, true},
+    {"add to a group at 128 targets warns with the model's limit", "mnuProjConentAddGroup", 128, 500, true,
+        true, false},
+    {"add to a group without a selection does nothing", "mnuProjConentAddGroup", 300, 64, false, false,
+        false},
+    {"add other contacts below the model's limit", "mnuProjConentAddUser", 63, 64, true, false, true},
+    {"add other contacts at the model's limit warns", "mnuProjConentAddUser", 64, 64, true, true, false},
+    {"add other contacts past 128 under a larger limit", "mnuProjConentAddUser", 200, 300, true, false, true},
+    {"add other contacts without a selection does nothing", "mnuProjConentAddUser", 300, 64, false, false,
+        false},
+};
+
+class TargetLimitTest : public ProjectContentTest, public ::testing::WithParamInterface<LimitCase>
+{ };
+
+} // namespace
+
+TEST_P(TargetLimitTest, ChecksTheNotificationTargetsBeforeTheDialog)
+{
+    const LimitCase& c = GetParam();
+    QStringList groups;
+    for (int i = CountTelNo(g.project); i < c.targets; ++i)
+        groups << QStringLiteral("G%1").arg(i);
+    addUser(QStringLiteral("Many"), groups.join(CRLF), QStringLiteral("0914"), false);
+    main.mktvProjContent();
+    ASSERT_EQ(CountTelNo(g.project), c.targets);
+    g.project.MaxTelNo = static_cast<qint16>(c.maxTelNo);
+    const bool addGroup = QLatin1String(c.command) == QLatin1String("mnuProjConentAddGroup");
+    if (c.selected)
+        click(addGroup ? QStringLiteral("Users,Bob") : QStringLiteral("UserGroups,Fire"));
+    else
+        main.tvProjectContent.SelectedItem = -1;
+
+    if (c.warns)
+        platform.expectBox(MsgBox::Exclamation,
+            QStringLiteral("通知對象[群組/連絡人]已超過最大筆數[%1]，不得再增加通知對象[群組/連絡人]！")
+                .arg(c.maxTelNo),
+            QStringLiteral("通知對象[群組/連絡人]已超過最大筆數"));
+    if (c.opens && addGroup)
+        platform.expectModal(g.form<frmAddUserGroup>(), [](frmAddUserGroup& f) {
+            EXPECT_EQ(f.ContactName, QStringLiteral("Bob"));
+            f.cmdCancel_Click();
+        });
+    if (c.opens && !addGroup)
+        platform.expectModal(g.form<frmAddOtherUser>(), [](frmAddOtherUser& f) {
+            EXPECT_EQ(f.CurrentGroupName, QStringLiteral("Fire"));
+            f.cmdCancel_Click();
+        });
+
+    main.clickMenu(QString::fromLatin1(c.command));
+    EXPECT_TRUE(platform.allExpectationsMet());
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, TargetLimitTest, ::testing::ValuesIn(kLimitCases),
     [](const auto& info) { return CaseName(info.param.name); });
