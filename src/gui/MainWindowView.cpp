@@ -206,7 +206,7 @@ void MainWindowView::watchContextMenu(
 {
     // The menu comes from the model alone, never from a context-menu event of the pane's.
     pane->setContextMenuPolicy(Qt::PreventContextMenu);
-    new EventWatch(pane->viewport(), [this, mouseUp](QEvent* event) {
+    new EventWatch(pane->viewport(), [this, pane, mouseUp](QEvent* event) {
         if (event->type() != QEvent::MouseButtonRelease)
             return false;
         const auto* mouse = static_cast<QMouseEvent*>(event);
@@ -216,6 +216,9 @@ void MainWindowView::watchContextMenu(
         const int shift = (keys & Qt::ShiftModifier ? 1 : 0) | (keys & Qt::ControlModifier ? 2 : 0)
             | (keys & Qt::AltModifier ? 4 : 0);
         m_popupAt = mouse->globalPosition().toPoint();
+        // A click on the list's empty part leaves no row selected, for the menu of the list itself.
+        if (pane == m_lvNodeContent && !pane->indexAt(mouse->position().toPoint()).isValid())
+            pane->setCurrentIndex(QModelIndex());
         m_binder.run([&] { mouseUp(2, shift); });
         return false;
     });

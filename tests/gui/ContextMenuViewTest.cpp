@@ -133,6 +133,21 @@ TEST_F(ContextMenuViewTest, RightClicksEditMembershipsAndDeleteDeletesAContact)
     EXPECT_NE(entries(menu).find("Move to Another Group..."), std::string::npos);
     QTest::keyClick(menu, Qt::Key_Escape);
 
+    // On the list, a row's menu is its contact's; the empty part below the rows has the list's own.
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(node("Users")).center());
+    QTest::mouseClick(
+        list->viewport(), Qt::RightButton, {}, list->visualRect(list->model()->index(0, 0)).center());
+    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(
+        entries(menu), "New Contact...|Delete Contact [Ann]|Edit Contact [Ann]...|Add to Contact Group...");
+    QTest::keyClick(menu, Qt::Key_Escape);
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, QPoint(10, list->viewport()->height() - 5));
+    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(entries(menu), "New Contact...");
+    QTest::keyClick(menu, Qt::Key_Escape);
+
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(node("Users,Bob")).center());
     QString asked;
     atNextModal([&asked](QWidget* box) {
