@@ -153,9 +153,10 @@ TEST_P(ContextMenuTest, ShowsTheEntriesOfTheClickAndMakesItsRecordCurrent)
         ASSERT_EQ(popups.size(), 1);
     }
     const QString left = visibleEntries();
-    g.project.rsUsers.MoveFirst();
-    g.project.rsUserGroups.MoveFirst();
-    g.project.rsZones.MoveFirst();
+    // Away from any record a click makes current.
+    g.project.rsUsers.MoveLast();
+    g.project.rsUserGroups.MoveLast();
+    g.project.rsZones.MoveLast();
 
     rightClick(c.click, c.nodeText);
 
@@ -169,13 +170,13 @@ TEST_P(ContextMenuTest, ShowsTheEntriesOfTheClickAndMakesItsRecordCurrent)
     EXPECT_EQ(visibleEntries(), QString::fromUtf8(c.menu));
     if (*c.record) {
         const QStringList record = QString::fromUtf8(c.record).split(u'=');
-        Recordset& rs = record[0] == QLatin1String("Users") ? g.project.rsUsers
-            : record[0] == QLatin1String("UserGroups")      ? g.project.rsUserGroups
-                                                            : g.project.rsZones;
-        const QString field = record[0] == QLatin1String("Users") ? QStringLiteral("UserName")
-            : record[0] == QLatin1String("UserGroups")            ? QStringLiteral("GroupName")
-                                                                  : QStringLiteral("ZoneNo");
-        EXPECT_EQ(current(rs, field), record[1]);
+        ProjectState& p = g.project;
+        const QString current = record[0] == QLatin1String("Users")
+            ? this->current(p.rsUsers, QStringLiteral("UserName"))
+            : record[0] == QLatin1String("UserGroups")
+            ? this->current(p.rsUserGroups, QStringLiteral("GroupName"))
+            : this->current(p.rsZones, QStringLiteral("ZoneNo"));
+        EXPECT_EQ(current, record[1]);
     }
 }
 
