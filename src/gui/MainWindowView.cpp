@@ -15,6 +15,7 @@
 #include <QStyleOptionViewItem>
 #include <QTreeView>
 
+#include "EventWatch.h"
 #include "Icons.h"
 #include "ProjectTreeModel.h"
 #include "Twips.h"
@@ -113,6 +114,14 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     m_lvNodeContent = new QTreeView(m_client);
     m_binder.bind(m_lvNodeContent, m_model.lvNodeContent, [this] { m_model.lvNodeContent_DblClick(); });
 
+    watchContextMenu(
+        m_tvProjectContent,
+        [this](int Button, int Shift) { m_model.tvProjectContent_MouseUp(Button, Shift); },
+        [this] { m_model.tvProjectContent_KeyDelete(); });
+    watchContextMenu(
+        m_lvNodeContent, [this](int Button, int Shift) { m_model.lvNodeContent_MouseUp(Button, Shift); },
+        [this] { m_model.lvNodeContent_KeyDelete(); });
+
     auto* grip = new SplitterGrip(m_client);
     m_binder.bind(grip, m_model.imgSplitter);
     grip->onDown = [this] { m_model.imgSplitter_MouseDown(); };
@@ -132,6 +141,12 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
     m_binder.bind(m_sbStatusBar, m_model.sbStatusBar);
 
     buildMenus();
+    // The menu is painted before it pops up: the handler that asks for it has not returned yet.
+    m_model.onPopupMenu = [this](const QString& name) {
+        refreshMenus();
+        if (QMenu* menu = m_actions.at(name)->menu())
+            menu->popup(m_popupAt);
+    };
 
     m_tmrSleep = new QTimer(this);
     m_tmrSleep->setObjectName(m_model.tmrSleep.Name);
@@ -148,6 +163,7 @@ MainWindowView::MainWindowView(frmMain& model, QWidget* parent)
 
 MainWindowView::~MainWindowView()
 {
+    m_model.onPopupMenu = nullptr;
     m_model.tmrSleep.onEnabledChanged = nullptr;
 }
 
@@ -183,6 +199,47 @@ void MainWindowView::buildMenus()
                 [this, key] { m_binder.run([this, key] { m_model.shortcut(key); }); });
         }
     }
+}
+
+void MainWindowView::watchContextMenu(
+    QTreeView* pane, std::function<void(int, int)> mouseUp, std::function<void()> deleteKey)
+{
+    // The menu comes from the model alone, never from a context-menu event of the pane's.
+    pane->setContextMenuPolicy(Qt::PreventContextMenu);
+    new EventWatch(pane->viewport(), [this, pane, mouseUp](QEvent* event) {
+        if (event->type() != QEvent::MouseButtonRelease)
+            return false;
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() != Qt::RightButton)
+            return false;
+        const Qt::KeyboardModifiers keys = mouse->modifiers();
+        const int shift = (keys & Qt::ShiftModifier ? 1 : 0) | (keys & Qt::ControlModifier ? 2 : 0)
+            | (keys & Qt::AltModifier ? 4 : 0);
+        m_popupAt = mouse->globalPosition().toPoint();
+        // A click on the list's empty part leaves no row selected, for the menu of the list itself.
+        if (pane == m_lvNodeContent && !pane->indexAt(mouse->position().toPoint()).isValid())
+            pane->setCurrentIndex(QModelIndex());
+        m_binder.run([&] { mouseUp(2, shift); });
+        return false;
+    });
+    // For the keyboard the menu opens at the selected node or row, as a right click on it would.
+    new EventWatch(pane, [this, pane, mouseUp, deleteKey](QEvent* event) {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Menu
+            || (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier)) {
+            const QRect item = pane->visualRect(pane->currentIndex());
+            m_popupAt = pane->viewport()->mapToGlobal(item.isValid() ? item.center() : QPoint(0, 0));
+            m_binder.run([&] { mouseUp(2, 0); });
+            return true;
+        }
+        if (key->key() == Qt::Key_Delete && key->modifiers() == Qt::NoModifier) {
+            m_binder.run(deleteKey);
+            return true;
+        }
+        return false;
+    });
 }
 
 void MainWindowView::refresh()

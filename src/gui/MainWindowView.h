@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <map>
 
 #include <QMainWindow>
+#include <QPoint>
 #include <QTimer>
 
 #include "FormView.h"
@@ -34,6 +36,10 @@ protected:
 
 private:
     void buildMenus();
+    // The context menu of a pane: the release of the right button, Shift+F10 and the Menu key
+    // run mouseUp, Delete runs deleteKey.
+    void watchContextMenu(
+        QTreeView* pane, std::function<void(int Button, int Shift)> mouseUp, std::function<void()> deleteKey);
     void refreshMenus();
     // The pixels that the tree pane needs to show every node's name whole.
     int namesWidth() const;
@@ -53,4 +59,6 @@ private:
     QStatusBar* m_sbStatusBar = nullptr;
     std::map<QString, QAction*> m_actions; // by entry name; a top entry's is its menu's action
     QTimer* m_tmrSleep = nullptr;
+    // Where the next popup opens: the pointer for a click, the current item for a key.
+    QPoint m_popupAt;
 };

@@ -1,11 +1,14 @@
 #pragma once
 
 #include <deque>
+#include <functional>
+#include <optional>
 #include <vector>
 
 #include <QString>
 
 #include "CommControl.h"
+#include "ContextMenu.h"
 #include "FormModel.h"
 #include "ProjectView.h"
 
@@ -114,6 +117,29 @@ public:
     void mnuDeviceSetting_Click();
     void mnuHelpAbout_Click();
 
+    // The context menu of the tree and the list is in ContextMenuCommands.cpp. The release of
+    // the right button (Button 2) decides the entries, makes the record current and pops the
+    // menu up.
+    void tvProjectContent_MouseUp(int Button, int Shift);
+    void lvNodeContent_MouseUp(int Button, int Shift);
+    // Delete on the tree or the list runs the context menu's delete entry when the menu of that
+    // node or row offers one; the entries keep what the last right click left them.
+    void tvProjectContent_KeyDelete();
+    void lvNodeContent_KeyDelete();
+    void mnuProjConentAddGroupList_Click();
+    void mnuProjConentAddTelList_Click();
+    void mnuProjConentDeleteTelList_Click();
+    void mnuProjConentDeleteGroupList_Click();
+    void mnuProjConentEditGroupList_Click();
+    void mnuProjConentEditTelList_Click();
+    void mnuProjConentEditZoneList_Click();
+    void mnuProjConentAddUser_Click();
+    void mnuProjConentAddGroup_Click();
+    void mnuProjConentMoveUser_Click();
+    // Pops a menu up by its top entry's name; the view shows it, at the pointer for a click.
+    std::function<void(const QString& menuName)> onPopupMenu;
+    void PopupMenu(const QString& menuName);
+
     // The view's entry points: a top menu about to drop down runs its set-up, an entry's
     // click runs its handler (entries without one do nothing).
     void openMenu(const QString& topName);
@@ -141,6 +167,18 @@ public:
     void refreshTree() override;
 
 private:
+    // Decides the context menu of a right click on the tree or the list, on the entries given,
+    // and makes its record current when it shows (found tells whether it was); NoMenu when none
+    // shows.
+    ContextMenuSet contextMenu(bool onList, const ContextMenuEntries& entries, bool& found);
+    ContextMenuEntries contextEntries();
+    void deleteByKey(bool onList);
+    // The tree's selected node parsed, with its displayed text; false with no selection.
+    bool selectedNode(NodeTagItems& Items, qint16& count, QString& text) const;
+    // The group that adding and moving members works on, if the selection names one.
+    std::optional<QString> contextGroup() const;
+    void warnTargetLimit();
+
     VORNAGlobal& m_g;
     // The user set the tree pane's width by the splitter, in this run or an earlier one.
     bool m_treeWidthGiven = false;

@@ -1,0 +1,168 @@
+#include <string>
+
+#include <QComboBox>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+#include <gtest/gtest.h>
+
+#include "GuiApp.h"
+#include "MainWindowView.h"
+#include "ProjectRows.h"
+#include "ProjectTreeModel.h"
+
+namespace {
+
+// The template project with two more groups and three contacts, in the real window.
+class ContextMenuViewTest : public VornaWindowTest
+{
+protected:
+    ContextMenuViewTest()
+    {
+        openTemplateProject();
+        AddGroupRow(vorna.g.project, QStringLiteral("Night"));
+        AddGroupRow(vorna.g.project, QStringLiteral("Day"));
+        AddUserRow(vorna.g.project, QStringLiteral("Ann"), QStringLiteral("UserGroup1"));
+        AddUserRow(vorna.g.project, QStringLiteral("Bob"), QStringLiteral("UserGroup1"));
+        AddUserRow(vorna.g.project, QStringLiteral("Cid"), QStringLiteral("Night"));
+        vorna.mainForm.RefreshFormObj();
+        tree->expand(node(QStringLiteral("Users")));
+        tree->expand(node(QStringLiteral("UserGroups")));
+    }
+
+    QModelIndex node(const QString& tag) const
+    {
+        return window->treeModel()->indexOfNode(FindNodeByTag(vorna.mainForm, tag));
+    }
+
+    // Selects the node by the left button, then presses and releases the right one on it.
+    QMenu* rightClick(const QString& tag)
+    {
+        const QPoint at = tree->visualRect(node(tag)).center();
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, at);
+        QTest::mouseClick(tree->viewport(), Qt::RightButton, {}, at);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    }
+
+    // The captions of the menu's visible entries, "|" between.
+    static std::string entries(QMenu* menu)
+    {
+        QStringList shown;
+        for (QAction* a : menu->actions())
+            if (a->isVisible() && !a->isSeparator())
+                shown << a->text();
+        return shown.join(u'|').toStdString();
+    }
+
+    // Clicks the menu's entry; the dialog it opens is given the row that begins with `choice`
+    // in its combo, by the arrow keys, and OK.
+    void choose(QMenu* menu, const char* entry, const char* combo, const QString& choice)
+    {
+        atNextModal([combo, choice](QWidget* dialog) {
+            auto* box = child<QComboBox>(dialog, combo);
+            for (int i = 0; i < box->count() && !box->currentText().startsWith(choice); ++i)
+                QTest::keyClick(box, Qt::Key_Down);
+            EXPECT_TRUE(box->currentText().startsWith(choice)) << combo;
+            child<QPushButton>(dialog, "cmdOK")->click();
+        });
+        QAction* action = menu->findChild<QAction*>(QString::fromLatin1(entry));
+        ASSERT_NE(action, nullptr) << entry;
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        EXPECT_FALSE(menu->isVisible());
+    }
+
+    // The contacts and groups as the window shows them, each group with the members its list shows.
+    std::string shown()
+    {
+        QStringList lines;
+        const auto* model = tree->model();
+        for (const char* branch : {"Users", "UserGroups"}) {
+            const QModelIndex b = node(QString::fromLatin1(branch));
+            lines << b.data().toString();
+            for (int row = 0; row < model->rowCount(b); ++row) {
+                const QModelIndex n = model->index(row, 0, b);
+                QString line = QStringLiteral("  ") + n.data().toString();
+                if (QLatin1String(branch) == QLatin1String("UserGroups")) {
+                    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(n).center());
+                    QStringList members;
+                    for (int r = 0; r < list->model()->rowCount(); ++r)
+                        members << list->model()->index(r, 0).data().toString();
+                    line += QStringLiteral(": ") + members.join(QStringLiteral(", "));
+                }
+                lines << line;
+            }
+        }
+        return lines.join(u'\n').toStdString();
+    }
+
+    MainWindowView* window = vorna.mainView();
+    QTreeView* tree = child<QTreeView>(window, "tvProjectContent");
+    QTreeView* list = child<QTreeView>(window, "lvNodeContent");
+};
+
+} // namespace
+
+// A user adds a contact to a group from the contact's menu and another from the group's, moves
+// the first group's members, and deletes a contact by the Delete key.
+TEST_F(ContextMenuViewTest, RightClicksEditMembershipsAndDeleteDeletesAContact)
+{
+    QMenu* menu = rightClick(QStringLiteral("Users,Ann"));
+    ASSERT_NE(menu, nullptr) << "a right click on a contact pops a menu up";
+    EXPECT_EQ(
+        entries(menu), "New Contact...|Delete Contact [Ann]|Edit Contact [Ann]...|Add to Contact Group...");
+    choose(menu, "mnuProjConentAddGroup", "cmbUserGroups", QStringLiteral("Night"));
+
+    menu = rightClick(QStringLiteral("UserGroups,Day"));
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(entries(menu),
+        "New Contact Group...|Delete Contact Group [Day]|Edit Contact Group [Day]...|Add Existing "
+        "Contacts...|Move to Another Group...");
+    choose(menu, "mnuProjConentAddUser", "cmbAddUser", QStringLiteral("Cid"));
+
+    menu = rightClick(QStringLiteral("UserGroups,UserGroup1"));
+    ASSERT_NE(menu, nullptr);
+    choose(menu, "mnuProjConentMoveUser", "cmbMoveGroup", QStringLiteral("Day"));
+
+    // The keys open the same menu on the selected node, and Escape closes it.
+    QTest::keyClick(tree, Qt::Key_F10, Qt::ShiftModifier);
+    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr) << "Shift+F10 opens the menu";
+    EXPECT_NE(entries(menu).find("Move to Another Group..."), std::string::npos);
+    QTest::keyClick(menu, Qt::Key_Escape);
+
+    // On the list, a row's menu is its contact's; the empty part below the rows has the list's own.
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(node("Users")).center());
+    QTest::mouseClick(
+        list->viewport(), Qt::RightButton, {}, list->visualRect(list->model()->index(0, 0)).center());
+    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(
+        entries(menu), "New Contact...|Delete Contact [Ann]|Edit Contact [Ann]...|Add to Contact Group...");
+    QTest::keyClick(menu, Qt::Key_Escape);
+    QTest::mouseClick(list->viewport(), Qt::RightButton, {}, QPoint(10, list->viewport()->height() - 5));
+    menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(entries(menu), "New Contact...");
+    QTest::keyClick(menu, Qt::Key_Escape);
+
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(node("Users,Bob")).center());
+    QString asked;
+    atNextModal([&asked](QWidget* box) {
+        asked = box->windowTitle();
+        qobject_cast<QMessageBox*>(box)->button(QMessageBox::Yes)->click();
+    });
+    QTest::keyClick(tree, Qt::Key_Delete);
+    EXPECT_EQ(asked.toStdString(), "Delete Contact");
+
+    EXPECT_EQ(shown(),
+        "Contacts\n"
+        "  Ann\n"
+        "  Cid\n"
+        "Groups\n"
+        "  UserGroup1: \n"
+        "  Night: Ann, Cid\n"
+        "  Day: Ann, Cid");
+}
