@@ -22,9 +22,7 @@ class ConnectDownloadPtyTest : public DevsimLinkTest
 protected:
     void openSmallProject()
     {
-        newProject();
-        DeleteRows(p().rsUserGroups);
-        DeleteRows(p().rsZones);
+        newEmptyProject();
         AddGroupRow(p(), "Fire");
         AddUserRow(p(), "Ann", "Fire", "0912345678");
         AddUserRow(p(), "Bob", "Fire", "110");
@@ -56,9 +54,7 @@ protected:
 TEST_F(ConnectDownloadPtyTest, ConnectsThenDownloadsAndTheDiallerKeepsTheProjectAsSent)
 {
     startDevsim({});
-    newProject();
-    DeleteRows(p().rsUserGroups);
-    DeleteRows(p().rsZones);
+    newEmptyProject();
     AddGroupRow(p(), "Fire");
     AddGroupRow(p(), "Police");
     AddUserRow(p(), "Ann", "Fire\r\nPolice", "0912345678");

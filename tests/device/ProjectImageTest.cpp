@@ -11,12 +11,7 @@ namespace {
 class ProjectImageTest : public DeviceTest
 {
 protected:
-    ProjectImageTest()
-    {
-        newProject();
-        DeleteRows(p().rsUserGroups);
-        DeleteRows(p().rsZones);
-    }
+    ProjectImageTest() { newEmptyProject(); }
 
     ProjectImage image;
 };

@@ -97,6 +97,14 @@ protected:
 
     ProjectState& p() { return g.project; }
 
+    // A new project with neither groups nor zones, for the tests to fill.
+    void newEmptyProject()
+    {
+        newProject();
+        DeleteRows(p().rsUserGroups);
+        DeleteRows(p().rsZones);
+    }
+
     void startJournal()
     {
         platform.events.clear();
