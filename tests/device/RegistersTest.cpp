@@ -1,3 +1,4 @@
+#include <tuple>
 #include <vector>
 
 #include "CaseName.h"
@@ -6,25 +7,6 @@
 #include "DeviceRegisters.h"
 
 namespace {
-
-struct ModelCase
-{
-    const char* name;
-    int high;
-    int low;
-    const char* code;
-};
-
-const std::vector<ModelCase> ModelCases = {
-    {"class 64 is T", 64, 6, "RM64T"},
-    {"class 65 is MT", 65, 6, "RM64MT"},
-    {"exponent 0 gives 1", 65, 0, "RM1MT"},
-    {"class 128 is BQ whatever the exponent", 128, 9, "BQ"},
-    {"any other class is unknown", 66, 6, "UnKnown"},
-};
-
-class ModelCodeTest : public ::testing::TestWithParam<ModelCase>
-{ };
 
 struct SettingCase
 {
@@ -47,13 +29,15 @@ class SettingByteTest : public DeviceTest, public ::testing::WithParamInterface<
 
 } // namespace
 
-TEST_P(ModelCodeTest, NamesTheModelFromItsRegister)
+// Class 64 is T and 65 MT, exponent 0 gives 1; class 128 is BQ whatever the exponent, and
+// any other class is unknown.
+TEST(IdentityTest, NamesTheModelFromItsRegister)
 {
-    EXPECT_EQ(ModelCodeText(GetParam().high, GetParam().low).toStdString(), GetParam().code);
+    const std::tuple<int, int, const char*> models[]
+        = {{64, 6, "RM64T"}, {65, 6, "RM64MT"}, {65, 0, "RM1MT"}, {128, 9, "BQ"}, {66, 6, "UnKnown"}};
+    for (const auto& [high, low, code] : models)
+        EXPECT_EQ(ModelCodeText(high, low).toStdString(), code) << high << " " << low;
 }
-
-INSTANTIATE_TEST_SUITE_P(Classes, ModelCodeTest, ::testing::ValuesIn(ModelCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 // The serial number's odd order is checked through ReadDeviceComm below.
 TEST(IdentityTest, FirmwareChoosesThePrefix)
