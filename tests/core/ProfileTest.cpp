@@ -12,24 +12,19 @@ struct CommCase
     int retry;
 };
 
-class CommSettingsTest : public CoreTest, public ::testing::WithParamInterface<CommCase>
-{ };
-
-TEST_P(CommSettingsTest, ReadsTimeoutAndRetry)
+TEST_F(CoreTest, ReadsTimeoutAndRetry)
 {
-    const CommCase c = GetParam();
-    WriteAll("VORNA.set", c.profile);
-    ReadCommSettings(g, QString());
-    EXPECT_EQ(g.link.Timeout, c.timeout);
-    EXPECT_EQ(g.link.Retry, c.retry);
+    const CommCase cases[] = {{"as delivered", "[Comm]\r\nTimeOut=5\r\nRetry=1\r\n", 5, 1},
+        {"no Comm section", "[ML]\r\nOriginalLangName=ChineseBig5\r\n", 2, 3},
+        {"non-numeric reads as zero", "[Comm]\r\nTimeout=abc\r\nRetry=6 tries\r\n", 0, 6},
+        {"rounds to even", "[Comm]\r\nTimeout=2.5\r\nRetry=3.5\r\n", 2, 4}};
+    for (const CommCase& c : cases) {
+        WriteAll("VORNA.set", c.profile);
+        ReadCommSettings(g, QString());
+        EXPECT_EQ(g.link.Timeout, c.timeout) << c.name;
+        EXPECT_EQ(g.link.Retry, c.retry) << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Profiles, CommSettingsTest,
-    ::testing::Values(CommCase {"AsDelivered", "[Comm]\r\nTimeOut=5\r\nRetry=1\r\n", 5, 1},
-        CommCase {"NoCommSection", "[ML]\r\nOriginalLangName=ChineseBig5\r\n", 2, 3},
-        CommCase {"NonNumericReadsAsZero", "[Comm]\r\nTimeout=abc\r\nRetry=6 tries\r\n", 0, 6},
-        CommCase {"RoundsToEven", "[Comm]\r\nTimeout=2.5\r\nRetry=3.5\r\n", 2, 4}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, AProfileThatVanishedBeforeCommEndsTheStart)
 {

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "CaseName.h"
 #include "Dialler.h"
 #include "Frames.h"
 #include "Options.h"
@@ -43,23 +42,6 @@ struct RegisterCase
     const char* answer;                // to the last request, without CRC; nothing: silence
 };
 
-class RegisterTest : public testing::TestWithParam<RegisterCase>
-{ };
-
-TEST_P(RegisterTest, AnswersAsTheDevice)
-{
-    const RegisterCase& c = GetParam();
-    Options options;
-    QString message;
-    ASSERT_EQ(ParseOptions(QStringList {"vorna-devsim"} + c.options, options, message), ParseResult::Run)
-        << message.toStdString();
-    Dialler dialler(options.dialler);
-    QByteArray last;
-    for (const char* request : c.requests)
-        last = Answer(dialler, Sealed(request));
-    EXPECT_EQ(last.toHex().toUpper(), c.answer ? Sealed(c.answer).toHex().toUpper() : QByteArray());
-}
-
 const RegisterCase RegisterCases[] = {
     {"connection probe", {}, {Probe}, "F704020000"},
     {"model id", {"--model-id", "4106"}, {"F70400000001"}, "F704024106"},
@@ -88,8 +70,21 @@ const RegisterCase RegisterCases[] = {
     {"silent with SW2 off", {"--sw2-off"}, {Probe}, nullptr},
 };
 
-INSTANTIATE_TEST_SUITE_P(DiallerTest, RegisterTest, testing::ValuesIn(RegisterCases),
-    [](const testing::TestParamInfo<RegisterCase>& info) { return CaseName(info.param.name); });
+TEST(DiallerTest, AnswersAsTheDevice)
+{
+    for (const RegisterCase& c : RegisterCases) {
+        SCOPED_TRACE(c.name);
+        Options options;
+        QString message;
+        ASSERT_EQ(ParseOptions(QStringList {"vorna-devsim"} + c.options, options, message), ParseResult::Run)
+            << message.toStdString();
+        Dialler dialler(options.dialler);
+        QByteArray last;
+        for (const char* request : c.requests)
+            last = Answer(dialler, Sealed(request));
+        EXPECT_EQ(last.toHex().toUpper(), c.answer ? Sealed(c.answer).toHex().toUpper() : QByteArray());
+    }
+}
 
 // The records of the image builder as the dump shows them, frames without their CRC. The 8-bit
 // form of the same text replaces the record of the same number, and an 8-bit text in the code
