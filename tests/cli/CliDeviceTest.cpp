@@ -6,14 +6,12 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QRegularExpression>
-#include <QSqlDatabase>
-#include <QSqlQuery>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
 #include "CliRunner.h"
 #include "DevsimProcess.h"
+#include "DownloadTexts.h"
 #include "TestFolder.h"
 
 namespace {
@@ -29,9 +27,9 @@ const QString Port = QStringLiteral("{PORT}");
 
 // A project of one contact in group 1 and zone 3's alarm and reset texts: two erases, one
 // phone-book record and two message records.
-const char* const SmallProject[] = {
-    "INSERT INTO Users VALUES ('Ann', '0912345678', '', 'UserGroup1', 0)",
-    "UPDATE Zones SET GroupName = 'ALL', AlarmSMS = 'AB', ResetSMS = '火' WHERE ZoneNo = 3",
+const QStringList SmallProject = {
+    QStringLiteral("INSERT INTO Users VALUES ('Ann', '0912345678', '', 'UserGroup1', 0)"),
+    QStringLiteral("UPDATE Zones SET GroupName = 'ALL', AlarmSMS = 'AB', ResetSMS = '火' WHERE ZoneNo = 3"),
 };
 
 struct DeviceScenario
@@ -49,8 +47,7 @@ struct DeviceScenario
 
 QString ReadText(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QStringLiteral("(absent)");
+    return QString::fromUtf8(ReadAll(path));
 }
 
 // The trace with its time stamps masked, which is all that differs from one run to the next.
@@ -63,9 +60,7 @@ QString MaskedTrace(const QString& text)
 // A file's bytes in hexadecimal.
 QString HexOf(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll().toHex().toUpper())
-                                          : QStringLiteral("(absent)");
+    return QString::fromLatin1(ReadAll(path).toHex().toUpper());
 }
 
 std::vector<DeviceScenario> Scenarios()
@@ -73,9 +68,6 @@ std::vector<DeviceScenario> Scenarios()
     auto cmd = [](const char* line) { return QString::fromUtf8(line).split(u' '); };
     const QString project = ProjectDir + QStringLiteral("/工地 A.cmb");
     const QString trace = TracePath;
-    const QString checkList = QStringLiteral("請檢查下列項目:\r\n1. RS232 通訊線是否已正確連接\r\n"
-                                             "2. PC通訊埠是否正確指定\r\n"
-                                             "3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)\n");
     auto registers = [](int slaveId, int settingByte) {
         return [slaveId, settingByte](const QJsonObject& dump, const QDir&) {
             const QJsonObject r = dump["registers"].toObject();
@@ -88,15 +80,13 @@ std::vector<DeviceScenario> Scenarios()
             {"--model-id", "4106", "--firmware", "0415", "--serial", "1122334455667788", "--setting-byte",
                 "0xC2"},
             {cmd("connect --port {PORT}"), 0, {},
-                {QStringLiteral(
-                    "info: [連線簡訊報警機] 連線至簡訊報警機成功!\r\n\r\nModel No.: KV470-RM64MT\r\n"
-                    "S/N : 77-88-5566-334411-22\r\nCommnunication Settings : 4800, E, 8, 1\n")},
+                {"info: [連線簡訊報警機] " + ConnectSuccess("KV470-RM64MT", "77-88-5566-334411-22", "4800, E")
+                    + u'\n'},
                 QString()},
             5},
 
         {"connect_to_a_dialler_that_refuses_everything", {"--exception", "1"},
-            {cmd("connect --port {PORT}"), 1, {},
-                {QStringLiteral("error: [連線簡訊報警機] 連線至簡訊報警機失敗! \r\n") + checkList}}},
+            {cmd("connect --port {PORT}"), 1, {}, {"error: [連線簡訊報警機] " + ConnectFailure + u'\n'}}},
 
         {"connect_on_a_port_that_will_not_open", {},
             {QStringList {
@@ -109,8 +99,7 @@ std::vector<DeviceScenario> Scenarios()
                  QStringLiteral("--trace"), trace},
                 0, {},
                 {QStringLiteral("OK/Cancel? OK\n"),
-                    QStringLiteral("[下載專案] 下載專案 [工地 A:28 Byte ] 成功!\r\n"
-                                   "請使用者將簡訊報警機的指撥開關SW2設為 OFF (執行模式)\n")},
+                    "[下載專案] " + DownloadSuccess(QStringLiteral("工地 A"), 28) + u'\n'},
                 QString()},
             6,
             [](const QJsonObject& dump, const QDir& programDir) {
@@ -124,7 +113,7 @@ std::vector<DeviceScenario> Scenarios()
         // A record refused on every attempt: the failure box, and the debug file ends with it.
         {"download_failing_at_a_record", {"--exception", "@record:1"},
             {{QStringLiteral("--yes"), QStringLiteral("download"), project, QStringLiteral("--port"), Port},
-                1, {}, {QStringLiteral("error: [下載專案] 下載專案 [工地 A] 失敗!\r\n") + checkList}},
+                1, {}, {"error: [下載專案] " + SendFailure(QStringLiteral("工地 A")) + u'\n'}},
             4,
             [](const QJsonObject&, const QDir& programDir) {
                 EXPECT_EQ(HexOf(programDir.filePath(QStringLiteral("PhoneBook.dbg"))),
@@ -196,40 +185,9 @@ protected:
         ASSERT_TRUE(dir.rename(QStringLiteral("VORNA"), ProgramDir));
         ASSERT_TRUE(dir.mkpath(ProjectDir));
         const QString profile = dir.filePath(ProgramDir + QStringLiteral("/VORNA.set"));
-        QString text = ReadText(profile);
-        text.replace(QStringLiteral("TimeOut=2"), QStringLiteral("TimeOut=1"));
-        text.replace(QStringLiteral("Retry=3"), QStringLiteral("Retry=1"));
-        QFile file(profile);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(text.toUtf8());
-        file.close();
-
-        const QString project = dir.filePath(ProjectDir + QStringLiteral("/工地 A.cmb"));
-        ASSERT_TRUE(QFile::copy(dir.filePath(ProgramDir + QStringLiteral("/RM64.mdb")), project));
-        {
-            QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("prepare"));
-            db.setDatabaseName(project);
-            ASSERT_TRUE(db.open());
-            QSqlQuery query(db);
-            for (const char* statement : SmallProject)
-                ASSERT_TRUE(query.exec(QString::fromUtf8(statement))) << statement;
-        }
-        QSqlDatabase::removeDatabase(QStringLiteral("prepare"));
-    }
-
-    // The dialler rewrites its dump a moment after each answer.
-    QJsonObject dumpAfter(int requests) const
-    {
-        auto received
-            = [](const QJsonObject& dump) { return dump["requests"].toObject()["received"].toInt(); };
-        QElapsedTimer clock;
-        clock.start();
-        QJsonObject dump = ReadDump(dumpPath);
-        while (received(dump) < requests && clock.elapsed() < 5000) {
-            QThread::msleep(2);
-            dump = ReadDump(dumpPath);
-        }
-        return dump;
+        WriteAll(profile, ReadAll(profile).replace("TimeOut=2", "TimeOut=1").replace("Retry=3", "Retry=1"));
+        MakeProject(dir.filePath(ProgramDir + QStringLiteral("/RM64.mdb")),
+            dir.filePath(ProjectDir + QStringLiteral("/工地 A.cmb")), SmallProject);
     }
 
     TestFolder folder;
@@ -254,11 +212,11 @@ TEST_P(CliDeviceTest, RunsAgainstTheVirtualDialler)
     ExpectRun(
         scenario.run, RunCli(root, TraditionalChinese, args, scenario.run.input, {}, ProgramDir), expand);
     if (scenario.check)
-        scenario.check(dumpAfter(scenario.requests), QDir(root + QLatin1Char('/') + ProgramDir));
+        scenario.check(DumpAfter(dumpPath, scenario.requests), QDir(root + QLatin1Char('/') + ProgramDir));
     if (scenario.golden) {
         const QString golden
             = ReadText(QStringLiteral(VORNA_CLI_GOLDEN_DIR "/") + QLatin1String(scenario.golden));
-        ASSERT_NE(golden, QStringLiteral("(absent)"));
+        ASSERT_FALSE(golden.isEmpty());
         EXPECT_EQ(
             MaskedTrace(ReadText(root + QLatin1Char('/') + TracePath)).toStdString(), golden.toStdString());
     }

@@ -4,11 +4,16 @@
 #include <memory>
 #include <optional>
 
+#include <QFile>
 #include <QProcess>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QString>
 #include <QStringList>
 
 #include <gtest/gtest.h>
+
+#include "TestFolder.h"
 
 // vorna-cli run as a child process in a temporary installation.
 
@@ -34,6 +39,21 @@ struct Result
     QString out;
     QString err;
 };
+
+// A project at path made from the template and changed by the given statements.
+inline void MakeProject(const QString& templatePath, const QString& path, const QStringList& statements)
+{
+    ASSERT_TRUE(QFile::copy(templatePath, path));
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("prepare"));
+        db.setDatabaseName(path);
+        ASSERT_TRUE(db.open());
+        QSqlQuery query(db);
+        for (const QString& statement : statements)
+            ASSERT_TRUE(query.exec(statement)) << statement.toStdString();
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("prepare"));
+}
 
 inline const char* const TraditionalChinese = "zh_TW.UTF-8";
 inline const char* const English = "en_US.UTF-8";

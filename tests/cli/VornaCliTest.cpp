@@ -28,28 +28,12 @@ struct Scenario
     QStringList absent;
 };
 
-void WriteFile(const TestFolder& folder, const QString& relative, const QByteArray& bytes)
-{
-    QFile file(QDir(folder.root()).filePath(relative));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
 // Project/A.cmb made from the template and changed by the given statements.
 std::function<void(const TestFolder&)> ProjectA(QStringList statements)
 {
     return [statements](const TestFolder& folder) {
-        const QString path = QDir(folder.root()).filePath(QStringLiteral("Project/A.cmb"));
-        ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), path));
-        {
-            QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("prepare"));
-            db.setDatabaseName(path);
-            ASSERT_TRUE(db.open());
-            QSqlQuery query(db);
-            for (const QString& statement : statements)
-                ASSERT_TRUE(query.exec(statement)) << statement.toStdString();
-        }
-        QSqlDatabase::removeDatabase(QStringLiteral("prepare"));
+        MakeProject(folder.path(QStringLiteral("RM64.mdb")),
+            QDir(folder.root()).filePath(QStringLiteral("Project/A.cmb")), statements);
     };
 }
 
@@ -123,7 +107,7 @@ std::vector<Scenario> Scenarios()
 
         {"cmb_that_is_no_database_is_unhandled", English,
             [](const TestFolder& folder) {
-                WriteFile(folder, QStringLiteral("Project/Bad.cmb"), "not a database\n");
+                WriteAll(QDir(folder.root()).filePath(QStringLiteral("Project/Bad.cmb")), "not a database\n");
             },
             {{cmd("info Project/Bad.cmb"), 3, {}, {QStringLiteral("\nvorna-cli: ")}}}, {}, {}},
 
@@ -310,19 +294,6 @@ TEST_P(VornaCliTest, RunsAsScripted)
 
 INSTANTIATE_TEST_SUITE_P(cli, VornaCliTest, ::testing::ValuesIn(Scenarios()),
     [](const ::testing::TestParamInfo<Scenario>& info) { return std::string(info.param.name); });
-
-QByteArray ReadAll(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(absent)");
-}
-
-void WriteAll(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-}
 
 // Runs the program killed at the 1st, 2nd, ... call of each system call in turn, until a run
 // gets past its last such call. run starts one, under the wrapper it is given; check judges

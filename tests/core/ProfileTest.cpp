@@ -2,24 +2,6 @@
 #include "FileUtil.h"
 #include "ProfileSettings.h"
 
-namespace {
-
-void WriteProfile(const QByteArray& bytes)
-{
-    QFile f("VORNA.set");
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(bytes);
-}
-
-QByteArray ReadProfile()
-{
-    QFile f("VORNA.set");
-    f.open(QIODevice::ReadOnly);
-    return f.readAll();
-}
-
-} // namespace
-
 // How a profile line is found is the profile reader's own rule; these are the two numbers
 // taken from what it finds.
 struct CommCase
@@ -30,24 +12,19 @@ struct CommCase
     int retry;
 };
 
-class CommSettingsTest : public CoreTest, public ::testing::WithParamInterface<CommCase>
-{ };
-
-TEST_P(CommSettingsTest, ReadsTimeoutAndRetry)
+TEST_F(CoreTest, ReadsTimeoutAndRetry)
 {
-    const CommCase c = GetParam();
-    WriteProfile(c.profile);
-    ReadCommSettings(g, QString());
-    EXPECT_EQ(g.link.Timeout, c.timeout);
-    EXPECT_EQ(g.link.Retry, c.retry);
+    const CommCase cases[] = {{"as delivered", "[Comm]\r\nTimeOut=5\r\nRetry=1\r\n", 5, 1},
+        {"no Comm section", "[ML]\r\nOriginalLangName=ChineseBig5\r\n", 2, 3},
+        {"non-numeric reads as zero", "[Comm]\r\nTimeout=abc\r\nRetry=6 tries\r\n", 0, 6},
+        {"rounds to even", "[Comm]\r\nTimeout=2.5\r\nRetry=3.5\r\n", 2, 4}};
+    for (const CommCase& c : cases) {
+        WriteAll("VORNA.set", c.profile);
+        ReadCommSettings(g, QString());
+        EXPECT_EQ(g.link.Timeout, c.timeout) << c.name;
+        EXPECT_EQ(g.link.Retry, c.retry) << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Profiles, CommSettingsTest,
-    ::testing::Values(CommCase {"AsDelivered", "[Comm]\r\nTimeOut=5\r\nRetry=1\r\n", 5, 1},
-        CommCase {"NoCommSection", "[ML]\r\nOriginalLangName=ChineseBig5\r\n", 2, 3},
-        CommCase {"NonNumericReadsAsZero", "[Comm]\r\nTimeout=abc\r\nRetry=6 tries\r\n", 0, 6},
-        CommCase {"RoundsToEven", "[Comm]\r\nTimeout=2.5\r\nRetry=3.5\r\n", 2, 4}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, AProfileThatVanishedBeforeCommEndsTheStart)
 {
@@ -59,14 +36,15 @@ TEST_F(CoreTest, AProfileThatVanishedBeforeCommEndsTheStart)
 
 TEST_F(CoreTest, WriteSettingsRewritesTheWholeFileInItsOwnForm)
 {
-    WriteProfile("[Comm]\r\nTimeout=2\r\nExtra=kept?\r\n[ML]\r\nAppliedLangName=auto\r\n"
-                 "OriginalLangName=ChineseBig5\r\nAlternateLangName=English\r\nIsFormDisable="
-                 "2\r\nIsTextDisable=1\r\n");
+    WriteAll("VORNA.set",
+        "[Comm]\r\nTimeout=2\r\nExtra=kept?\r\n[ML]\r\nAppliedLangName=auto\r\n"
+        "OriginalLangName=ChineseBig5\r\nAlternateLangName=English\r\nIsFormDisable="
+        "2\r\nIsTextDisable=1\r\n");
     g.ml.ReadMLSettings(QString());
     g.link.Timeout = 5;
     g.link.Retry = 1;
     WriteSettings(g, QString());
-    EXPECT_EQ(ReadProfile(),
+    EXPECT_EQ(ReadAll("VORNA.set"),
         QByteArray("[Comm]\r\nTimeOut=5\r\nRetry=1\r\n\r\n[ML]\r\nAppliedLangName=auto\r\n"
                    "AlternateLangName=English\r\nOriginalLangName =ChineseBig5\r\n"
                    "IsFormDisable= 0\r\nIsTextDisable= 1\r\n"));
@@ -81,5 +59,5 @@ TEST_F(CoreTest, TheDeliveredProfileIsInTheWritersForm)
     g.ml.ReadMLSettings(QString());
     ReadCommSettings(g, QString());
     EXPECT_EQ(g.ml.OriginalLangName, "ChineseBig5");
-    EXPECT_EQ(SettingsText(g).toUtf8(), ReadProfile());
+    EXPECT_EQ(SettingsText(g).toUtf8(), ReadAll("VORNA.set"));
 }

@@ -5,10 +5,10 @@
 
 #include "CaseName.h"
 #include "ConnectDownload.h"
-#include "DevsimFixture.h"
 #include "DownloadSteps.h"
 #include "DownloadTexts.h"
 #include "ProjectImage.h"
+#include "PtyLinkFixture.h"
 
 namespace {
 
@@ -22,9 +22,7 @@ class ConnectDownloadPtyTest : public DevsimLinkTest
 protected:
     void openSmallProject()
     {
-        newProject();
-        DeleteRows(p().rsUserGroups);
-        DeleteRows(p().rsZones);
+        newEmptyProject();
         AddGroupRow(p(), "Fire");
         AddUserRow(p(), "Ann", "Fire", "0912345678");
         AddUserRow(p(), "Bob", "Fire", "110");
@@ -50,10 +48,21 @@ protected:
     int size = 0;
 };
 
-TEST_F(ConnectDownloadPtyTest, ConnectsThenDownloadsAndTheDiallerHoldsTheProject)
+// A connect, then a download of two groups, a contact in both, a disabled contact and a
+// disabled zone's reset text: the boxes, busy box and status in order, and the dialler keeping
+// the very frames of the dry run, in order, as the debug files do without their CRC.
+TEST_F(ConnectDownloadPtyTest, ConnectsThenDownloadsAndTheDiallerKeepsTheProjectAsSent)
 {
     startDevsim({});
-    openSmallProject();
+    newEmptyProject();
+    AddGroupRow(p(), "Fire");
+    AddGroupRow(p(), "Police");
+    AddUserRow(p(), "Ann", "Fire\r\nPolice", "0912345678");
+    AddUserRow(p(), "Bob", "Police", "110", true);
+    AddZoneRow(p(), 3, "Police", QStringLiteral("火警"), "OK");
+    AddZoneRow(p(), 5, "ALL", "", "Reset", true);
+    BuildProjectImage(g, image);
+    size = p().ProjectImageSize;
     startJournal();
     platform.expectBox(
         MsgBox::Information, ConnectSuccess("KV570-RM64T", "07-08-0506-030401-02", "9600, N"), ConnectTitle);
@@ -67,13 +76,27 @@ TEST_F(ConnectDownloadPtyTest, ConnectsThenDownloadsAndTheDiallerHoldsTheProject
             "box 下載專案", "pointer 11", "show frmMessage", "pointer 0", "hide frmMessage", "box 下載專案",
             "ConnectStatus= Online"}));
     expectLink(true);
-    EXPECT_EQ(message.lblProgress.Caption, QStringLiteral("正在傳送第 4 筆，共 4 筆..."));
+    EXPECT_EQ(message.lblProgress.Caption, QStringLiteral("正在傳送第 6 筆，共 6 筆..."));
     EXPECT_EQ((std::array {message.prgProgress.Min, message.prgProgress.Value, message.prgProgress.Max}),
-        (std::array {0, 4, 4}));
+        (std::array {0, 6, 6}));
     EXPECT_TRUE(message.lblProgress.Visible && message.prgProgress.Visible);
-    const QJsonObject dump = dumpAfter(5 + 2 + 4);
-    EXPECT_EQ(Lines(dump["phoneBook"], {"phoneNumber", "group", "flags"}), PhoneBook);
-    EXPECT_EQ(Lines(dump["shortMessages"], {"number", "group", "flags", "text"}), Messages);
+
+    QStringList planned;
+    std::map<QString, QByteArray> dbgFiles;
+    ForEachDownloadFrame(g, image, [&](const QByteArray& frame, const QString& dbgFile) {
+        planned << QString::fromLatin1(frame.toHex().toUpper());
+        if (!dbgFile.isEmpty())
+            dbgFiles[dbgFile] += frame.chopped(2);
+    });
+    for (const auto& [file, content] : dbgFiles)
+        EXPECT_EQ(ReadAll(file), content) << file.toStdString();
+    const QJsonObject dump = dumpAfter(5 + int(planned.size()));
+    EXPECT_EQ(Lines(dump["log"], {"frame"}).mid(5), planned);
+    EXPECT_EQ(dump["erases"].toObject(), (QJsonObject {{"phoneBook", 1}, {"shortMessages", 1}}));
+    EXPECT_EQ(Lines(dump["phoneBook"], {"phoneNumber", "group", "flags"}),
+        (QStringList {"0912345678 1 0", "0912345678 2 0", "110 2 128"}));
+    EXPECT_EQ(Lines(dump["shortMessages"], {"number", "group", "flags", "text"}),
+        (QStringList {QStringLiteral("4 2 65 火警"), "68 2 65 OK", "70 0 193 Reset"}));
 }
 
 struct ConnectCase
@@ -154,7 +177,7 @@ TEST_P(DownloadFaultTest, EndsAsTheRetriesAllow)
     });
     for (const QString& file : {PhoneBookDbgFile, ShortMsgDbgFile}) {
         if (kept.contains(file))
-            EXPECT_EQ(FileBytes(file), kept[file]) << file.toStdString();
+            EXPECT_EQ(ReadAll(file), kept[file]) << file.toStdString();
         else
             EXPECT_FALSE(QFile::exists(file)) << file.toStdString();
     }
@@ -172,6 +195,11 @@ const DownloadFaultCase DownloadFaultCases[] = {
     {"exception clears", {"--exception", "@record:3x2"}, 8, 0},
     {"noise clears", {"--noise", "@record:4x1"}, 7, 0},
     {"noise never clears", {"--noise", "@record:1"}, 5, 1},
+    {"drop response clears", {"--drop-response", "@record:2x1"}, 7, 0},
+    // What a bad answer leaves on the line must be gone before the retry, or every later
+    // answer is read out of step.
+    {"extra bytes after a bad answer clear", {"--corrupt-crc", "@record:2x1", "--extra-bytes", "@record:2x1"},
+        7, 0},
     // Bytes after the last answer are dropped by the next send, whatever it is.
     {"extra bytes after the last answer", {"--extra-bytes", "@record:4"}, 6, 0},
     // Within the silent time-out a slow answer is no fault at all.
@@ -181,5 +209,28 @@ const DownloadFaultCase DownloadFaultCases[] = {
 
 INSTANTIATE_TEST_SUITE_P(ConnectDownloadPtyTest, DownloadFaultTest, testing::ValuesIn(DownloadFaultCases),
     [](const testing::TestParamInfo<DownloadFaultCase>& info) { return CaseName(info.param.name); });
+
+// A dialler that hangs up leaves no port open behind it: the command under way fails at once
+// instead of waiting out its silences, and the next operation opens the port again, which
+// fails with the open's own box while the dialler is gone.
+TEST_F(DevsimLinkTest, AHangUpClosesThePortAndTheNextOperationOpensItAgain)
+{
+    startDevsim({"--close-after-record", "1"});
+    g.link.Retry = 3;
+    CommBuffer cmd = Buffer(QByteArray::fromHex("F75043020E00020A0230393132333435363738"), 21);
+    CommBuffer rsp(6);
+    ASSERT_TRUE(SendCommand(g, comm, cmd, 19, rsp, 6, g.link.Timeout, g.link.Retry));
+    EXPECT_EQ(devsim->finished(), 0);
+    CommBuffer probe = Buffer(QByteArray::fromHex("F70400060001"), 8);
+    CommBuffer answer(7);
+    EXPECT_FALSE(SendCommand(g, comm, probe, 6, answer, 7, g.link.Timeout, g.link.Retry));
+    EXPECT_EQ(pause.sleeps, 4);
+    EXPECT_FALSE(comm.PortOpen());
+
+    platform.expectBoxWithAnyText(MsgBox::Critical, QStringLiteral("Communicaiton Error"));
+    EXPECT_FALSE(EnsureCommOpen(g, comm));
+    EXPECT_TRUE(platform.boxTexts().at(0).startsWith("Unable to connect to Device."))
+        << platform.boxTexts().at(0).toStdString();
+}
 
 } // namespace

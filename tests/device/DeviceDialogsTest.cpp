@@ -45,29 +45,20 @@ protected:
 
 TEST(SlaveIDEntryTest, OnlyDigitsAreTypedAndTheValueStaysFrom1To255)
 {
-    struct Key
-    {
-        int typed;
-        int kept;
-    };
-    const Key keys[] = {{'0', '0'}, {'9', '9'}, {'a', 0}, {' ', 0}, {'-', 0}, {8, 0}, {'/', 0}, {':', 0}};
-    for (const Key& k : keys) {
-        int KeyAscii = k.typed;
+    const std::pair<int, int> keys[]
+        = {{'0', '0'}, {'9', '9'}, {'a', 0}, {' ', 0}, {'-', 0}, {8, 0}, {'/', 0}, {':', 0}};
+    for (const auto& [typed, kept] : keys) {
+        int KeyAscii = typed;
         SlaveIDKeyPress(KeyAscii);
-        EXPECT_EQ(KeyAscii, k.kept) << "key " << k.typed;
+        EXPECT_EQ(KeyAscii, kept) << "key " << typed;
     }
-    struct Change
-    {
-        const char* typed;
-        const char* kept;
-    };
-    const Change changes[] = {{"", "1"}, {"0", "1"}, {"1", "1"}, {"007", "007"}, {"255", "255"},
-        {"256", "255"}, {"99999", "255"}, {"12abc", "12abc"}, {"abc", "1"}};
-    for (const Change& c : changes) {
+    const std::pair<const char*, const char*> changes[] = {{"", "1"}, {"0", "1"}, {"1", "1"}, {"007", "007"},
+        {"255", "255"}, {"256", "255"}, {"99999", "255"}, {"12abc", "12abc"}, {"abc", "1"}};
+    for (const auto& [typed, kept] : changes) {
         TextBox box;
-        box.Text = QString::fromLatin1(c.typed);
+        box.Text = QString::fromLatin1(typed);
         SlaveIDChange(box);
-        EXPECT_EQ(box.Text, QString::fromLatin1(c.kept)) << "text " << c.typed;
+        EXPECT_EQ(box.Text, QString::fromLatin1(kept)) << "text " << typed;
     }
 }
 

@@ -14,9 +14,7 @@ class DownloadProjectTest : public DeviceTest
 protected:
     DownloadProjectTest()
     {
-        newProject();
-        DeleteRows(p().rsUserGroups);
-        DeleteRows(p().rsZones);
+        newEmptyProject();
         AddGroupRow(p(), "Fire");
         AddUserRow(p(), "Ann", "Fire", "0912345678");
         AddZoneRow(p(), 3, "Fire", "AB", "");

@@ -1,3 +1,4 @@
+#include <tuple>
 #include <vector>
 
 #include "CaseName.h"
@@ -6,25 +7,6 @@
 #include "DeviceRegisters.h"
 
 namespace {
-
-struct ModelCase
-{
-    const char* name;
-    int high;
-    int low;
-    const char* code;
-};
-
-const std::vector<ModelCase> ModelCases = {
-    {"class 64 is T", 64, 6, "RM64T"},
-    {"class 65 is MT", 65, 6, "RM64MT"},
-    {"exponent 0 gives 1", 65, 0, "RM1MT"},
-    {"class 128 is BQ whatever the exponent", 128, 9, "BQ"},
-    {"any other class is unknown", 66, 6, "UnKnown"},
-};
-
-class ModelCodeTest : public ::testing::TestWithParam<ModelCase>
-{ };
 
 struct SettingCase
 {
@@ -47,13 +29,15 @@ class SettingByteTest : public DeviceTest, public ::testing::WithParamInterface<
 
 } // namespace
 
-TEST_P(ModelCodeTest, NamesTheModelFromItsRegister)
+// Class 64 is T and 65 MT, exponent 0 gives 1; class 128 is BQ whatever the exponent, and
+// any other class is unknown.
+TEST(IdentityTest, NamesTheModelFromItsRegister)
 {
-    EXPECT_EQ(ModelCodeText(GetParam().high, GetParam().low).toStdString(), GetParam().code);
+    const std::tuple<int, int, const char*> models[]
+        = {{64, 6, "RM64T"}, {65, 6, "RM64MT"}, {65, 0, "RM1MT"}, {128, 9, "BQ"}, {66, 6, "UnKnown"}};
+    for (const auto& [high, low, code] : models)
+        EXPECT_EQ(ModelCodeText(high, low).toStdString(), code) << high << " " << low;
 }
-
-INSTANTIATE_TEST_SUITE_P(Classes, ModelCodeTest, ::testing::ValuesIn(ModelCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 // The serial number's odd order is checked through ReadDeviceComm below.
 TEST(IdentityTest, FirmwareChoosesThePrefix)
@@ -84,15 +68,29 @@ TEST_P(SettingByteTest, ParityAndBaudIDBothWays)
 INSTANTIATE_TEST_SUITE_P(Bytes, SettingByteTest, ::testing::ValuesIn(SettingCases),
     [](const auto& info) { return CaseName(info.param.name); });
 
-TEST_F(DeviceTest, ReadDeviceCommFillsTheRecordUnderTheBusyBox)
+// The model, the serial number in its odd order and the settings, under the busy box when
+// asked for; a baud id without a row reads as "UnKnown".
+TEST_F(DeviceTest, ReadDeviceCommFillsTheRecord)
 {
+    struct Case
+    {
+        const char* model;
+        const char* settings;
+        DeviceInfo info;
+    };
+    const Case cases[] = {
+        {"F704024006", "F70304000500C3", {"RM64T", "", "07-08-0506-030401-02", "9600", "E", "5"}},
+        {"F704024106", "F7030400010009", {"RM64MT", "", "07-08-0506-030401-02", "UnKnown", "N", "1"}},
+    };
     ASSERT_TRUE(EnsureCommOpen(g, comm));
-    platform.serial.answer(WithCrc("F704024006"));
-    platform.serial.answer(WithCrc("F704080102030405060708"));
-    platform.serial.answer(WithCrc("F70304000500C3"));
-    DeviceInfo info;
-    EXPECT_TRUE(ReadDeviceComm(g, info, true));
-    EXPECT_EQ(info, (DeviceInfo {"RM64T", "", "07-08-0506-030401-02", "9600", "E", "5"}));
+    for (const Case& c : cases) {
+        platform.serial.answer(WithCrc(c.model));
+        platform.serial.answer(WithCrc("F704080102030405060708"));
+        platform.serial.answer(WithCrc(c.settings));
+        DeviceInfo info;
+        EXPECT_TRUE(ReadDeviceComm(g, info, &c == cases));
+        EXPECT_EQ(info, c.info);
+    }
     EXPECT_EQ(Hex(platform.serial.written.at(2)), Hex(WithCrc("F70300800002")));
     EXPECT_EQ(message.Caption, QStringLiteral("裝置通訊設定"));
     EXPECT_EQ(message.lblMessage.Caption, QStringLiteral("讀取裝置通訊設定中..."));
@@ -100,18 +98,10 @@ TEST_F(DeviceTest, ReadDeviceCommFillsTheRecordUnderTheBusyBox)
     EXPECT_EQ(message.MousePointer, Pointer::Default);
 }
 
-TEST_F(DeviceTest, AnUnknownBaudIDStillReads)
+// Model codes are compared exactly: a lower-case model has no rows.
+TEST_F(DeviceTest, TheBaudRateIsLookedUpByTheExactModel)
 {
-    ASSERT_TRUE(EnsureCommOpen(g, comm));
-    platform.serial.answer(WithCrc("F704024106"));
-    platform.serial.answer(WithCrc("F704080102030405060708"));
-    platform.serial.answer(WithCrc("F70304000100 09"));
     DeviceInfo info;
-    EXPECT_TRUE(ReadDeviceComm(g, info, false));
-    EXPECT_EQ(info.Model, QStringLiteral("RM64MT"));
-    EXPECT_EQ(info.BaudRate, QStringLiteral("UnKnown"));
-    EXPECT_EQ(info.Parity, QStringLiteral("N"));
-    // Model codes are compared exactly: a lower-case model has no rows.
     info.Model = QStringLiteral("rm64mt");
     EXPECT_EQ(LookupBaudRate(g, info, QStringLiteral("3")), QStringLiteral("UnKnown"));
     info.Model = QStringLiteral("RM64MT");

@@ -44,24 +44,6 @@ const std::vector<OpenFailureCase> OpenFailureCases = {
 class OpenFailureTest : public DeviceTest, public ::testing::WithParamInterface<OpenFailureCase>
 { };
 
-struct PortPathCase
-{
-    const char* name;
-    int port;
-    const char* path;
-};
-
-const std::vector<PortPathCase> PortPathCases = {
-    {"COM1 is the first USB adapter", 1, "/dev/ttyUSB0"},
-    {"COM8 is the eighth USB adapter", 8, "/dev/ttyUSB7"},
-    {"COM9 is the first built in port", 9, "/dev/ttyS0"},
-    {"COM16 is the eighth built in port", 16, "/dev/ttyS7"},
-    {"COM17 is the first ACM device", 17, "/dev/ttyACM0"},
-};
-
-class PortPathTest : public ::testing::TestWithParam<PortPathCase>
-{ };
-
 } // namespace
 
 TEST_P(PortRangeTest, ChecksThePortNumberBeforeOpening)
@@ -107,13 +89,14 @@ TEST_P(OpenFailureTest, SaysWhatToDoAndTriesAgainNextTime)
 INSTANTIATE_TEST_SUITE_P(Causes, OpenFailureTest, ::testing::ValuesIn(OpenFailureCases),
     [](const auto& info) { return CaseName(info.param.name); });
 
-TEST_P(PortPathTest, MapsPortNumbersToDevices)
+// COM1 to COM8 are the USB adapters, COM9 to COM16 the built-in ports, COM17 on the ACM devices.
+TEST(CommPortsTest, MapsPortNumbersToDevices)
 {
-    EXPECT_EQ(CommPortPath(LinkState(), GetParam().port).toStdString(), GetParam().path);
+    const std::pair<int, const char*> paths[] = {{1, "/dev/ttyUSB0"}, {8, "/dev/ttyUSB7"}, {9, "/dev/ttyS0"},
+        {16, "/dev/ttyS7"}, {17, "/dev/ttyACM0"}};
+    for (const auto& [port, path] : paths)
+        EXPECT_EQ(CommPortPath(LinkState(), port).toStdString(), path) << port;
 }
-
-INSTANTIATE_TEST_SUITE_P(Linux, PortPathTest, ::testing::ValuesIn(PortPathCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 TEST(CommPortsTest, APortIsGivenAsANumberOrADevicePath)
 {

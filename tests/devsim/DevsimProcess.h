@@ -10,6 +10,7 @@
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <QThread>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -133,4 +134,19 @@ inline QJsonObject ReadDump(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return QJsonDocument::fromJson(file.readAll()).object();
+}
+
+// The dialler rewrites its dump a moment after each answer: the dump once it has received the
+// given number of requests, or the last one read after five seconds.
+inline QJsonObject DumpAfter(const QString& path, int requests)
+{
+    auto received = [](const QJsonObject& dump) { return dump["requests"].toObject()["received"].toInt(); };
+    QElapsedTimer clock;
+    clock.start();
+    QJsonObject dump = ReadDump(path);
+    while (received(dump) < requests && clock.elapsed() < 5000) {
+        QThread::msleep(2);
+        dump = ReadDump(path);
+    }
+    return dump;
 }

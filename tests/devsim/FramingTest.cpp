@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "CaseName.h"
 #include "Dialler.h"
 
 using namespace devsim;
@@ -24,29 +23,6 @@ struct FramingCase
     qint64 discarded;
 };
 
-class FramingTest : public testing::TestWithParam<FramingCase>
-{ };
-
-// The frame gap is 3.5 characters at 9600 baud, about 3.6 ms.
-TEST_P(FramingTest, CutsRequestsFromTheLine)
-{
-    const FramingCase& c = GetParam();
-    Dialler dialler {DiallerSettings {}};
-    std::vector<Reply> replies;
-    for (const Step& step : c.steps) {
-        const std::vector<Reply> some = *step.hex ? dialler.receive(QByteArray::fromHex(step.hex), step.atUs)
-                                                  : dialler.silence(step.atUs);
-        replies.insert(replies.end(), some.begin(), some.end());
-    }
-    ASSERT_EQ(int(replies.size()), c.answers);
-    for (size_t i = 0; i < replies.size(); ++i) {
-        EXPECT_EQ(replies[i].bytes, ProbeAnswer);
-        EXPECT_EQ(replies[i].request, int(i) + 1);
-    }
-    EXPECT_EQ(dialler.toJson()[QStringLiteral("requests")][QStringLiteral("discardedBytes")].toInteger(),
-        c.discarded);
-}
-
 const FramingCase FramingCases[] = {
     {"whole frame", {{0, PROBE}}, 1, 0},
     {"split over three reads", {{0, "F704"}, {1000, "000600"}, {2000, "01C55D"}}, 1, 0},
@@ -60,7 +36,27 @@ const FramingCase FramingCases[] = {
     {"another station is not answered or numbered", {{0, "010300000001840A" PROBE}}, 1, 0},
 };
 
-INSTANTIATE_TEST_SUITE_P(DiallerTest, FramingTest, testing::ValuesIn(FramingCases),
-    [](const testing::TestParamInfo<FramingCase>& info) { return CaseName(info.param.name); });
+// The frame gap is 3.5 characters at 9600 baud, about 3.6 ms.
+TEST(FramingTest, CutsRequestsFromTheLine)
+{
+    for (const FramingCase& c : FramingCases) {
+        SCOPED_TRACE(c.name);
+        Dialler dialler {DiallerSettings {}};
+        std::vector<Reply> replies;
+        for (const Step& step : c.steps) {
+            const std::vector<Reply> some = *step.hex
+                ? dialler.receive(QByteArray::fromHex(step.hex), step.atUs)
+                : dialler.silence(step.atUs);
+            replies.insert(replies.end(), some.begin(), some.end());
+        }
+        ASSERT_EQ(int(replies.size()), c.answers);
+        for (size_t i = 0; i < replies.size(); ++i) {
+            EXPECT_EQ(replies[i].bytes, ProbeAnswer);
+            EXPECT_EQ(replies[i].request, int(i) + 1);
+        }
+        EXPECT_EQ(dialler.toJson()[QStringLiteral("requests")][QStringLiteral("discardedBytes")].toInteger(),
+            c.discarded);
+    }
+}
 
 } // namespace

@@ -70,9 +70,7 @@ void WriteMlFile(const QString& path, const Rows& texts = SampleTexts, const Row
 
 void WriteProfile(const QString& path, const QString& applied, const QString& alternate = "ChineseBig5")
 {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(
+    WriteAll(path,
         ("[Comm]\r\nTimeOut=2\r\nRetry=3\r\n\r\n[ML]\r\nAppliedLangName=" + applied + "\r\nAlternateLangName="
             + alternate + "\r\nOriginalLangName =ChineseBig5\r\nIsFormDisable= 0\r\nIsTextDisable= 1\r\n")
             .toUtf8());
@@ -266,11 +264,7 @@ TEST_F(MLUtilTest, MissingLanguageFileShowsTheBoxAndEndsAtOnce)
 TEST_F(MLUtilTest, LanguageFileThatIsNoDatabaseFailsAtTheFirstLoad)
 {
     WriteProfile(folder.path("VORNA.set"), "English");
-    {
-        QFile file(folder.path("VORNA.ml"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray(4096, 'x'));
-    }
+    WriteAll(folder.path("VORNA.ml"), QByteArray(4096, 'x'));
     platform.expectBox(MsgBox::Critical,
         "OpenMDBConn Failed!\nConnect String:" + ConnectString("VORNA.ml", QString(), QString()),
         "OpenMDBConn Failed");

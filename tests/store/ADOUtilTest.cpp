@@ -13,6 +13,7 @@
 #include "ADOUtil.h"
 #include "CaseName.h"
 #include "ScriptedPlatform.h"
+#include "TestFolder.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 
@@ -449,10 +450,7 @@ TEST(OpenMDBConnTest, MissingFileGivesNothingSilentlyAndAForeignFileTwoBoxes)
     EXPECT_EQ(conn.State(), 0);
 
     const QString path = dir.filePath("text.mir");
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray(4096, 'x'));
-    file.close();
+    WriteAll(path, QByteArray(4096, 'x'));
     platform.expectBox(16, "OpenMDBConn Failed!\nConnect String:Provider=SQLite;Data Source=" + path + ";",
         "OpenMDBConn Failed");
     platform.expectBox(0, "file is not a database", "VORNA");

@@ -8,15 +8,10 @@
 #include <QTemporaryDir>
 
 #include "FileUtil.h"
+#include "TestFolder.h"
 #include "UnhandledError.h"
 
 namespace {
-
-QByteArray ReadBytes(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 // Runs in a fresh current folder that holds a source a.mir and a destination a.cmb.
 class FileUtilTest : public ::testing::Test
@@ -27,11 +22,8 @@ protected:
         ASSERT_TRUE(dir.isValid());
         previous = CurDir();
         ChDir(dir.path());
-        for (const auto& [name, bytes] : {std::pair {"a.mir", "new contents"}, {"a.cmb", "old"}}) {
-            QFile f(name);
-            ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-            f.write(bytes);
-        }
+        WriteAll("a.mir", "new contents");
+        WriteAll("a.cmb", "old");
     }
     void TearDown() override { ChDir(previous); }
     QStringList files() const { return QDir(dir.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
@@ -47,7 +39,7 @@ TEST_F(FileUtilTest, TextFilesRoundTripWithTheirLineBreaks)
     EXPECT_TRUE(FileExists("VORNA.set"));
     EXPECT_EQ(ReadTextFile("VORNA.set"), text);
     EXPECT_EQ(WriteTextFile("short", "VORNA.set"), 5); // writing replaces the whole file
-    EXPECT_EQ(ReadBytes("VORNA.set"), "short");
+    EXPECT_EQ(ReadAll("VORNA.set"), "short");
 
     DeleteFile("VORNA.set");
     EXPECT_FALSE(FileExists("VORNA.set"));
@@ -82,14 +74,14 @@ TEST_F(FileUtilTest, FileCopyReplacesTheDestinationOrLeavesItAsItWas)
     for (const auto& [source, destination] : failing) {
         EXPECT_FALSE(FileCopy(dir.filePath(source), dir.filePath(destination)))
             << source << " " << destination;
-        EXPECT_EQ(ReadBytes("a.cmb"), "old") << source << " " << destination;
+        EXPECT_EQ(ReadAll("a.cmb"), "old") << source << " " << destination;
         EXPECT_EQ(files(), QStringList({"a.cmb", "a.mir"})) << source << " " << destination;
     }
 
     EXPECT_TRUE(FileCopy(dir.filePath("a.mir"), dir.filePath("a.cmb")));
-    EXPECT_EQ(ReadBytes("a.cmb"), "new contents");
+    EXPECT_EQ(ReadAll("a.cmb"), "new contents");
     EXPECT_TRUE(FileCopy("a.mir", "b.cmb")); // a new destination, relative paths
-    EXPECT_EQ(ReadBytes("b.cmb"), "new contents");
+    EXPECT_EQ(ReadAll("b.cmb"), "new contents");
     EXPECT_EQ(files(), QStringList({"a.cmb", "a.mir", "b.cmb"}));
 }
 
@@ -102,7 +94,7 @@ TEST_F(FileUtilTest, FileCopyLeavesTheDestinationWhenInterruptedBeforeTheRename)
     };
     EXPECT_THROW(FileCopy("a.mir", "a.cmb", cut), std::runtime_error);
     EXPECT_TRUE(interrupted);
-    EXPECT_EQ(ReadBytes("a.cmb"), "old");
+    EXPECT_EQ(ReadAll("a.cmb"), "old");
     EXPECT_EQ(files(), QStringList({"a.cmb", "a.mir"}));
 }
 
@@ -112,14 +104,14 @@ TEST_F(FileUtilTest, AReadOnlyFileIsNeitherReplacedNorDeletedWithoutForce)
     EXPECT_FALSE(FileCopy("a.mir", "a.cmb"));
     EXPECT_THROW(DeleteFile("a.cmb"), UnhandledError);
     EXPECT_THROW(PrepareReplace("a.cmb"), UnhandledError);
-    EXPECT_EQ(ReadBytes("a.cmb"), "old");
+    EXPECT_EQ(ReadAll("a.cmb"), "old");
     EXPECT_EQ(files(), QStringList({"a.cmb", "a.mir"}));
 
     // Forced, the file loses its mark but stays until the copy takes its place.
     PrepareReplace("a.cmb", true);
-    EXPECT_EQ(ReadBytes("a.cmb"), "old");
+    EXPECT_EQ(ReadAll("a.cmb"), "old");
     EXPECT_TRUE(FileCopy("a.mir", "a.cmb"));
-    EXPECT_EQ(ReadBytes("a.cmb"), "new contents");
+    EXPECT_EQ(ReadAll("a.cmb"), "new contents");
     QFile::setPermissions("a.cmb", QFileDevice::ReadOwner);
     DeleteFile(dir.filePath("a.cmb"), true);
     EXPECT_EQ(files(), QStringList({"a.mir"}));

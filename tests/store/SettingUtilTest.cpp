@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "CaseName.h"
 #include "SettingUtil.h"
 #include "UnhandledError.h"
 
@@ -29,19 +28,14 @@ const std::array SplitCases = {
     SplitCase {"lines beyond the array are counted", "1\r2\r3\r4\r5\r6\r7", 7, {"1", "2", "3", "4", "5"}},
 };
 
-class SplitLinesCases : public ::testing::TestWithParam<SplitCase>
-{ };
-
-TEST_P(SplitLinesCases, NumbersEveryLine)
+TEST(SplitLinesTest, NumbersEveryLine)
 {
-    const SplitCase& c = GetParam();
-    QStringList lines(5);
-    EXPECT_EQ(SplitLines(c.text, lines), c.count);
-    EXPECT_EQ(lines, c.lines);
+    for (const SplitCase& c : SplitCases) {
+        QStringList lines(5);
+        EXPECT_EQ(SplitLines(c.text, lines), c.count) << c.name;
+        EXPECT_EQ(lines, c.lines) << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(SettingUtil, SplitLinesCases, ::testing::ValuesIn(SplitCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 struct ProfileCase
 {
@@ -76,17 +70,11 @@ const std::array ProfileTable = {
     ProfileCase {"empty value", "ML", "AlternateLangName", "[ML]\r\nAlternateLangName=\r\n", ""},
 };
 
-class ProfileCases : public ::testing::TestWithParam<ProfileCase>
-{ };
-
-TEST_P(ProfileCases, FindsTheValueOrTheDefault)
+TEST(GetProfileStringTest, FindsTheValueOrTheDefault)
 {
-    const ProfileCase& c = GetParam();
-    EXPECT_EQ(GetProfileString(c.section, c.key, "dflt", c.text), c.expected);
+    for (const ProfileCase& c : ProfileTable)
+        EXPECT_EQ(GetProfileString(c.section, c.key, "dflt", c.text), c.expected) << c.name;
 }
-
-INSTANTIATE_TEST_SUITE_P(SettingUtil, ProfileCases, ::testing::ValuesIn(ProfileTable),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 QString ManyLines(int count, int keyLine)
 {

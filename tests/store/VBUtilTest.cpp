@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "CaseName.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 
@@ -30,18 +29,12 @@ const std::array FnameCases = {
     FnameCase {"trailing separator", "C:\\dir\\", {"", "C:\\dir\\", "", "C:\\dir\\"}},
 };
 
-class GetFnameModes : public ::testing::TestWithParam<FnameCase>
-{ };
-
-TEST_P(GetFnameModes, KeepTheRulesWithTheirGaps)
+TEST(GetFnameTest, ModesKeepTheRulesWithTheirGaps)
 {
-    const FnameCase& c = GetParam();
-    for (int mode = 0; mode < 4; ++mode)
-        EXPECT_EQ(GetFname(c.path, mode), c.parts[mode]) << "mode " << mode;
+    for (const FnameCase& c : FnameCases)
+        for (int mode = 0; mode < 4; ++mode)
+            EXPECT_EQ(GetFname(c.path, mode), c.parts[mode]) << c.name << ", mode " << mode;
 }
-
-INSTANTIATE_TEST_SUITE_P(VBUtil, GetFnameModes, ::testing::ValuesIn(FnameCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 TEST(GetFnameTest, OtherModeStopsTheProgram)
 {

@@ -26,7 +26,6 @@ bool ScriptedSerialLine::open(const QString& path, const SerialSettings& setting
 
 void ScriptedSerialLine::close()
 {
-    ++closeCount;
     m_open = false;
 }
 

@@ -31,8 +31,6 @@ public:
     void answer(const QByteArray& bytes) { m_answers.push_back({{0, bytes}}); }
     void answerInChunks(std::vector<Chunk> chunks) { m_answers.push_back(std::move(chunks)); }
     void answerNothing() { m_answers.push_back({}); }
-    // Bytes already waiting in the receive queue, as from an earlier exchange.
-    void arriveNow(const QByteArray& bytes) { m_queue += bytes; }
     // The next opens fail for this reason.
     OpenFailure failOpen = OpenFailure::None;
 
@@ -42,8 +40,6 @@ public:
     std::vector<QString> openedPaths;
     SerialSettings openedSettings;
     QByteArray discarded;
-    int closeCount = 0;
-    bool answersUsed() const { return m_answers.empty(); }
 
     bool open(const QString& path, const SerialSettings& settings) override;
     bool isOpen() const override { return m_open; }

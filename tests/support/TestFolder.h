@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -22,6 +23,11 @@ private:
     QTemporaryDir m_dir;
     QString m_previousDir;
 };
+
+// A file's whole content; nothing if it cannot be read.
+QByteArray ReadAll(const QString& path);
+// The file made anew with the given content.
+void WriteAll(const QString& path, const QByteArray& bytes);
 
 // The folder where the build lays out the shipped databases.
 QString ShippedFilesDir();

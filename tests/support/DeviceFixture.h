@@ -6,13 +6,13 @@
 #include <vector>
 
 #include <QByteArray>
-#include <QFile>
 #include <QStringList>
 
 #include "CommBuffer.h"
 #include "CommControl.h"
 #include "CommProtocol.h"
 #include "CoreFixture.h"
+#include "TestFolder.h"
 #include "frmMessage.h"
 
 // A window stand-in with the command pause: startSleep sets the delay flag, and the sleep
@@ -97,6 +97,14 @@ protected:
 
     ProjectState& p() { return g.project; }
 
+    // A new project with neither groups nor zones, for the tests to fill.
+    void newEmptyProject()
+    {
+        newProject();
+        DeleteRows(p().rsUserGroups);
+        DeleteRows(p().rsZones);
+    }
+
     void startJournal()
     {
         platform.events.clear();
@@ -132,11 +140,3 @@ protected:
     CommControl comm {platform};
     frmMessage message {g};
 };
-
-// A file's whole content.
-inline QByteArray FileBytes(const QString& name)
-{
-    QFile f(name);
-    EXPECT_TRUE(f.open(QIODevice::ReadOnly)) << name.toStdString();
-    return f.readAll();
-}
