@@ -1,5 +1,3 @@
-#include <QFile>
-
 #include "CaseName.h"
 #include "ModelFixture.h"
 #include "UnhandledError.h"
@@ -8,12 +6,6 @@
 #include "frmToolsOptions.h"
 
 namespace {
-
-QByteArray ReadAll(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 struct OptionsCase
 {
