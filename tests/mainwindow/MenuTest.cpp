@@ -169,15 +169,11 @@ TEST_P(SaveKeyTest, CommitsOnlyWhenTheSetUpEnablesSave)
     const QString path = newProject();
     if (c.modified)
         addGroup(QStringLiteral("Guards"));
-    const auto bytes = [&] {
-        QFile f(path);
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    };
-    const QByteArray before = bytes();
+    const QByteArray before = ReadAll(path);
 
     main.shortcut(QStringLiteral("Ctrl+S"));
 
-    EXPECT_EQ(bytes() != before, c.commits);
+    EXPECT_EQ(ReadAll(path) != before, c.commits);
     EXPECT_FALSE(g.project.IsProjectModified);
     EXPECT_EQ(main.menu(QStringLiteral("mnuFileSave")).Enabled, c.modified);
     CloseProject(g);
