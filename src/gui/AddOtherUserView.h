@@ -1,12 +1,13 @@
 #pragma once
 
-#include "FormView.h"
-
-class frmAddOtherUser;
+#include "GroupChoiceView.h"
+#include "frmAddOtherUser.h"
 
 // A contact outside the group, to add to it; a name may be typed.
-class AddOtherUserView : public DialogView
+class AddOtherUserView : public GroupChoiceView<frmAddOtherUser>
 {
 public:
-    explicit AddOtherUserView(frmAddOtherUser& model, QWidget* parent = nullptr);
+    explicit AddOtherUserView(frmAddOtherUser& model, QWidget* parent = nullptr)
+        : GroupChoiceView(model, model.cmbAddUser, parent)
+    { }
 };
