@@ -7,7 +7,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -20,7 +19,7 @@
 #include <QTreeWidget>
 
 #include "EventWatch.h"
-#include "Twips.h"
+#include "ItemLook.h"
 
 namespace {
 
@@ -261,8 +260,7 @@ void FormBinder::bind(QTreeWidget* widget, ListView& control, Handler click, Han
                 labels << c.Text;
             widget->setColumnCount(static_cast<int>(labels.size()));
             widget->setHeaderLabels(labels);
-            for (int i = 0; i < static_cast<int>(control.ColumnHeaders.size()); ++i)
-                widget->header()->resizeSection(i, Twips::toPixels(control.ColumnHeaders[i].Width));
+            fitColumns(widget, control.ColumnHeaders);
         }
         if (shown->ListItems != control.ListItems) {
             widget->clear();

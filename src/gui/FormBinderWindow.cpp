@@ -95,8 +95,7 @@ void FormBinder::bind(QTreeView* widget, ListView& control, Handler dblClick)
     widget->header()->setStretchLastSection(false);
     add(widget, control, [widget, &control, model] {
         if (model->sync())
-            for (int i = 0; i < static_cast<int>(control.ColumnHeaders.size()); ++i)
-                widget->header()->resizeSection(i, Twips::toPixels(control.ColumnHeaders[i].Width));
+            fitColumns(widget, control.ColumnHeaders);
         const QModelIndex selected
             = control.SelectedItem >= 0 ? model->index(control.SelectedItem, 0) : QModelIndex();
         if (widget->currentIndex() != selected)

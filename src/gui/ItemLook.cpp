@@ -1,14 +1,26 @@
 #include "ItemLook.h"
 
+#include <algorithm>
+
 #include <QAbstractItemView>
 #include <QBrush>
 #include <QColor>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QPalette>
 #include <QToolTip>
+#include <QTreeView>
 
 #include "Controls.h"
+#include "Twips.h"
+
+void fitColumns(QTreeView* view, const std::vector<ColumnHeader>& columns)
+{
+    QHeaderView* header = view->header();
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i)
+        header->resizeSection(i, std::max(Twips::toPixels(columns[i].Width), header->sectionSizeHint(i)));
+}
 
 QVariant foregroundOf(quint32 ForeColor)
 {
