@@ -25,14 +25,24 @@ void FormBinder::bind(QTreeView* widget, TreeView& control, Handler nodeClick, H
     widget->setItemDelegate(new CutTextDelegate(widget));
     add(widget, control, [widget, &control, model] {
         model->sync();
+        const QModelIndex selected = model->indexOfNode(control.SelectedItem);
+        const bool moved = widget->currentIndex() != selected;
+        // A node that a command selects shows, as the user's own choice would: its branch opens
+        // and the pane scrolls to it.
+        if (moved)
+            for (QModelIndex up = selected.parent(); up.isValid(); up = up.parent())
+                if (const int n = model->nodeOf(up); n >= 0 && n < static_cast<int>(control.Nodes.size()))
+                    control.Nodes[n].Expanded = true;
         {
             const QSignalBlocker block(widget);
             for (int i = 0; i < static_cast<int>(control.Nodes.size()); ++i)
                 widget->setExpanded(model->indexOfNode(i), control.Nodes[i].Expanded);
         }
-        const QModelIndex selected = model->indexOfNode(control.SelectedItem);
-        if (widget->currentIndex() != selected)
+        if (moved) {
             widget->setCurrentIndex(selected);
+            if (selected.isValid())
+                widget->scrollTo(selected);
+        }
     });
 
     const auto setExpanded = [&control, model](const QModelIndex& index, bool expanded) {

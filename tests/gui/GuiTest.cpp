@@ -315,6 +315,20 @@ TEST_F(MainWindowViewTest, TheListFollowsTheTreeByMouseAndByKeys)
     EXPECT_EQ(tree->currentIndex(), node("UserGroups"));
 }
 
+// A node that a command selects inside a closed branch shows: the branch opens to it, and
+// the model learns that it is open.
+TEST_F(MainWindowViewTest, ANodeThatACommandSelectsShowsInItsOpenedBranch)
+{
+    ASSERT_FALSE(tree->isExpanded(node("UserGroups")));
+    vorna.mainForm.selectNode(FindNodeByTag(vorna.mainForm, QStringLiteral("UserGroups,UserGroup1")));
+    window->refresh();
+    EXPECT_EQ(tree->currentIndex(), node("UserGroups,UserGroup1"));
+    EXPECT_TRUE(tree->isExpanded(node("UserGroups")));
+    EXPECT_TRUE(
+        vorna.mainForm.tvProjectContent.Nodes[FindNodeByTag(vorna.mainForm, QStringLiteral("UserGroups"))]
+            .Expanded);
+}
+
 // Disabled contacts and zones show in the palette's disabled text and the others in its
 // text, which on a dark palette is no longer black.
 TEST_F(MainWindowViewTest, NodesTakeTheirColoursFromThePalette)
