@@ -31,7 +31,7 @@ TEST_P(DeviceMenuSetUpTest, FollowsTheLinkAndTheProject)
         newProject();
     g.link.IsDeviceConnected = c.connected;
     main.openMenu("mnuDevice");
-    EXPECT_EQ(entry("mnuDeviceConnect").Caption, QStringLiteral("連線簡訊報警機"));
+    EXPECT_EQ(entry("mnuDeviceConnect").Caption, "連線簡訊報警機");
     EXPECT_EQ(entry("mnuDeviceConnect").Checked, c.connected);
     EXPECT_TRUE(entry("mnuDeviceConnect").Enabled);
     EXPECT_EQ(entry("mnuDeviceSetting").Enabled, c.connected);
@@ -57,10 +57,10 @@ TEST_F(DeviceMenuTest, ConnectProbesThePortThatTheDialogOpened)
     });
     g.link.Retry = 0;
     platform.serial.answerNothing();
-    platform.expectBoxWithAnyText(MsgBox::Critical, QStringLiteral("連線簡訊報警機"));
+    platform.expectBoxWithAnyText(MsgBox::Critical, "連線簡訊報警機");
     main.clickMenu("mnuDeviceConnect");
     EXPECT_EQ(platform.serial.written.size(), 1u);
-    EXPECT_EQ(main.panel("ConnectStatus").Picture, QStringLiteral("DisConnect"));
+    EXPECT_EQ(main.panel("ConnectStatus").Picture, "DisConnect");
 }
 
 // The download commits the working copy first, without a question; the new date goes into the
@@ -72,8 +72,7 @@ TEST_F(DeviceMenuTest, DownloadCommitsTheWorkingCopyFirst)
     AddUserRow(g.project, "Ann", "Fire", "0912345678");
     platform.clock = QDateTime(QDate(2026, 12, 1), QTime(8, 0));
     g.link.IsDeviceConnected = true;
-    platform.expectBoxWithAnyText(
-        MsgBox::OKCancel + MsgBox::Question, QStringLiteral("下載專案"), MsgBox::Cancel);
+    platform.expectBoxWithAnyText(MsgBox::OKCancel + MsgBox::Question, "下載專案", MsgBox::Cancel);
     main.clickMenu("mnuDeviceDownLoad");
 
     EXPECT_FALSE(g.project.IsProjectModified);

@@ -179,7 +179,7 @@ TEST_P(TreeWidthTest, TheTreeFitsItsNamesUntilTheUserGivesItAWidth)
 {
     const TreeWidthCase c = GetParam();
     if (c.stored)
-        platform.settings[QStringLiteral("Settings/MainTreeWidth")] = QString::fromLatin1(c.stored);
+        platform.settings["Settings/MainTreeWidth"] = QString::fromLatin1(c.stored);
     main.Form_Load();
     main.ScaleHeight = 6210;
     main.Form_Resize();

@@ -34,8 +34,7 @@ TEST_P(FormLoadTest, RestoresThePlaceFromTheSettingsStore)
     const char* keys[] = {"MainLeft", "MainTop", "MainWidth", "MainHeight"};
     for (int i = 0; i < 4; ++i)
         if (c.stored[i])
-            platform.settings[QStringLiteral("Settings/") + QString::fromLatin1(keys[i])]
-                = QString::fromLatin1(c.stored[i]);
+            platform.settings["Settings/" + QString::fromLatin1(keys[i])] = QString::fromLatin1(c.stored[i]);
     main.mIsInDelay = true;
 
     main.Form_Load();
@@ -53,16 +52,16 @@ INSTANTIATE_TEST_SUITE_P(Stores, FormLoadTest, ::testing::ValuesIn(kLoadCases),
 
 TEST_F(MainWindowTest, AStoredPlaceThatIsNoNumberIsAnUnhandledError)
 {
-    platform.settings[QStringLiteral("Settings/MainTop")] = QStringLiteral("left of centre");
+    platform.settings["Settings/MainTop"] = "left of centre";
     EXPECT_THROW(main.Form_Load(), UnhandledError);
 }
 
 TEST_F(MainWindowTest, LoadFormObjWelcomesAndBlanksTheProjectTexts)
 {
     main.LoadFormObj();
-    EXPECT_EQ(main.panel(QStringLiteral("Status")).Text, QStringLiteral("歡迎使用 簡訊報警機"));
-    EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QString());
-    EXPECT_EQ(main.panel(QStringLiteral("ConnectStatus")).Text, QStringLiteral("Offline"));
+    EXPECT_EQ(main.panel("Status").Text, "歡迎使用 簡訊報警機");
+    EXPECT_EQ(main.panel("ProjName").Text, QString());
+    EXPECT_EQ(main.panel("ConnectStatus").Text, "Offline");
     EXPECT_EQ(main.lbltvProjectContentCaption.Caption, QString());
     EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QString()) << "no node selected";
     EXPECT_TRUE(main.tvProjectContent.Nodes.empty());
@@ -71,12 +70,12 @@ TEST_F(MainWindowTest, LoadFormObjWelcomesAndBlanksTheProjectTexts)
 
 TEST_F(ProjectWindowTest, OpeningAProjectShowsItsNameInTheLabelAndThePanel)
 {
-    newProject(QStringLiteral("Site A.cmb"));
-    EXPECT_EQ(main.lbltvProjectContentCaption.Caption, QStringLiteral("Site A"));
-    EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QStringLiteral("Site A"));
+    newProject("Site A.cmb");
+    EXPECT_EQ(main.lbltvProjectContentCaption.Caption, "Site A");
+    EXPECT_EQ(main.panel("ProjName").Text, "Site A");
     EXPECT_EQ(main.MousePointer, Pointer::Default);
     CloseProject(g);
-    EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QString());
+    EXPECT_EQ(main.panel("ProjName").Text, QString());
 }
 
 // Cancel keeps the window and the project, so the next close asks again; what each answer
@@ -84,15 +83,14 @@ TEST_F(ProjectWindowTest, OpeningAProjectShowsItsNameInTheLabelAndThePanel)
 TEST_F(ProjectWindowTest, ClosingWithEditsCancelKeepsTheProjectAndNoClosesItAndExits)
 {
     newProject();
-    addGroup(QStringLiteral("Night shift"));
-    platform.expectBox(
-        MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::Cancel);
+    addGroup("Night shift");
+    platform.expectBox(MsgBox::YesNoCancel, SavePrompt("Project1"), SaveTitle, MsgBox::Cancel);
     int cancel = 0;
     main.Form_Unload(cancel);
     EXPECT_EQ(cancel, 1);
-    EXPECT_EQ(g.project.ProjectName, QStringLiteral("Project1"));
+    EXPECT_EQ(g.project.ProjectName, "Project1");
 
-    platform.expectBox(MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::No);
+    platform.expectBox(MsgBox::YesNoCancel, SavePrompt("Project1"), SaveTitle, MsgBox::No);
     cancel = 0;
     try {
         main.Form_Unload(cancel);
@@ -126,7 +124,7 @@ class ExitTest : public MainWindowTest, public ::testing::WithParamInterface<Exi
 TEST_P(ExitTest, StoresThePlaceUnlessMinimisedAndAlwaysTheViewMode)
 {
     const ExitCase c = GetParam();
-    platform.settings[QStringLiteral("Settings/MainLeft")] = QStringLiteral("1234");
+    platform.settings["Settings/MainLeft"] = "1234";
     main.Left = 300;
     main.Top = 450;
     main.Width = 9000.5;
@@ -136,14 +134,14 @@ TEST_P(ExitTest, StoresThePlaceUnlessMinimisedAndAlwaysTheViewMode)
     EXPECT_THROW(main.mnuFileExit_Click(), ProcessEnded);
 
     auto stored = [&](const char* key) {
-        const auto it = platform.settings.find(QStringLiteral("Settings/") + QString::fromLatin1(key));
-        return it == platform.settings.end() ? QStringLiteral("<none>") : it->second;
+        const auto it = platform.settings.find("Settings/" + QString::fromLatin1(key));
+        return it == platform.settings.end() ? "<none>" : it->second;
     };
-    EXPECT_EQ(stored("MainLeft"), c.placeWritten ? QStringLiteral("300") : QStringLiteral("1234"));
-    EXPECT_EQ(stored("MainTop"), c.placeWritten ? QStringLiteral("450") : QStringLiteral("<none>"));
-    EXPECT_EQ(stored("MainWidth"), c.placeWritten ? QStringLiteral("9000.5") : QStringLiteral("<none>"));
-    EXPECT_EQ(stored("MainHeight"), c.placeWritten ? QStringLiteral("5000") : QStringLiteral("<none>"));
-    EXPECT_EQ(stored("ViewMode"), QStringLiteral("3"));
+    EXPECT_EQ(stored("MainLeft"), c.placeWritten ? "300" : "1234");
+    EXPECT_EQ(stored("MainTop"), c.placeWritten ? "450" : "<none>");
+    EXPECT_EQ(stored("MainWidth"), c.placeWritten ? "9000.5" : "<none>");
+    EXPECT_EQ(stored("MainHeight"), c.placeWritten ? "5000" : "<none>");
+    EXPECT_EQ(stored("ViewMode"), "3");
 }
 
 INSTANTIATE_TEST_SUITE_P(States, ExitTest,

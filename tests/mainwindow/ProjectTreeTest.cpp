@@ -37,7 +37,7 @@ TEST_F(ProjectContentTest, TheTreeShowsTheThreeBranchesInRecordsetOrder)
 TEST_F(MainWindowTest, WithoutAProjectTheTreeAndListAreEmptyAndTheEventsDoNothing)
 {
     main.tvProjectContent.Nodes.push_back({});
-    main.lbllvNodeContentCaption.Caption = QStringLiteral("old");
+    main.lbllvNodeContentCaption.Caption = "old";
     main.mktvProjContent();
     main.tvProjectContent_NodeClick();
     main.tvProjectContent_DblClick();
@@ -72,7 +72,7 @@ TEST_P(ParseNodeTagTest, SplitsOnCommas)
     const ParseCase& c = GetParam();
     NodeTagItems Items;
     for (int i = 1; i <= 4; ++i)
-        Items(i) = QStringLiteral("old");
+        Items(i) = "old";
     qint16 count = -1;
     ParseNodeTag(QString::fromUtf8(c.tag), Items, count);
     EXPECT_EQ(count, c.count);
@@ -87,7 +87,7 @@ TEST(ParseNodeTag, AFifthFieldIsASubscriptOutOfRange)
 {
     NodeTagItems Items;
     qint16 count = 0;
-    EXPECT_THROW(ParseNodeTag(QStringLiteral("Users,a,b,c,d"), Items, count), UnhandledError);
+    EXPECT_THROW(ParseNodeTag("Users,a,b,c,d", Items, count), UnhandledError);
 }
 
 // The current row of each recordset after the search: rsUsers' UserName, rsUserGroups'

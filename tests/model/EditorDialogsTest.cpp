@@ -46,7 +46,7 @@ public:
     // scripts what the user does in the editor.
     void expectZoneEditor(int zoneNo, std::function<void(frmEditZoneList&)> user)
     {
-        ASSERT_TRUE(FindRecord(p().rsZones, QStringLiteral("ZoneNo"), QString::number(zoneNo), false));
+        ASSERT_TRUE(FindRecord(p().rsZones, "ZoneNo", QString::number(zoneNo), false));
         expectDialog<frmEditZoneList>(std::move(user));
     }
 };
