@@ -61,31 +61,27 @@ constexpr std::array kFileMenuCases = {
     FileMenuCase {"ModifiedProject", true, true, true, true},
 };
 
-class FileMenuTest : public MainWindowTest, public ::testing::WithParamInterface<FileMenuCase>
-{ };
-
-TEST_P(FileMenuTest, EnablesTheEntriesFromTheProjectState)
+TEST_F(MainWindowTest, EnablesTheEntriesFromTheProjectState)
 {
-    const FileMenuCase c = GetParam();
-    g.project.ProjectName = c.projectOpen ? "Site" : QString();
-    g.project.IsProjectModified = c.modified;
-    // Start from the opposite state, so that every entry must be set.
-    for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
-        main.menu(QString::fromLatin1(name)).Enabled = !c.saveAs;
-    for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
-        main.menu(QString::fromLatin1(name)).Enabled = true;
+    for (const FileMenuCase& c : kFileMenuCases) {
+        SCOPED_TRACE(c.name);
+        g.project.ProjectName = c.projectOpen ? "Site" : QString();
+        g.project.IsProjectModified = c.modified;
+        // Start from the opposite state, so that every entry must be set.
+        for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
+            main.menu(QString::fromLatin1(name)).Enabled = !c.saveAs;
+        for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
+            main.menu(QString::fromLatin1(name)).Enabled = true;
 
-    main.openMenu("mnuFile");
+        main.openMenu("mnuFile");
 
-    EXPECT_EQ(main.menu("mnuFileSave").Enabled, c.save);
-    EXPECT_EQ(main.menu("mnuFileSaveAs").Enabled, c.saveAs);
-    EXPECT_EQ(main.menu("mnuFileBasic").Enabled, c.saveAs);
-    for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
-        EXPECT_TRUE(main.menu(QString::fromLatin1(name)).Enabled) << name;
+        EXPECT_EQ(main.menu("mnuFileSave").Enabled, c.save);
+        EXPECT_EQ(main.menu("mnuFileSaveAs").Enabled, c.saveAs);
+        EXPECT_EQ(main.menu("mnuFileBasic").Enabled, c.saveAs);
+        for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
+            EXPECT_TRUE(main.menu(QString::fromLatin1(name)).Enabled) << name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(States, FileMenuTest, ::testing::ValuesIn(kFileMenuCases),
-    [](const auto& info) { return std::string(info.param.name); });
 
 class RecentMenuTest : public MainWindowTest, public ::testing::WithParamInterface<int>
 { };

@@ -64,24 +64,20 @@ const ParseCase ParseCases[] = {
     {"four fields fill the items", "a,b,,d", 4, {"a", "b", "", "d"}},
 };
 
-class ParseNodeTagTest : public ::testing::TestWithParam<ParseCase>
-{ };
-
-TEST_P(ParseNodeTagTest, SplitsOnCommas)
+TEST(ParseNodeTag, SplitsOnCommas)
 {
-    const ParseCase& c = GetParam();
-    NodeTagItems Items;
-    for (int i = 1; i <= 4; ++i)
-        Items(i) = "old";
-    qint16 count = -1;
-    ParseNodeTag(QString::fromUtf8(c.tag), Items, count);
-    EXPECT_EQ(count, c.count);
-    for (int i = 1; i <= 4; ++i)
-        EXPECT_EQ(Items(i), QString::fromUtf8(c.items[i - 1])) << i;
+    for (const ParseCase& c : ParseCases) {
+        SCOPED_TRACE(c.name);
+        NodeTagItems Items;
+        for (int i = 1; i <= 4; ++i)
+            Items(i) = "old";
+        qint16 count = -1;
+        ParseNodeTag(QString::fromUtf8(c.tag), Items, count);
+        EXPECT_EQ(count, c.count);
+        for (int i = 1; i <= 4; ++i)
+            EXPECT_EQ(Items(i), QString::fromUtf8(c.items[i - 1])) << i;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Tags, ParseNodeTagTest, ::testing::ValuesIn(ParseCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 TEST(ParseNodeTag, AFifthFieldIsASubscriptOutOfRange)
 {
