@@ -28,20 +28,6 @@ public:
             view.addNode(3, S("Zones%1").arg(zone), S("#%1").arg(zone), S("Alarm"), S("Zones,%1").arg(zone));
     }
 
-    // Every row of a table, its fields joined, in table order.
-    QStringList rows(Recordset& rs)
-    {
-        QStringList all;
-        Recordset clone = rs.Clone();
-        for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext()) {
-            QStringList fields;
-            for (int i = 0; i < clone.FieldCount(); ++i)
-                fields << NullToEmpty(clone.Fields(i));
-            all << fields.join(u'|');
-        }
-        clone.Close();
-        return all;
-    }
     // Makes the zone the current row, as the window does before its editor opens, and
     // scripts what the user does in the editor.
     void expectZoneEditor(int zoneNo, std::function<void(frmEditZoneList&)> user)

@@ -80,6 +80,20 @@ public:
         });
     }
 
+    // Every field of every row, joined by bars, in table order.
+    static QStringList rows(const Recordset& rs)
+    {
+        QStringList all;
+        Recordset clone = rs.Clone();
+        for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext()) {
+            QStringList fields;
+            for (int i = 0; i < clone.FieldCount(); ++i)
+                fields << NullToEmpty(clone.Fields(i));
+            all << fields.join('|');
+        }
+        clone.Close();
+        return all;
+    }
     QString field(Recordset& rs, const QString& keyField, const QString& key, const QString& wanted)
     {
         Recordset clone = rs.Clone();
