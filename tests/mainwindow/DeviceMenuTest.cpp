@@ -1,4 +1,3 @@
-#include "CaseName.h"
 #include "MainWindowFixture.h"
 #include "frmComPort.h"
 #include "frmMessage.h"
@@ -21,32 +20,29 @@ struct DeviceMenuCase
     bool download; // enabled; the settings follow the link alone
 };
 
-class DeviceMenuSetUpTest : public DeviceMenuTest, public testing::WithParamInterface<DeviceMenuCase>
-{ };
-
-TEST_P(DeviceMenuSetUpTest, FollowsTheLinkAndTheProject)
-{
-    const DeviceMenuCase& c = GetParam();
-    if (c.projectOpen)
-        newProject();
-    g.link.IsDeviceConnected = c.connected;
-    main.openMenu("mnuDevice");
-    EXPECT_EQ(entry("mnuDeviceConnect").Caption, "連線簡訊報警機");
-    EXPECT_EQ(entry("mnuDeviceConnect").Checked, c.connected);
-    EXPECT_TRUE(entry("mnuDeviceConnect").Enabled);
-    EXPECT_EQ(entry("mnuDeviceSetting").Enabled, c.connected);
-    EXPECT_EQ(entry("mnuDeviceDownLoad").Enabled, c.download);
-}
-
+// The cases without a project run first: the project, once opened, stays for the rest.
 const DeviceMenuCase DeviceMenuCases[] = {
     {"offline without a project", false, false, false},
-    {"offline with a project", false, true, false},
     {"online without a project", true, false, false},
+    {"offline with a project", false, true, false},
     {"online with a project", true, true, true},
 };
 
-INSTANTIATE_TEST_SUITE_P(DeviceMenuTest, DeviceMenuSetUpTest, testing::ValuesIn(DeviceMenuCases),
-    [](const testing::TestParamInfo<DeviceMenuCase>& info) { return CaseName(info.param.name); });
+TEST_F(DeviceMenuTest, TheSetUpFollowsTheLinkAndTheProject)
+{
+    for (const DeviceMenuCase& c : DeviceMenuCases) {
+        SCOPED_TRACE(c.name);
+        if (c.projectOpen && g.project.ProjectName.isEmpty())
+            newProject();
+        g.link.IsDeviceConnected = c.connected;
+        main.openMenu("mnuDevice");
+        EXPECT_EQ(entry("mnuDeviceConnect").Caption, "連線簡訊報警機");
+        EXPECT_EQ(entry("mnuDeviceConnect").Checked, c.connected);
+        EXPECT_TRUE(entry("mnuDeviceConnect").Enabled);
+        EXPECT_EQ(entry("mnuDeviceSetting").Enabled, c.connected);
+        EXPECT_EQ(entry("mnuDeviceDownLoad").Enabled, c.download);
+    }
+}
 
 // A port that the dialog opened is probed at once (here a silent one).
 TEST_F(DeviceMenuTest, ConnectProbesThePortThatTheDialogOpened)
