@@ -114,8 +114,7 @@ TEST_F(ModelTest, AddUserStoresTheContactBeforeItsEditorAndCountsOneTarget)
 
     AddUser(g);
 
-    EXPECT_EQ(field(p().rsUsers, "UserName", "Ann", "GroupName"), "UserGroup1");
-    EXPECT_EQ(field(p().rsUsers, "UserName", "Ann", "PhoneNumber"), QString());
+    EXPECT_EQ(rows(p().rsUsers), QStringList({"Old|0912||UserGroup1\r\nB|False", "Ann|||UserGroup1|"}));
     EXPECT_EQ(p().TelNoCount, 3);
     const RecordingView::Node added {1, {}, "Ann", "UserName", "Users,Ann"};
     EXPECT_EQ(view.nodes.back(), added);
