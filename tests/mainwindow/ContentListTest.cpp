@@ -55,8 +55,8 @@ INSTANTIATE_TEST_SUITE_P(Nodes, NodeContentTest, ::testing::ValuesIn(NodeContent
 
 TEST_F(ProjectContentTest, TheZoneTableHasWiderColumnsWithRecords)
 {
-    click(QStringLiteral("Zones"));
-    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral("警報區域"));
+    click("Zones");
+    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, "警報區域");
     const std::vector<Column> filled {{"警報區", 1000}, {"警報區名稱", 1500}, {"連絡人群組名稱", 1500},
         {"說明", 1300}, {"警報發起訊息", 1500}, {"警報復歸訊息", 1500}, {"暫停使用", 1000}};
     EXPECT_EQ(main.lvNodeContent.ColumnHeaders, filled);
@@ -66,7 +66,7 @@ TEST_F(ProjectContentTest, TheZoneTableHasWiderColumnsWithRecords)
     Recordset& zones = g.project.rsZones;
     for (zones.MoveFirst(); !zones.IsEOF(); zones.MoveNext())
         zones.Delete();
-    click(QStringLiteral("Zones"));
+    click("Zones");
     const std::vector<Column> empty {{"警報區", 800}, {"警報區名稱", 1500}, {"連絡人群組名稱", 1500},
         {"說明", 1200}, {"警報發起訊息", 1200}, {"警報復歸訊息", 1200}, {"暫停使用", 1000}};
     EXPECT_EQ(main.lvNodeContent.ColumnHeaders, empty);
@@ -75,30 +75,28 @@ TEST_F(ProjectContentTest, TheZoneTableHasWiderColumnsWithRecords)
 
 TEST_F(ProjectContentTest, AGroupWithoutMembersShowsItsFiveColumnsAndNoRows)
 {
-    click(QStringLiteral("UserGroups,Fire"));
+    click("UserGroups,Fire");
     const auto fireRows = main.lvNodeContent.ListItems;
-    click(QStringLiteral("UserGroups,A,B"));
+    click("UserGroups,A,B");
     EXPECT_EQ(main.lvNodeContent.ListItems, fireRows);
-    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral("連絡人群組名稱:Fire"))
-        << "a count of 3 changes nothing";
-    click(QStringLiteral("UserGroups,UserGroup1"));
+    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, "連絡人群組名稱:Fire") << "a count of 3 changes nothing";
+    click("UserGroups,UserGroup1");
     EXPECT_EQ(main.lvNodeContent.ColumnHeaders, MemberColumns);
     ASSERT_EQ(main.lvNodeContent.ListItems.size(), 1u);
-    EXPECT_EQ(main.lvNodeContent.ListItems[0].Text, QStringLiteral("Ann"));
+    EXPECT_EQ(main.lvNodeContent.ListItems[0].Text, "Ann");
     EXPECT_TRUE(g.project.rsUsers.IsEOF()) << "the table fill leaves the contacts at end of file";
 }
 
 TEST_F(ProjectContentTest, ANodeWithoutATagIsAnInternalErrorThatLeavesTheList)
 {
-    click(QStringLiteral("Users"));
+    click("Users");
     const auto before = main.lvNodeContent.ListItems;
     main.tvProjectContent.Nodes[0].Tag.clear();
     main.tvProjectContent.SelectedItem = 0;
-    platform.expectBox(
-        16, QStringLiteral("系統內部錯誤，被選中節點的夾帶資訊是為空。"), QStringLiteral("系統內部錯誤"));
+    platform.expectBox(16, "系統內部錯誤，被選中節點的夾帶資訊是為空。", "系統內部錯誤");
     main.tvProjectContent_NodeClick();
     EXPECT_EQ(main.lvNodeContent.ListItems, before);
-    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral("連絡人"));
+    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, "連絡人");
 }
 
 struct ListDblClickCase
@@ -158,10 +156,10 @@ INSTANTIATE_TEST_SUITE_P(Rows, ListDblClickTest, ::testing::ValuesIn(ListDblClic
 
 TEST_F(ProjectContentTest, TheRootSheetFillsTheBranchTableAndExpandsItsNode)
 {
-    click(QStringLiteral("ProjName"));
+    click("ProjName");
     main.lvNodeContent.SelectedItem = 0;
     main.lvNodeContent_DblClick();
-    EXPECT_TRUE(main.tvProjectContent.Nodes[nodeIndex(QStringLiteral("Users"))].Expanded);
+    EXPECT_TRUE(main.tvProjectContent.Nodes[nodeIndex("Users")].Expanded);
     EXPECT_EQ(
         main.lvNodeContent.ColumnHeaders, (std::vector<Column> {{"連絡人名稱", 1500}, {"連絡人說明", 1500}}));
     EXPECT_EQ(main.lvNodeContent.ListItems.size(), 4u);
@@ -170,8 +168,8 @@ TEST_F(ProjectContentTest, TheRootSheetFillsTheBranchTableAndExpandsItsNode)
 // A language that translates the group branch's Key leaves the sheet's group row no branch.
 TEST_F(ProjectContentTest, TheRootSheetsRowWithoutItsBranchIsAnUnhandledError)
 {
-    main.tvProjectContent.Nodes[nodeIndex(QStringLiteral("UserGroups"))].Key = QStringLiteral("Groups");
-    click(QStringLiteral("ProjName"));
+    main.tvProjectContent.Nodes[nodeIndex("UserGroups")].Key = "Groups";
+    click("ProjName");
     main.lvNodeContent.SelectedItem = 1;
     EXPECT_THROW(main.lvNodeContent_DblClick(), UnhandledError);
 }

@@ -166,16 +166,14 @@ TEST_P(ContextMenuTest, ShowsTheEntriesOfTheClickAndMakesItsRecordCurrent)
         return;
     }
     ASSERT_EQ(popups.size(), c.before.tag ? 2 : 1);
-    EXPECT_EQ(popups.back(), QStringLiteral("mnuProjConent"));
+    EXPECT_EQ(popups.back(), "mnuProjConent");
     EXPECT_EQ(visibleEntries(), QString::fromUtf8(c.menu));
     if (*c.record) {
         const QStringList record = QString::fromUtf8(c.record).split(u'=');
         ProjectState& p = g.project;
-        const QString current = record[0] == QLatin1String("Users")
-            ? this->current(p.rsUsers, QStringLiteral("UserName"))
-            : record[0] == QLatin1String("UserGroups")
-            ? this->current(p.rsUserGroups, QStringLiteral("GroupName"))
-            : this->current(p.rsZones, QStringLiteral("ZoneNo"));
+        const QString current = record[0] == QLatin1String("Users") ? this->current(p.rsUsers, "UserName")
+            : record[0] == QLatin1String("UserGroups") ? this->current(p.rsUserGroups, "GroupName")
+                                                       : this->current(p.rsZones, "ZoneNo");
         EXPECT_EQ(current, record[1]);
     }
 }
@@ -220,29 +218,29 @@ TEST_P(TargetLimitTest, ChecksTheNotificationTargetsBeforeTheDialog)
     QStringList groups;
     for (int i = CountTelNo(g.project); i < c.targets; ++i)
         groups << QStringLiteral("G%1").arg(i);
-    addUser(QStringLiteral("Many"), groups.join(CRLF), QStringLiteral("0914"), false);
+    addUser("Many", groups.join(CRLF), "0914", false);
     main.mktvProjContent();
     ASSERT_EQ(CountTelNo(g.project), c.targets);
     g.project.MaxTelNo = static_cast<qint16>(c.maxTelNo);
     const bool addGroup = QLatin1String(c.command) == QLatin1String("mnuProjConentAddGroup");
     if (c.selected)
-        click(addGroup ? QStringLiteral("Users,Bob") : QStringLiteral("UserGroups,Fire"));
+        click(addGroup ? "Users,Bob" : "UserGroups,Fire");
     else
         main.tvProjectContent.SelectedItem = -1;
 
     if (c.warns)
         platform.expectBox(MsgBox::Exclamation,
-            QStringLiteral("通知對象[群組/連絡人]已超過最大筆數[%1]，不得再增加通知對象[群組/連絡人]！")
+            QString("通知對象[群組/連絡人]已超過最大筆數[%1]，不得再增加通知對象[群組/連絡人]！")
                 .arg(c.maxTelNo),
-            QStringLiteral("通知對象[群組/連絡人]已超過最大筆數"));
+            "通知對象[群組/連絡人]已超過最大筆數");
     if (c.opens && addGroup)
         platform.expectModal(g.form<frmAddUserGroup>(), [](frmAddUserGroup& f) {
-            EXPECT_EQ(f.ContactName, QStringLiteral("Bob"));
+            EXPECT_EQ(f.ContactName, "Bob");
             f.cmdCancel_Click();
         });
     if (c.opens && !addGroup)
         platform.expectModal(g.form<frmAddOtherUser>(), [](frmAddOtherUser& f) {
-            EXPECT_EQ(f.CurrentGroupName, QStringLiteral("Fire"));
+            EXPECT_EQ(f.CurrentGroupName, "Fire");
             f.cmdCancel_Click();
         });
 

@@ -1,4 +1,3 @@
-#include "CaseName.h"
 #include "MainWindowFixture.h"
 #include "frmComPort.h"
 #include "frmMessage.h"
@@ -21,32 +20,29 @@ struct DeviceMenuCase
     bool download; // enabled; the settings follow the link alone
 };
 
-class DeviceMenuSetUpTest : public DeviceMenuTest, public testing::WithParamInterface<DeviceMenuCase>
-{ };
-
-TEST_P(DeviceMenuSetUpTest, FollowsTheLinkAndTheProject)
-{
-    const DeviceMenuCase& c = GetParam();
-    if (c.projectOpen)
-        newProject();
-    g.link.IsDeviceConnected = c.connected;
-    main.openMenu("mnuDevice");
-    EXPECT_EQ(entry("mnuDeviceConnect").Caption, QStringLiteral("連線簡訊報警機"));
-    EXPECT_EQ(entry("mnuDeviceConnect").Checked, c.connected);
-    EXPECT_TRUE(entry("mnuDeviceConnect").Enabled);
-    EXPECT_EQ(entry("mnuDeviceSetting").Enabled, c.connected);
-    EXPECT_EQ(entry("mnuDeviceDownLoad").Enabled, c.download);
-}
-
+// The cases without a project run first: the project, once opened, stays for the rest.
 const DeviceMenuCase DeviceMenuCases[] = {
     {"offline without a project", false, false, false},
-    {"offline with a project", false, true, false},
     {"online without a project", true, false, false},
+    {"offline with a project", false, true, false},
     {"online with a project", true, true, true},
 };
 
-INSTANTIATE_TEST_SUITE_P(DeviceMenuTest, DeviceMenuSetUpTest, testing::ValuesIn(DeviceMenuCases),
-    [](const testing::TestParamInfo<DeviceMenuCase>& info) { return CaseName(info.param.name); });
+TEST_F(DeviceMenuTest, TheSetUpFollowsTheLinkAndTheProject)
+{
+    for (const DeviceMenuCase& c : DeviceMenuCases) {
+        SCOPED_TRACE(c.name);
+        if (c.projectOpen && g.project.ProjectName.isEmpty())
+            newProject();
+        g.link.IsDeviceConnected = c.connected;
+        main.openMenu("mnuDevice");
+        EXPECT_EQ(entry("mnuDeviceConnect").Caption, "連線簡訊報警機");
+        EXPECT_EQ(entry("mnuDeviceConnect").Checked, c.connected);
+        EXPECT_TRUE(entry("mnuDeviceConnect").Enabled);
+        EXPECT_EQ(entry("mnuDeviceSetting").Enabled, c.connected);
+        EXPECT_EQ(entry("mnuDeviceDownLoad").Enabled, c.download);
+    }
+}
 
 // A port that the dialog opened is probed at once (here a silent one).
 TEST_F(DeviceMenuTest, ConnectProbesThePortThatTheDialogOpened)
@@ -57,10 +53,10 @@ TEST_F(DeviceMenuTest, ConnectProbesThePortThatTheDialogOpened)
     });
     g.link.Retry = 0;
     platform.serial.answerNothing();
-    platform.expectBoxWithAnyText(MsgBox::Critical, QStringLiteral("連線簡訊報警機"));
+    platform.expectBoxWithAnyText(MsgBox::Critical, "連線簡訊報警機");
     main.clickMenu("mnuDeviceConnect");
     EXPECT_EQ(platform.serial.written.size(), 1u);
-    EXPECT_EQ(main.panel("ConnectStatus").Picture, QStringLiteral("DisConnect"));
+    EXPECT_EQ(main.panel("ConnectStatus").Picture, "DisConnect");
 }
 
 // The download commits the working copy first, without a question; the new date goes into the
@@ -72,8 +68,7 @@ TEST_F(DeviceMenuTest, DownloadCommitsTheWorkingCopyFirst)
     AddUserRow(g.project, "Ann", "Fire", "0912345678");
     platform.clock = QDateTime(QDate(2026, 12, 1), QTime(8, 0));
     g.link.IsDeviceConnected = true;
-    platform.expectBoxWithAnyText(
-        MsgBox::OKCancel + MsgBox::Question, QStringLiteral("下載專案"), MsgBox::Cancel);
+    platform.expectBoxWithAnyText(MsgBox::OKCancel + MsgBox::Question, "下載專案", MsgBox::Cancel);
     main.clickMenu("mnuDeviceDownLoad");
 
     EXPECT_FALSE(g.project.IsProjectModified);

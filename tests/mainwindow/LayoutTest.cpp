@@ -26,30 +26,26 @@ constexpr std::array kSizeCases = {
     SizeCase {"WithoutStatusBarTheTreeReachesTheBottom", 10800, false, 2000, 2000, 2000, 8660, 5910},
 };
 
-class SizeControlsTest : public MainWindowTest, public ::testing::WithParamInterface<SizeCase>
-{ };
-
-TEST_P(SizeControlsTest, LaysThePanesOutAroundTheCorrectedSplit)
+TEST_F(MainWindowTest, LaysThePanesOutAroundTheCorrectedSplit)
 {
-    const SizeCase c = GetParam();
-    main.Width = c.width;
-    main.ScaleHeight = 6210;
-    main.sbStatusBar.Visible = c.statusBar;
+    for (const SizeCase& c : kSizeCases) {
+        SCOPED_TRACE(c.name);
+        main.Width = c.width;
+        main.ScaleHeight = 6210;
+        main.sbStatusBar.Visible = c.statusBar;
 
-    double x = c.x;
-    main.SizeControls(x);
+        double x = c.x;
+        main.SizeControls(x);
 
-    EXPECT_EQ(x, c.expectedX) << "the correction goes back to the caller";
-    EXPECT_EQ(main.tvProjectContent.Width, c.tvWidth);
-    EXPECT_EQ(main.imgSplitter.Left, c.expectedX);
-    EXPECT_EQ(main.lvNodeContent.Left, c.expectedX + 40);
-    EXPECT_EQ(main.lvNodeContent.Width, c.lvWidth);
-    EXPECT_EQ(main.tvProjectContent.Height, c.tvHeight);
-    EXPECT_EQ(main.lvNodeContent.Height, c.tvHeight);
+        EXPECT_EQ(x, c.expectedX) << "the correction goes back to the caller";
+        EXPECT_EQ(main.tvProjectContent.Width, c.tvWidth);
+        EXPECT_EQ(main.imgSplitter.Left, c.expectedX);
+        EXPECT_EQ(main.lvNodeContent.Left, c.expectedX + 40);
+        EXPECT_EQ(main.lvNodeContent.Width, c.lvWidth);
+        EXPECT_EQ(main.tvProjectContent.Height, c.tvHeight);
+        EXPECT_EQ(main.lvNodeContent.Height, c.tvHeight);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Splits, SizeControlsTest, ::testing::ValuesIn(kSizeCases),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(MainWindowTest, SizesThatCannotBeSetAreSkippedAndTheRestIsLaidOut)
 {
@@ -83,26 +79,22 @@ constexpr std::array kResizeCases = {
     ResizeCase {"Wide", 12000, 12000},
 };
 
-class ResizeTest : public MainWindowTest, public ::testing::WithParamInterface<ResizeCase>
-{ };
-
-TEST_P(ResizeTest, WidensToTheFloorAndKeepsTheSplit)
+TEST_F(MainWindowTest, WidensToTheFloorAndKeepsTheSplit)
 {
-    const ResizeCase c = GetParam();
-    main.Width = c.width;
-    main.Height = 90;
-    main.ScaleHeight = 6210;
-    main.imgSplitter.Left = 1500;
-    main.Form_Resize();
+    for (const ResizeCase& c : kResizeCases) {
+        SCOPED_TRACE(c.name);
+        main.Width = c.width;
+        main.Height = 90;
+        main.ScaleHeight = 6210;
+        main.imgSplitter.Left = 1500;
+        main.Form_Resize();
 
-    EXPECT_EQ(main.Width, c.expectedWidth);
-    EXPECT_EQ(main.Height, 90) << "the height has no floor";
-    EXPECT_EQ(main.tvProjectContent.Width, 1500);
-    EXPECT_EQ(main.lvNodeContent.Width, c.expectedWidth - 1640);
+        EXPECT_EQ(main.Width, c.expectedWidth);
+        EXPECT_EQ(main.Height, 90) << "the height has no floor";
+        EXPECT_EQ(main.tvProjectContent.Width, 1500);
+        EXPECT_EQ(main.lvNodeContent.Width, c.expectedWidth - 1640);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Widths, ResizeTest, ::testing::ValuesIn(kResizeCases),
-    [](const auto& info) { return std::string(info.param.name); });
 
 struct DragCase
 {
@@ -120,32 +112,28 @@ constexpr std::array kDragCases = {
     DragCase {"PastTheRightEdge", 9000, 10300, 9300},
 };
 
-class SplitterDragTest : public MainWindowTest, public ::testing::WithParamInterface<DragCase>
-{ };
-
-TEST_P(SplitterDragTest, TheBarStopsAt500AndThePanesAt1500)
+TEST_F(MainWindowTest, TheBarStopsAt500AndThePanesAt1500)
 {
-    const DragCase c = GetParam();
-    main.ScaleHeight = 6210;
-    double x = 2000;
-    main.SizeControls(x);
+    for (const DragCase& c : kDragCases) {
+        SCOPED_TRACE(c.name);
+        main.ScaleHeight = 6210;
+        double x = 2000;
+        main.SizeControls(x);
 
-    main.imgSplitter_MouseDown();
-    EXPECT_TRUE(main.picSplitter.Visible);
+        main.imgSplitter_MouseDown();
+        EXPECT_TRUE(main.picSplitter.Visible);
 
-    main.imgSplitter_MouseMove(c.moveX);
-    EXPECT_EQ(main.picSplitter.Left, c.barLeft);
+        main.imgSplitter_MouseMove(c.moveX);
+        EXPECT_EQ(main.picSplitter.Left, c.barLeft);
 
-    main.imgSplitter_MouseUp();
-    EXPECT_EQ(main.tvProjectContent.Width, c.treeWidth);
-    EXPECT_EQ(main.imgSplitter.Left, c.treeWidth);
-    EXPECT_EQ(main.picSplitter.Left, c.barLeft) << "the bar's own place is not corrected";
-    EXPECT_FALSE(main.picSplitter.Visible);
-    EXPECT_FALSE(main.mbMoving);
+        main.imgSplitter_MouseUp();
+        EXPECT_EQ(main.tvProjectContent.Width, c.treeWidth);
+        EXPECT_EQ(main.imgSplitter.Left, c.treeWidth);
+        EXPECT_EQ(main.picSplitter.Left, c.barLeft) << "the bar's own place is not corrected";
+        EXPECT_FALSE(main.picSplitter.Visible);
+        EXPECT_FALSE(main.mbMoving);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Drags, SplitterDragTest, ::testing::ValuesIn(kDragCases),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(MainWindowTest, MouseMovesWithoutAMouseDownDoNothing)
 {
@@ -179,7 +167,7 @@ TEST_P(TreeWidthTest, TheTreeFitsItsNamesUntilTheUserGivesItAWidth)
 {
     const TreeWidthCase c = GetParam();
     if (c.stored)
-        platform.settings[QStringLiteral("Settings/MainTreeWidth")] = QString::fromLatin1(c.stored);
+        platform.settings["Settings/MainTreeWidth"] = QString::fromLatin1(c.stored);
     main.Form_Load();
     main.ScaleHeight = 6210;
     main.Form_Resize();

@@ -12,57 +12,49 @@ struct LoadCase
     std::array<double, 4> expected;
 };
 
-void PrintTo(const LoadCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
-
 const std::array kLoadCases = {
     LoadCase {"EmptyStoreGivesTheDefaults", {nullptr, nullptr, nullptr, nullptr}, {200, 200, 10800, 6900}},
     LoadCase {"StoredValuesWin", {"15", "-30", "9000.5", "4500"}, {15, -30, 9000.5, 4500}},
     LoadCase {"EachKeyFallsBackAlone", {"600", nullptr, nullptr, "3000"}, {600, 200, 10800, 3000}},
 };
 
-class FormLoadTest : public MainWindowTest, public ::testing::WithParamInterface<LoadCase>
-{ };
+const char* const PlaceKeys[] = {"MainLeft", "MainTop", "MainWidth", "MainHeight"};
 
-} // namespace
-
-TEST_P(FormLoadTest, RestoresThePlaceFromTheSettingsStore)
+TEST_F(MainWindowTest, FormLoadRestoresThePlaceFromTheSettingsStore)
 {
-    const LoadCase c = GetParam();
-    const char* keys[] = {"MainLeft", "MainTop", "MainWidth", "MainHeight"};
-    for (int i = 0; i < 4; ++i)
-        if (c.stored[i])
-            platform.settings[QStringLiteral("Settings/") + QString::fromLatin1(keys[i])]
-                = QString::fromLatin1(c.stored[i]);
-    main.mIsInDelay = true;
+    for (const LoadCase& c : kLoadCases) {
+        SCOPED_TRACE(c.name);
+        for (int i = 0; i < 4; ++i) {
+            const QString key = "Settings/" + QString::fromLatin1(PlaceKeys[i]);
+            platform.settings.erase(key);
+            if (c.stored[i])
+                platform.settings[key] = QString::fromLatin1(c.stored[i]);
+        }
+        main.mIsInDelay = true;
 
-    main.Form_Load();
+        main.Form_Load();
 
-    EXPECT_EQ(main.Left, c.expected[0]);
-    EXPECT_EQ(main.Top, c.expected[1]);
-    EXPECT_EQ(main.Width, c.expected[2]);
-    EXPECT_EQ(main.Height, c.expected[3]);
-    EXPECT_FALSE(main.mIsInDelay);
-    EXPECT_FALSE(main.Visible) << "the load does not show the window";
+        EXPECT_EQ(main.Left, c.expected[0]);
+        EXPECT_EQ(main.Top, c.expected[1]);
+        EXPECT_EQ(main.Width, c.expected[2]);
+        EXPECT_EQ(main.Height, c.expected[3]);
+        EXPECT_FALSE(main.mIsInDelay);
+        EXPECT_FALSE(main.Visible) << "the load does not show the window";
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Stores, FormLoadTest, ::testing::ValuesIn(kLoadCases),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(MainWindowTest, AStoredPlaceThatIsNoNumberIsAnUnhandledError)
 {
-    platform.settings[QStringLiteral("Settings/MainTop")] = QStringLiteral("left of centre");
+    platform.settings["Settings/MainTop"] = "left of centre";
     EXPECT_THROW(main.Form_Load(), UnhandledError);
 }
 
 TEST_F(MainWindowTest, LoadFormObjWelcomesAndBlanksTheProjectTexts)
 {
     main.LoadFormObj();
-    EXPECT_EQ(main.panel(QStringLiteral("Status")).Text, QStringLiteral("歡迎使用 簡訊報警機"));
-    EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QString());
-    EXPECT_EQ(main.panel(QStringLiteral("ConnectStatus")).Text, QStringLiteral("Offline"));
+    EXPECT_EQ(main.panel("Status").Text, "歡迎使用 簡訊報警機");
+    EXPECT_EQ(main.panel("ProjName").Text, QString());
+    EXPECT_EQ(main.panel("ConnectStatus").Text, "Offline");
     EXPECT_EQ(main.lbltvProjectContentCaption.Caption, QString());
     EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QString()) << "no node selected";
     EXPECT_TRUE(main.tvProjectContent.Nodes.empty());
@@ -71,12 +63,12 @@ TEST_F(MainWindowTest, LoadFormObjWelcomesAndBlanksTheProjectTexts)
 
 TEST_F(ProjectWindowTest, OpeningAProjectShowsItsNameInTheLabelAndThePanel)
 {
-    newProject(QStringLiteral("Site A.cmb"));
-    EXPECT_EQ(main.lbltvProjectContentCaption.Caption, QStringLiteral("Site A"));
-    EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QStringLiteral("Site A"));
+    newProject("Site A.cmb");
+    EXPECT_EQ(main.lbltvProjectContentCaption.Caption, "Site A");
+    EXPECT_EQ(main.panel("ProjName").Text, "Site A");
     EXPECT_EQ(main.MousePointer, Pointer::Default);
     CloseProject(g);
-    EXPECT_EQ(main.panel(QStringLiteral("ProjName")).Text, QString());
+    EXPECT_EQ(main.panel("ProjName").Text, QString());
 }
 
 // Cancel keeps the window and the project, so the next close asks again; what each answer
@@ -84,15 +76,14 @@ TEST_F(ProjectWindowTest, OpeningAProjectShowsItsNameInTheLabelAndThePanel)
 TEST_F(ProjectWindowTest, ClosingWithEditsCancelKeepsTheProjectAndNoClosesItAndExits)
 {
     newProject();
-    addGroup(QStringLiteral("Night shift"));
-    platform.expectBox(
-        MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::Cancel);
+    addGroup("Night shift");
+    platform.expectBox(MsgBox::YesNoCancel, SavePrompt("Project1"), SaveTitle, MsgBox::Cancel);
     int cancel = 0;
     main.Form_Unload(cancel);
     EXPECT_EQ(cancel, 1);
-    EXPECT_EQ(g.project.ProjectName, QStringLiteral("Project1"));
+    EXPECT_EQ(g.project.ProjectName, "Project1");
 
-    platform.expectBox(MsgBox::YesNoCancel, SavePrompt(QStringLiteral("Project1")), SaveTitle, MsgBox::No);
+    platform.expectBox(MsgBox::YesNoCancel, SavePrompt("Project1"), SaveTitle, MsgBox::No);
     cancel = 0;
     try {
         main.Form_Unload(cancel);
@@ -104,8 +95,6 @@ TEST_F(ProjectWindowTest, ClosingWithEditsCancelKeepsTheProjectAndNoClosesItAndE
     EXPECT_TRUE(g.project.ProjectName.isEmpty());
 }
 
-namespace {
-
 struct ExitCase
 {
     const char* name;
@@ -113,40 +102,34 @@ struct ExitCase
     bool placeWritten;
 };
 
-void PrintTo(const ExitCase& c, std::ostream* os)
-{
-    *os << c.name;
-}
+const ExitCase ExitCases[] = {{"Normal", 0, true}, {"Minimised", 1, false}, {"Maximised", 2, true}};
 
-class ExitTest : public MainWindowTest, public ::testing::WithParamInterface<ExitCase>
-{ };
+TEST_F(MainWindowTest, ExitStoresThePlaceUnlessMinimisedAndAlwaysTheViewMode)
+{
+    for (const ExitCase& c : ExitCases) {
+        SCOPED_TRACE(c.name);
+        for (const char* key : PlaceKeys)
+            platform.settings.erase("Settings/" + QString::fromLatin1(key));
+        platform.settings.erase("Settings/ViewMode");
+        platform.settings["Settings/MainLeft"] = "1234";
+        main.Left = 300;
+        main.Top = 450;
+        main.Width = 9000.5;
+        main.Height = 5000;
+        main.WindowState = c.windowState;
+
+        EXPECT_THROW(main.mnuFileExit_Click(), ProcessEnded);
+
+        auto stored = [&](const char* key) {
+            const auto it = platform.settings.find("Settings/" + QString::fromLatin1(key));
+            return it == platform.settings.end() ? "<none>" : it->second;
+        };
+        EXPECT_EQ(stored("MainLeft"), c.placeWritten ? "300" : "1234");
+        EXPECT_EQ(stored("MainTop"), c.placeWritten ? "450" : "<none>");
+        EXPECT_EQ(stored("MainWidth"), c.placeWritten ? "9000.5" : "<none>");
+        EXPECT_EQ(stored("MainHeight"), c.placeWritten ? "5000" : "<none>");
+        EXPECT_EQ(stored("ViewMode"), "3");
+    }
+}
 
 } // namespace
-
-TEST_P(ExitTest, StoresThePlaceUnlessMinimisedAndAlwaysTheViewMode)
-{
-    const ExitCase c = GetParam();
-    platform.settings[QStringLiteral("Settings/MainLeft")] = QStringLiteral("1234");
-    main.Left = 300;
-    main.Top = 450;
-    main.Width = 9000.5;
-    main.Height = 5000;
-    main.WindowState = c.windowState;
-
-    EXPECT_THROW(main.mnuFileExit_Click(), ProcessEnded);
-
-    auto stored = [&](const char* key) {
-        const auto it = platform.settings.find(QStringLiteral("Settings/") + QString::fromLatin1(key));
-        return it == platform.settings.end() ? QStringLiteral("<none>") : it->second;
-    };
-    EXPECT_EQ(stored("MainLeft"), c.placeWritten ? QStringLiteral("300") : QStringLiteral("1234"));
-    EXPECT_EQ(stored("MainTop"), c.placeWritten ? QStringLiteral("450") : QStringLiteral("<none>"));
-    EXPECT_EQ(stored("MainWidth"), c.placeWritten ? QStringLiteral("9000.5") : QStringLiteral("<none>"));
-    EXPECT_EQ(stored("MainHeight"), c.placeWritten ? QStringLiteral("5000") : QStringLiteral("<none>"));
-    EXPECT_EQ(stored("ViewMode"), QStringLiteral("3"));
-}
-
-INSTANTIATE_TEST_SUITE_P(States, ExitTest,
-    ::testing::Values(
-        ExitCase {"Normal", 0, true}, ExitCase {"Minimised", 1, false}, ExitCase {"Maximised", 2, true}),
-    [](const auto& info) { return std::string(info.param.name); });

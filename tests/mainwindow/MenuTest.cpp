@@ -10,12 +10,11 @@ namespace {
 
 FormEntry formTableWithout(const frmMain& main, const QString& missing)
 {
-    FormEntry entry {QStringLiteral("frmMain"), {}};
+    FormEntry entry {"frmMain", {}};
     for (const FormTextPath& p : main.formTexts()) {
         const QString path = QString::fromLatin1(p.path);
         if (path != missing)
-            entry.Items.push_back(
-                {path, QString::fromLatin1(p.property), QStringLiteral("orig"), QStringLiteral("T:") + path});
+            entry.Items.push_back({path, QString::fromLatin1(p.property), "orig", "T:" + path});
     }
     return entry;
 }
@@ -23,28 +22,27 @@ FormEntry formTableWithout(const frmMain& main, const QString& missing)
 TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
 {
     ASSERT_EQ(main.formTexts().size(), 65u);
-    g.ml.FormTable = {formTableWithout(main, QStringLiteral("mnuFileOpen"))};
+    g.ml.FormTable = {formTableWithout(main, "mnuFileOpen")};
     main.ApplyFormText();
 
-    EXPECT_EQ(main.Caption, QStringLiteral("T:"));
-    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, QStringLiteral("T:lbllvNodeContentCaption"));
-    EXPECT_EQ(main.lbltvProjectContentCaption.Caption, QStringLiteral("T:lbltvProjectContentCaption"));
+    EXPECT_EQ(main.Caption, "T:");
+    EXPECT_EQ(main.lbllvNodeContentCaption.Caption, "T:lbllvNodeContentCaption");
+    EXPECT_EQ(main.lbltvProjectContentCaption.Caption, "T:lbltvProjectContentCaption");
     for (int i = 1; i <= 3; ++i)
         EXPECT_EQ(main.sbStatusBar.Panels[i - 1].Text, QStringLiteral("T:sbStatusBar.Panels(%1)").arg(i));
-    EXPECT_EQ(main.menu(QStringLiteral("mnuFileOpen")).Caption, QString())
-        << "no row: the control goes blank";
+    EXPECT_EQ(main.menu("mnuFileOpen").Caption, QString()) << "no row: the control goes blank";
 
     int translated = 0;
     for (const Menu& e : main.Menus) {
         if (e.Name == QLatin1String("mnuFileOpen"))
             continue;
-        if (e.Caption == QStringLiteral("T:") + e.Name)
+        if (e.Caption == "T:" + e.Name)
             ++translated;
     }
     EXPECT_EQ(translated, 65 - 6 - 1);
     // The popup's later entries have no rows and keep their design captions.
-    EXPECT_EQ(main.menu(QStringLiteral("mnuProjConentMoveUser")).Caption, QStringLiteral("轉移到其它群組"));
-    EXPECT_EQ(main.menu(QStringLiteral("mnuProjConentBar2")).Caption, QStringLiteral("-"));
+    EXPECT_EQ(main.menu("mnuProjConentMoveUser").Caption, "轉移到其它群組");
+    EXPECT_EQ(main.menu("mnuProjConentBar2").Caption, "-");
 }
 
 struct FileMenuCase
@@ -63,92 +61,81 @@ constexpr std::array kFileMenuCases = {
     FileMenuCase {"ModifiedProject", true, true, true, true},
 };
 
-class FileMenuTest : public MainWindowTest, public ::testing::WithParamInterface<FileMenuCase>
-{ };
-
-TEST_P(FileMenuTest, EnablesTheEntriesFromTheProjectState)
+TEST_F(MainWindowTest, EnablesTheEntriesFromTheProjectState)
 {
-    const FileMenuCase c = GetParam();
-    g.project.ProjectName = c.projectOpen ? QStringLiteral("Site") : QString();
-    g.project.IsProjectModified = c.modified;
-    // Start from the opposite state, so that every entry must be set.
-    for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
-        main.menu(QString::fromLatin1(name)).Enabled = !c.saveAs;
-    for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
-        main.menu(QString::fromLatin1(name)).Enabled = true;
+    for (const FileMenuCase& c : kFileMenuCases) {
+        SCOPED_TRACE(c.name);
+        g.project.ProjectName = c.projectOpen ? "Site" : QString();
+        g.project.IsProjectModified = c.modified;
+        // Start from the opposite state, so that every entry must be set.
+        for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
+            main.menu(QString::fromLatin1(name)).Enabled = !c.saveAs;
+        for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
+            main.menu(QString::fromLatin1(name)).Enabled = true;
 
-    main.openMenu(QStringLiteral("mnuFile"));
+        main.openMenu("mnuFile");
 
-    EXPECT_EQ(main.menu(QStringLiteral("mnuFileSave")).Enabled, c.save);
-    EXPECT_EQ(main.menu(QStringLiteral("mnuFileSaveAs")).Enabled, c.saveAs);
-    EXPECT_EQ(main.menu(QStringLiteral("mnuFileBasic")).Enabled, c.saveAs);
-    for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
-        EXPECT_TRUE(main.menu(QString::fromLatin1(name)).Enabled) << name;
+        EXPECT_EQ(main.menu("mnuFileSave").Enabled, c.save);
+        EXPECT_EQ(main.menu("mnuFileSaveAs").Enabled, c.saveAs);
+        EXPECT_EQ(main.menu("mnuFileBasic").Enabled, c.saveAs);
+        for (const char* name : {"mnuFileNew", "mnuFileOpen", "mnuFileExit"})
+            EXPECT_TRUE(main.menu(QString::fromLatin1(name)).Enabled) << name;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(States, FileMenuTest, ::testing::ValuesIn(kFileMenuCases),
-    [](const auto& info) { return std::string(info.param.name); });
-
-class RecentMenuTest : public MainWindowTest, public ::testing::WithParamInterface<int>
-{ };
-
-TEST_P(RecentMenuTest, ShowsTheEntriesInUseAndHidesTheRest)
+// From all four down to none, so that every entry is both shown and hidden again.
+TEST_F(MainWindowTest, TheRecentEntriesInUseAreShownAndTheRestHidden)
 {
-    const int count = GetParam();
     for (int i = 1; i <= 4; ++i)
         g.system.MRUFilePath(i) = QStringLiteral("/site/P%1.cmb").arg(i);
-    g.system.MRUCount = static_cast<qint16>(count);
-
-    main.mnuFile_Click();
-
-    for (int i = 1; i <= 4; ++i) {
-        const Menu& e = main.menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
-        const bool used = i <= count;
-        EXPECT_EQ(e.Caption, used ? g.system.MRUFilePath(i) : QString()) << i;
-        EXPECT_EQ(e.Enabled, used) << i;
-        EXPECT_EQ(e.Visible, used) << i;
+    for (int count = 4; count >= 0; --count) {
+        g.system.MRUCount = static_cast<qint16>(count);
+        main.mnuFile_Click();
+        for (int i = 1; i <= 4; ++i) {
+            const Menu& e = main.menu(QStringLiteral("mnuFileMRU(%1)").arg(i));
+            const bool used = i <= count;
+            EXPECT_EQ(e.Caption, used ? g.system.MRUFilePath(i) : QString()) << count << i;
+            EXPECT_EQ(e.Enabled, used) << count << i;
+            EXPECT_EQ(e.Visible, used) << count << i;
+        }
+        EXPECT_TRUE(main.menu("mnuFileBar1").Visible);
+        EXPECT_TRUE(main.menu("mnuFileBar2").Visible);
     }
-    EXPECT_TRUE(main.menu(QStringLiteral("mnuFileBar1")).Visible);
-    EXPECT_TRUE(main.menu(QStringLiteral("mnuFileBar2")).Visible);
 }
-
-INSTANTIATE_TEST_SUITE_P(Counts, RecentMenuTest, ::testing::Range(0, 5));
 
 TEST_F(MainWindowTest, ARecentEntryReadingTheEmptyMarkIsInert)
 {
-    main.menu(QStringLiteral("mnuFileMRU(2)")).Caption = QStringLiteral("(空)");
-    main.clickMenu(QStringLiteral("mnuFileMRU(2)"));
+    main.menu("mnuFileMRU(2)").Caption = "(空)";
+    main.clickMenu("mnuFileMRU(2)");
     EXPECT_TRUE(platform.events.empty());
 }
 
 TEST_F(MainWindowTest, ARecentEntryOpensTheProjectOfItsCaption)
 {
-    const QString path = QStringLiteral("/nowhere/Gone.cmb");
-    main.menu(QStringLiteral("mnuFileMRU(3)")).Caption = path;
-    platform.expectBox(MsgBox::Critical,
-        QStringLiteral("本專案檔案路徑[") + path + QStringLiteral("]不存在。"),
-        QStringLiteral("專案開啟失敗"));
-    main.clickMenu(QStringLiteral("mnuFileMRU(3)"));
+    const QString path = "/nowhere/Gone.cmb";
+    main.menu("mnuFileMRU(3)").Caption = path;
+    platform.expectBox(MsgBox::Critical, "本專案檔案路徑[" + path + "]不存在。", "專案開啟失敗");
+    main.clickMenu("mnuFileMRU(3)");
 }
 
 TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOnlyWithAProject)
 {
-    const Node stale {-1, {}, QStringLiteral("x"), {}, QStringLiteral("ProjName")};
+    const Node stale {-1, {}, "x", {}, "ProjName"};
     main.tvProjectContent.Nodes = {stale};
-    main.shortcut(QStringLiteral("F5"));
+    main.shortcut("F5");
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 1u);
 
     newProject();
     main.tvProjectContent.Nodes = {stale};
-    main.shortcut(QStringLiteral("F5"));
+    main.shortcut("F5");
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 4u + 1u + 64u);
 }
 
 TEST_F(ProjectWindowTest, TheNewProjectKeyShowsTheNewProjectDialog)
 {
-    platform.expectOpenDialog(std::nullopt,
-        [](const FileDialogOptions& o) { EXPECT_EQ(o.DialogTitle, QStringLiteral("開新專案")); });
-    main.shortcut(QStringLiteral("Ctrl+N"));
+    platform.expectOpenDialog(
+        std::nullopt, [](const FileDialogOptions& o) { EXPECT_EQ(o.DialogTitle, "開新專案"); });
+    main.shortcut("Ctrl+N");
 }
 
 struct SaveKeyCase
@@ -168,14 +155,14 @@ TEST_P(SaveKeyTest, CommitsOnlyWhenTheSetUpEnablesSave)
     const SaveKeyCase c = GetParam();
     const QString path = newProject();
     if (c.modified)
-        addGroup(QStringLiteral("Guards"));
+        addGroup("Guards");
     const QByteArray before = ReadAll(path);
 
-    main.shortcut(QStringLiteral("Ctrl+S"));
+    main.shortcut("Ctrl+S");
 
     EXPECT_EQ(ReadAll(path) != before, c.commits);
     EXPECT_FALSE(g.project.IsProjectModified);
-    EXPECT_EQ(main.menu(QStringLiteral("mnuFileSave")).Enabled, c.modified);
+    EXPECT_EQ(main.menu("mnuFileSave").Enabled, c.modified);
     CloseProject(g);
 }
 
@@ -206,15 +193,15 @@ TEST_F(ProjectWindowTest, ToolsAndHelpShowOneEntryEachWhateverTheProject)
 TEST_F(ProjectWindowTest, SummaryAndOptionsOpenTheirDialogsLoaded)
 {
     newProject();
-    g.project.rsBasic.setField(QStringLiteral("CreatedBy"), QStringLiteral("Chen"));
+    g.project.rsBasic.setField("CreatedBy", "Chen");
     g.project.rsBasic.Update();
     g.link.Retry = 4;
     platform.expectModal(g.form<frmProjBasic>(), [](frmProjBasic& f) {
-        EXPECT_EQ(f.txtPorjName.Text, QStringLiteral("Chen"));
+        EXPECT_EQ(f.txtPorjName.Text, "Chen");
         f.CmdCancel_Click();
     });
     platform.expectModal(g.form<frmToolsOptions>(), [](frmToolsOptions& f) {
-        EXPECT_EQ(f.txtRetry.Text, QStringLiteral("4"));
+        EXPECT_EQ(f.txtRetry.Text, "4");
         f.cmdExit_Click();
     });
 

@@ -21,27 +21,26 @@ public:
     {
         newProject();
         addGroup(QString());
-        addGroup(QStringLiteral("Fire"));
-        addGroup(QStringLiteral("A,B"));
-        g.project.rsUserGroups.setField(QStringLiteral("GroupDsc"), QStringLiteral("comma"));
+        addGroup("Fire");
+        addGroup("A,B");
+        g.project.rsUserGroups.setField("GroupDsc", "comma");
         g.project.rsUserGroups.Update();
-        addUser(QStringLiteral("Ann"), QStringLiteral("Fire\r\nUserGroup1"), QStringLiteral("0911"), true);
+        addUser("Ann", "Fire\r\nUserGroup1", "0911", true);
         addUser(QString(), QString(), QString(), false);
-        addUser(QStringLiteral("Bob"), QStringLiteral("fire"), QStringLiteral("0912"), false);
-        addUser(QStringLiteral("A,B"), QStringLiteral("Fire"), QStringLiteral("0913"), false);
-        setZone(3, QStringLiteral("Hall"), QStringLiteral("Fire"), true);
+        addUser("Bob", "fire", "0912", false);
+        addUser("A,B", "Fire", "0913", false);
+        setZone(3, "Hall", "Fire", true);
         main.mktvProjContent();
     }
 
     void addUser(const QString& name, const QString& groups, const QString& phone, bool disabled)
     {
-        AddUserRow(g.project, name, groups, phone, disabled,
-            name.isEmpty() ? QString() : name + QStringLiteral(" dsc"));
+        AddUserRow(g.project, name, groups, phone, disabled, name.isEmpty() ? QString() : name + " dsc");
     }
 
     void setZone(int zoneNo, const QString& name, const QString& target, bool disabled)
     {
-        SetZoneRow(g.project, zoneNo, name, target, disabled, QStringLiteral("fire in ") + name);
+        SetZoneRow(g.project, zoneNo, name, target, disabled, "fire in " + name);
     }
 
     // Selects the node with the Tag as a click does, and fills the list.
@@ -63,7 +62,7 @@ public:
 
     QString current(Recordset& rs, const QString& field) const
     {
-        return rs.IsEOF() || rs.IsBOF() ? QStringLiteral("<none>") : NullToEmpty(rs.Fields(field));
+        return rs.IsEOF() || rs.IsBOF() ? "<none>" : NullToEmpty(rs.Fields(field));
     }
 
     // Expects the editor to open with the record of its kind current: a contact by name, a group

@@ -51,15 +51,14 @@ TEST_P(ProjectMenuTest, SetsItsEntriesForTheSelectedNodeAndMakesItsRecordCurrent
     g.project.rsUserGroups.MoveFirst();
     main.tvProjectContent.SelectedItem = *c.selected ? nodeIndex(QString::fromUtf8(c.selected)) : -1;
 
-    main.openMenu(QStringLiteral("mnuProj"));
+    main.openMenu("mnuProj");
 
     for (int i = 0; i < 7; ++i) {
         const Menu& e = main.menu(QString::fromLatin1(kEntries[i]));
         EXPECT_EQ(e.Enabled, c.enabled[i] == 'y') << kEntries[i];
         EXPECT_EQ(e.Caption, *c.captions[i] ? QString::fromUtf8(c.captions[i]) : design[i]) << kEntries[i];
     }
-    EXPECT_EQ(
-        current(g.project.rsUserGroups, QStringLiteral("GroupName")), QString::fromUtf8(c.currentGroup));
+    EXPECT_EQ(current(g.project.rsUserGroups, "GroupName"), QString::fromUtf8(c.currentGroup));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ProjectMenuTest, ::testing::ValuesIn(kCases),
@@ -67,16 +66,15 @@ INSTANTIATE_TEST_SUITE_P(Rows, ProjectMenuTest, ::testing::ValuesIn(kCases),
 
 TEST_F(ProjectContentTest, TheProjectMenuIsEmptyHandedWithoutAProjectAndKeepsItsCaptionsAfterwards)
 {
-    main.tvProjectContent.SelectedItem = nodeIndex(QStringLiteral("UserGroups,Fire"));
-    main.openMenu(QStringLiteral("mnuProj"));
-    main.tvProjectContent.SelectedItem = nodeIndex(QStringLiteral("ProjName"));
-    main.openMenu(QStringLiteral("mnuProj"));
-    EXPECT_EQ(
-        main.menu(QStringLiteral("mnuProjEditGroupList")).Caption, QStringLiteral("編輯連絡人群組[Fire]"))
+    main.tvProjectContent.SelectedItem = nodeIndex("UserGroups,Fire");
+    main.openMenu("mnuProj");
+    main.tvProjectContent.SelectedItem = nodeIndex("ProjName");
+    main.openMenu("mnuProj");
+    EXPECT_EQ(main.menu("mnuProjEditGroupList").Caption, "編輯連絡人群組[Fire]")
         << "a caption stays until the menu changes it again";
 
     g.project.ProjectName.clear();
-    main.openMenu(QStringLiteral("mnuProj"));
+    main.openMenu("mnuProj");
     for (const char* name : kEntries)
         EXPECT_FALSE(main.menu(QString::fromLatin1(name)).Enabled) << name;
 }

@@ -37,7 +37,7 @@ TEST_F(ProjectContentTest, TheTreeShowsTheThreeBranchesInRecordsetOrder)
 TEST_F(MainWindowTest, WithoutAProjectTheTreeAndListAreEmptyAndTheEventsDoNothing)
 {
     main.tvProjectContent.Nodes.push_back({});
-    main.lbllvNodeContentCaption.Caption = QStringLiteral("old");
+    main.lbllvNodeContentCaption.Caption = "old";
     main.mktvProjContent();
     main.tvProjectContent_NodeClick();
     main.tvProjectContent_DblClick();
@@ -64,30 +64,26 @@ const ParseCase ParseCases[] = {
     {"four fields fill the items", "a,b,,d", 4, {"a", "b", "", "d"}},
 };
 
-class ParseNodeTagTest : public ::testing::TestWithParam<ParseCase>
-{ };
-
-TEST_P(ParseNodeTagTest, SplitsOnCommas)
+TEST(ParseNodeTag, SplitsOnCommas)
 {
-    const ParseCase& c = GetParam();
-    NodeTagItems Items;
-    for (int i = 1; i <= 4; ++i)
-        Items(i) = QStringLiteral("old");
-    qint16 count = -1;
-    ParseNodeTag(QString::fromUtf8(c.tag), Items, count);
-    EXPECT_EQ(count, c.count);
-    for (int i = 1; i <= 4; ++i)
-        EXPECT_EQ(Items(i), QString::fromUtf8(c.items[i - 1])) << i;
+    for (const ParseCase& c : ParseCases) {
+        SCOPED_TRACE(c.name);
+        NodeTagItems Items;
+        for (int i = 1; i <= 4; ++i)
+            Items(i) = "old";
+        qint16 count = -1;
+        ParseNodeTag(QString::fromUtf8(c.tag), Items, count);
+        EXPECT_EQ(count, c.count);
+        for (int i = 1; i <= 4; ++i)
+            EXPECT_EQ(Items(i), QString::fromUtf8(c.items[i - 1])) << i;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Tags, ParseNodeTagTest, ::testing::ValuesIn(ParseCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 TEST(ParseNodeTag, AFifthFieldIsASubscriptOutOfRange)
 {
     NodeTagItems Items;
     qint16 count = 0;
-    EXPECT_THROW(ParseNodeTag(QStringLiteral("Users,a,b,c,d"), Items, count), UnhandledError);
+    EXPECT_THROW(ParseNodeTag("Users,a,b,c,d", Items, count), UnhandledError);
 }
 
 // The current row of each recordset after the search: rsUsers' UserName, rsUserGroups'

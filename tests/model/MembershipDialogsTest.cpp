@@ -36,19 +36,6 @@ public:
         for (const QString& row : rows)
             addUser(row.section('=', 0, 0), row.section('=', 1), "0912", false);
     }
-    // Every field of every row, as the file holds them.
-    static QStringList rows(const Recordset& rs)
-    {
-        QStringList all;
-        Recordset clone = rs.Clone();
-        for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext()) {
-            QStringList fields;
-            for (int i = 0; i < clone.FieldCount(); ++i)
-                fields << NullToEmpty(clone.Fields(i));
-            all << fields.join('|');
-        }
-        return all;
-    }
     // The Users rows of contacts added with users().
     static QStringList expected(const QStringList& rows)
     {

@@ -26,23 +26,22 @@ class ModelTest : public ::testing::Test
 public:
     ModelTest()
     {
-        platform.localeName = QStringLiteral("zh_TW");
+        platform.localeName = "zh_TW";
         g.setView(&view);
         InitApplication(g, folder.appPath());
-        platform.expectOpenDialog(QDir(folder.projectDir()).filePath(QStringLiteral("Project1.cmb")));
+        platform.expectOpenDialog(QDir(folder.projectDir()).filePath("Project1.cmb"));
         NewProject(g);
         view.statusHistory.clear();
         view.pointerHistory.clear();
         view.seedBranches();
-        view.addNode(2, {}, QStringLiteral("UserGroup1"), QStringLiteral("UserGroups"),
-            QStringLiteral("UserGroups,UserGroup1"));
+        view.addNode(2, {}, "UserGroup1", "UserGroups", "UserGroups,UserGroup1");
     }
 
     ProjectState& p() { return g.project; }
 
     void addGroup(const QString& name) { AddGroupRow(p(), name); }
-    void addUser(const QString& name, const QString& groupList, const QString& phone = QStringLiteral("0912"),
-        bool disabled = false)
+    void addUser(
+        const QString& name, const QString& groupList, const QString& phone = "0912", bool disabled = false)
     {
         AddUserRow(p(), name, groupList, phone, disabled);
     }
@@ -81,6 +80,20 @@ public:
         });
     }
 
+    // Every field of every row, joined by bars, in table order.
+    static QStringList rows(const Recordset& rs)
+    {
+        QStringList all;
+        Recordset clone = rs.Clone();
+        for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext()) {
+            QStringList fields;
+            for (int i = 0; i < clone.FieldCount(); ++i)
+                fields << NullToEmpty(clone.Fields(i));
+            all << fields.join('|');
+        }
+        clone.Close();
+        return all;
+    }
     QString field(Recordset& rs, const QString& keyField, const QString& key, const QString& wanted)
     {
         Recordset clone = rs.Clone();

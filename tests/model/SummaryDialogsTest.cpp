@@ -32,7 +32,7 @@ class ToolsOptionsTest : public ModelTest, public ::testing::WithParamInterface<
 TEST_P(ToolsOptionsTest, OkRoundsTheBoxesAndRewritesTheProfile)
 {
     const OptionsCase c = GetParam();
-    const QString profile = folder.path(QStringLiteral("VORNA.set"));
+    const QString profile = folder.path("VORNA.set");
     QByteArray expected = ReadAll(profile);
     frmToolsOptions& f = g.form<frmToolsOptions>();
     f.LoadFormObj();
@@ -56,9 +56,9 @@ TEST_F(ModelTest, ToolsOptionsDefaultsThenCancelChangeNothing)
 {
     g.link.Retry = 5;
     expectDialog<frmToolsOptions>([](frmToolsOptions& f) {
-        EXPECT_EQ(f.txtRetry.Text, QStringLiteral("5"));
+        EXPECT_EQ(f.txtRetry.Text, "5");
         f.cmdSetDefault_Click();
-        EXPECT_EQ(f.txtRetry.Text + f.txtTimeOut.Text, QStringLiteral("32"));
+        EXPECT_EQ(f.txtRetry.Text + f.txtTimeOut.Text, "32");
         f.cmdExit_Click();
     });
     ShowDialog<frmToolsOptions>(g);
@@ -71,7 +71,7 @@ TEST_F(ModelTest, ProjBasicTicksUnicodeOnlyForATrueField)
     const std::pair<QVariant, int> cases[]
         = {{true, CheckBox::Checked}, {-1, CheckBox::Checked}, {false, CheckBox::Unchecked}, {QVariant(), 0}};
     for (const auto& [stored, ticked] : cases) {
-        p().rsBasic.setField(QStringLiteral("IsUnicode"), stored);
+        p().rsBasic.setField("IsUnicode", stored);
         p().rsBasic.Update();
         g.form<frmProjBasic>().LoadFormObj();
         EXPECT_EQ(g.form<frmProjBasic>().chkIsUnicode.Value, ticked) << stored.toString().toStdString();
@@ -83,15 +83,15 @@ TEST_F(ModelTest, ProjBasicTicksUnicodeOnlyForATrueField)
 TEST_F(ModelTest, ProjBasicOkWritesTheRowAndStampsTheDay)
 {
     for (const char* typed : {"Wang", ""}) {
-        p().rsBasic.setField(QStringLiteral("CreatedBy"), QStringLiteral("Chen"));
-        p().rsBasic.setField(QStringLiteral("CreatedDate"), QDate(2020, 1, 2));
+        p().rsBasic.setField("CreatedBy", "Chen");
+        p().rsBasic.setField("CreatedDate", QDate(2020, 1, 2));
         p().rsBasic.Update();
         p().IsProjectModified = false;
         platform.clock = QDateTime(QDate(2027, 2, 28), QTime(23, 59, 59));
         expectDialog<frmProjBasic>([&](frmProjBasic& f) {
-            EXPECT_EQ(f.lblCreatedDate.Caption, QStringLiteral("2020-01-02"));
+            EXPECT_EQ(f.lblCreatedDate.Caption, "2020-01-02");
             f.txtPorjName.Text = QString::fromUtf8(typed);
-            f.txtProjDsc.Text = QStringLiteral("1\r\n2");
+            f.txtProjDsc.Text = "1\r\n2";
             f.chkIsUnicode.Value = CheckBox::Unchecked;
             f.CmdOK_Click();
         });
@@ -112,7 +112,7 @@ TEST_F(ModelTest, SelectModelGivesTheFamilyOfTheChosenRowAndCancelNone)
     QStringList codes;
     for (int row = 0; row <= 6; ++row) {
         f.LoadFormObj();
-        EXPECT_EQ(f.cmbModel.Text, QStringLiteral("KV470-RM64MT"));
+        EXPECT_EQ(f.cmbModel.Text, "KV470-RM64MT");
         f.cmbModel.SelectRow(row);
         row < 6 ? f.CmdOK_Click() : f.cmdExit_Click();
         codes << f.cmbModel.Text + QLatin1Char('=') + f.ModelCode;
@@ -120,7 +120,7 @@ TEST_F(ModelTest, SelectModelGivesTheFamilyOfTheChosenRowAndCancelNone)
     EXPECT_EQ(codes.join(u' '),
         QStringLiteral("KV470-RM64T=RM64T KV470-TL=RM64T KV470-TC=RM64T KV470-RM64MT=RM64MT KV470-TLF=RM64MT "
                        "KV470-TCF=RM64MT ="));
-    EXPECT_EQ(ModelCodeOf(QStringLiteral("KV470")), QStringLiteral("UNKNOWN"));
+    EXPECT_EQ(ModelCodeOf("KV470"), "UNKNOWN");
 }
 
 } // namespace

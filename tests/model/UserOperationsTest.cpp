@@ -67,17 +67,16 @@ struct LimitCase
 const LimitCase LimitCases[] = {
     {"as many contacts as the model holds",
         [](ModelTest& t) {
-            t.addUser(QStringLiteral("User1"), QString());
-            t.addUser(QStringLiteral("User3"), QString());
+            t.addUser("User1", QString());
+            t.addUser("User3", QString());
         },
         "連絡人已超過最大筆數[2]，不得再增加連絡人！", "連絡人已超過最大筆數"},
-    {"as many targets as the model holds",
-        [](ModelTest& t) { t.addUser(QStringLiteral("User1"), QStringLiteral("A\r\nB")); },
+    {"as many targets as the model holds", [](ModelTest& t) { t.addUser("User1", "A\r\nB"); },
         "通知對象[群組/連絡人]已超過最大筆數[2]，不得再增加通知對象[群組/連絡人]！",
         "通知對象[群組/連絡人]已超過最大筆數"},
     {"a drifted count is recounted first",
         [](ModelTest& t) {
-            t.addUser(QStringLiteral("User1"), QStringLiteral("A"));
+            t.addUser("User1", "A");
             t.p().TelNoCount = 2;
         },
         nullptr},
@@ -94,7 +93,7 @@ TEST_P(AddUserLimitTest, LimitsAreTestedBeforeTheDialog)
     if (c.boxText)
         platform.expectBox(48, QString::fromUtf8(c.boxText), QString::fromUtf8(c.boxTitle));
     else
-        expectAddUser(*this, QStringLiteral("User2"), std::nullopt);
+        expectAddUser(*this, "User2", std::nullopt);
     AddUser(g);
     EXPECT_EQ(
         p().rsUsers.RecordCount(), 1 + (c.boxText && QString::fromUtf8(c.boxTitle).startsWith(u"連絡人")));
@@ -106,24 +105,18 @@ INSTANTIATE_TEST_SUITE_P(Limits, AddUserLimitTest, ::testing::ValuesIn(LimitCase
 
 TEST_F(ModelTest, AddUserStoresTheContactBeforeItsEditorAndCountsOneTarget)
 {
-    addUser(QStringLiteral("Old"), QStringLiteral("UserGroup1\r\nB"));
-    expectAddUser(*this, QStringLiteral("User1"), QStringLiteral("Ann"));
+    addUser("Old", "UserGroup1\r\nB");
+    expectAddUser(*this, "User1", "Ann");
     expectDialog<frmEditTelList>([](frmEditTelList& f) {
-        EXPECT_EQ(f.lblTelUser.Caption, QStringLiteral("Ann"));
+        EXPECT_EQ(f.lblTelUser.Caption, "Ann");
         f.cmdCancel_Click();
     });
 
     AddUser(g);
 
-    EXPECT_EQ(
-        field(p().rsUsers, QStringLiteral("UserName"), QStringLiteral("Ann"), QStringLiteral("GroupName")),
-        QStringLiteral("UserGroup1"));
-    EXPECT_EQ(
-        field(p().rsUsers, QStringLiteral("UserName"), QStringLiteral("Ann"), QStringLiteral("PhoneNumber")),
-        QString());
+    EXPECT_EQ(rows(p().rsUsers), QStringList({"Old|0912||UserGroup1\r\nB|False", "Ann|||UserGroup1|"}));
     EXPECT_EQ(p().TelNoCount, 3);
-    const RecordingView::Node added {
-        1, {}, QStringLiteral("Ann"), QStringLiteral("UserName"), QStringLiteral("Users,Ann")};
+    const RecordingView::Node added {1, {}, "Ann", "UserName", "Users,Ann"};
     EXPECT_EQ(view.nodes.back(), added);
     EXPECT_EQ(view.selectedNode, 5);
     EXPECT_EQ(platform.doEventsCount, 1);
@@ -133,10 +126,10 @@ TEST_F(ModelTest, AddUserStoresTheContactBeforeItsEditorAndCountsOneTarget)
 
 TEST_F(ModelTest, AddUserStopsSilentlyOnAnEmptyNameAndWithABoxOnAReservedOne)
 {
-    expectAddUser(*this, QStringLiteral("User1"), QString());
+    expectAddUser(*this, "User1", QString());
     AddUser(g);
-    expectAddUser(*this, QStringLiteral("User1"), QStringLiteral("none"));
-    platform.expectBoxWithAnyText(16, QStringLiteral("不合法的使用者群組名稱"));
+    expectAddUser(*this, "User1", "none");
+    platform.expectBoxWithAnyText(16, "不合法的使用者群組名稱");
     AddUser(g);
     EXPECT_EQ(p().rsUsers.RecordCount(), 0);
     EXPECT_EQ(view.nodes.size(), 5u);
@@ -144,34 +137,31 @@ TEST_F(ModelTest, AddUserStopsSilentlyOnAnEmptyNameAndWithABoxOnAReservedOne)
 
 TEST_F(ModelTest, DeleteUserLowersTheCountByOneWhateverItsGroups)
 {
-    addUser(QStringLiteral("A"), QStringLiteral("UserGroup1\r\nB"), QStringLiteral("0911"));
-    addUser(QStringLiteral("Bob"), QStringLiteral("UserGroup1"));
-    view.addNode(1, {}, QStringLiteral("A"), QStringLiteral("UserName"), QStringLiteral("Users,A"));
-    view.addNode(1, {}, QStringLiteral("Bob"), QStringLiteral("UserName"), QStringLiteral("Users,Bob"));
+    addUser("A", "UserGroup1\r\nB", "0911");
+    addUser("Bob", "UserGroup1");
+    view.addNode(1, {}, "A", "UserName", "Users,A");
+    view.addNode(1, {}, "Bob", "UserName", "Users,Bob");
     CountTelNo(p());
-    FindRecord(p().rsUsers, QStringLiteral("UserName"), QStringLiteral("A"), false);
-    platform.expectBox(52, QStringLiteral("確定是否要刪除這個連絡人[A:0911]?"),
-        QStringLiteral("是否確定刪除這個連絡人"), MsgBox::Yes);
+    FindRecord(p().rsUsers, "UserName", "A", false);
+    platform.expectBox(52, "確定是否要刪除這個連絡人[A:0911]?", "是否確定刪除這個連絡人", MsgBox::Yes);
 
     EXPECT_TRUE(DeleteUser(g));
 
-    EXPECT_EQ(column(p().rsUsers, QStringLiteral("UserName")), QStringList {QStringLiteral("Bob")});
+    EXPECT_EQ(column(p().rsUsers, "UserName"), QStringList {"Bob"});
     EXPECT_EQ(p().TelNoCount, 2);
     EXPECT_EQ(CountTelNo(p()), 1);
-    EXPECT_EQ(view.tags().back(), QStringLiteral("Users,Bob"));
+    EXPECT_EQ(view.tags().back(), "Users,Bob");
     EXPECT_EQ(view.nodes.size(), 6u);
-    EXPECT_EQ(view.statusHistory,
-        (std::vector<QString> {QStringLiteral("正在刪除這筆連絡人資料[A]中..."), QString()}));
-    EXPECT_EQ(NullToEmpty(p().rsUsers.Fields(QStringLiteral("UserName"))), QStringLiteral("Bob"));
+    EXPECT_EQ(view.statusHistory, (std::vector<QString> {"正在刪除這筆連絡人資料[A]中...", QString()}));
+    EXPECT_EQ(NullToEmpty(p().rsUsers.Fields("UserName")), "Bob");
     EXPECT_TRUE(p().IsProjectModified);
 }
 
 TEST_F(ModelTest, DeleteUserAnsweredNoKeepsTheContact)
 {
-    addUser(QStringLiteral("A"), QString(), QString());
+    addUser("A", QString(), QString());
     p().rsUsers.MoveFirst();
-    platform.expectBox(52, QStringLiteral("確定是否要刪除這個連絡人[A:]?"),
-        QStringLiteral("是否確定刪除這個連絡人"), MsgBox::No);
+    platform.expectBox(52, "確定是否要刪除這個連絡人[A:]?", "是否確定刪除這個連絡人", MsgBox::No);
     EXPECT_FALSE(DeleteUser(g));
     EXPECT_EQ(p().rsUsers.RecordCount(), 1);
 }
@@ -182,20 +172,18 @@ TEST_F(ModelTest, DeletingWithoutACurrentContactEndsTheProgram)
         DeleteUser(g);
         FAIL() << "no current row must end the program";
     } catch (const UnhandledError& e) {
-        EXPECT_EQ(e.text(),
-            QStringLiteral("TelList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人名稱失敗。"));
-        EXPECT_EQ(e.title(), QStringLiteral("刪除連絡人名稱失敗"));
+        EXPECT_EQ(e.text(), "TelList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人名稱失敗。");
+        EXPECT_EQ(e.title(), "刪除連絡人名稱失敗");
         EXPECT_EQ(e.flags(), 16);
     }
 }
 
 TEST_F(ModelTest, FindNodeByTagComparesTheWholeTagExactly)
 {
-    view.addNode(
-        2, {}, QStringLiteral("x"), QStringLiteral("UserGroups"), QStringLiteral("UserGroups,usergroup1"));
-    EXPECT_EQ(FindNodeByTag(view, QStringLiteral("UserGroups,UserGroup1")), 4);
-    EXPECT_EQ(FindNodeByTag(view, QStringLiteral("UserGroups,usergroup1")), 5);
-    EXPECT_THROW(FindNodeByTag(view, QStringLiteral("UserGroups,User")), UnhandledError);
+    view.addNode(2, {}, "x", "UserGroups", "UserGroups,usergroup1");
+    EXPECT_EQ(FindNodeByTag(view, "UserGroups,UserGroup1"), 4);
+    EXPECT_EQ(FindNodeByTag(view, "UserGroups,usergroup1"), 5);
+    EXPECT_THROW(FindNodeByTag(view, "UserGroups,User"), UnhandledError);
 }
 
 } // namespace

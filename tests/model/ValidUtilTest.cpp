@@ -7,7 +7,7 @@
 
 namespace {
 
-const QString Reserved = QStringLiteral("[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]");
+const QString Reserved = "[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]";
 
 enum class Refusal { None, Empty, Reserved, Duplicate };
 
@@ -42,34 +42,30 @@ TEST_P(NameCheckTest, GroupAndContactNamesAreCheckedAlike)
 {
     const NameCase& c = GetParam();
     const QString name = QString::fromUtf8(c.proposed);
-    addGroup(QStringLiteral("Existing"));
-    addUser(QStringLiteral("Existing"), QString());
+    addGroup("Existing");
+    addUser("Existing", QString());
 
     switch (c.refusal) {
     case Refusal::None:
         break;
     case Refusal::Empty:
-        platform.expectBox(
-            16, QStringLiteral("本使用者群組名稱不得為空白。"), QStringLiteral("本使用者群組名稱不得為空白"));
-        platform.expectBox(
-            16, QStringLiteral("本使用者名稱不得為空白。"), QStringLiteral("本使用者名稱不得為空白"));
+        platform.expectBox(16, "本使用者群組名稱不得為空白。", "本使用者群組名稱不得為空白");
+        platform.expectBox(16, "本使用者名稱不得為空白。", "本使用者名稱不得為空白");
         break;
     case Refusal::Reserved:
         // The contact's box speaks of a group name in its first line and title as well.
         platform.expectBox(16,
-            QStringLiteral("不合法的使用者群組名稱！") + CRLF + QStringLiteral("本使用者群組名稱[") + name
-                + QStringLiteral("]不得和以下名稱相同:") + CRLF + Reserved,
-            QStringLiteral("不合法的使用者群組名稱"));
+            "不合法的使用者群組名稱！" + CRLF + "本使用者群組名稱[" + name + "]不得和以下名稱相同:" + CRLF
+                + Reserved,
+            "不合法的使用者群組名稱");
         platform.expectBox(16,
-            QStringLiteral("不合法的使用者群組名稱！") + CRLF + QStringLiteral("本使用者名稱[") + name
-                + QStringLiteral("]不得和以下名稱相同:") + CRLF + Reserved,
-            QStringLiteral("不合法的使用者群組名稱"));
+            "不合法的使用者群組名稱！" + CRLF + "本使用者名稱[" + name + "]不得和以下名稱相同:" + CRLF
+                + Reserved,
+            "不合法的使用者群組名稱");
         break;
     case Refusal::Duplicate:
-        platform.expectBox(16, QStringLiteral("本使用者群組名稱[") + name + QStringLiteral("]已經存在。"),
-            QStringLiteral("本使用者群組名稱已經存在"));
-        platform.expectBox(16, QStringLiteral("本電話使用者名稱[") + name + QStringLiteral("]已經存在。"),
-            QStringLiteral("本電話使用者名稱已經存在"));
+        platform.expectBox(16, "本使用者群組名稱[" + name + "]已經存在。", "本使用者群組名稱已經存在");
+        platform.expectBox(16, "本電話使用者名稱[" + name + "]已經存在。", "本電話使用者名稱已經存在");
         break;
     }
     EXPECT_EQ(IsValidGroupName(g, name), c.refusal == Refusal::None);
@@ -81,13 +77,13 @@ INSTANTIATE_TEST_SUITE_P(Names, NameCheckTest, ::testing::ValuesIn(NameCases),
 
 TEST_F(ModelTest, NameChecksLeaveTheCurrentRowsWhereTheyStand)
 {
-    addGroup(QStringLiteral("Second"));
-    addUser(QStringLiteral("Ann"), QString());
-    ASSERT_TRUE(FindRecord(p().rsUserGroups, QStringLiteral("GroupName"), QStringLiteral("Second"), false));
-    EXPECT_TRUE(IsValidGroupName(g, QStringLiteral("Third")));
-    EXPECT_TRUE(IsValidUserName(g, QStringLiteral("Bob")));
-    EXPECT_EQ(NullToEmpty(p().rsUserGroups.Fields(QStringLiteral("GroupName"))), QStringLiteral("Second"));
-    EXPECT_EQ(NullToEmpty(p().rsUsers.Fields(QStringLiteral("UserName"))), QStringLiteral("Ann"));
+    addGroup("Second");
+    addUser("Ann", QString());
+    ASSERT_TRUE(FindRecord(p().rsUserGroups, "GroupName", "Second", false));
+    EXPECT_TRUE(IsValidGroupName(g, "Third"));
+    EXPECT_TRUE(IsValidUserName(g, "Bob"));
+    EXPECT_EQ(NullToEmpty(p().rsUserGroups.Fields("GroupName")), "Second");
+    EXPECT_EQ(NullToEmpty(p().rsUsers.Fields("UserName")), "Ann");
 }
 
 struct ReadyCase
@@ -109,50 +105,45 @@ const ReadyCase ReadyCases[] = {
     {"a group without a name", [](ModelTest& t) { t.addGroup(QString()); }, "未設定使用者群組及使用者。"},
     {"groups but no contact give their number",
         [](ModelTest& t) {
-            t.addGroup(QStringLiteral("B"));
-            t.addGroup(QStringLiteral("C"));
+            t.addGroup("B");
+            t.addGroup("C");
         },
         "3筆使用者群組未設定使用者。"},
     {"a contact of one group without a number",
-        [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QStringLiteral("UserGroup1"), QString()); },
+        [](ModelTest& t) { t.addUser("Ann", "UserGroup1", QString()); },
         "此使用者群組名稱[UserGroup1]下的使用者[Ann]未設定電話號碼。"},
-    {"a contact of one group without a name",
-        [](ModelTest& t) { t.addUser(QString(), QStringLiteral("UserGroup1")); },
+    {"a contact of one group without a name", [](ModelTest& t) { t.addUser(QString(), "UserGroup1"); },
         "此使用者群組名稱[UserGroup1]未設定使用者。"},
     {"a suspended contact without a number passes",
-        [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QStringLiteral("UserGroup1"), QString(), true); },
-        nullptr},
+        [](ModelTest& t) { t.addUser("Ann", "UserGroup1", QString(), true); }, nullptr},
     {"a contact of two groups is not checked",
         [](ModelTest& t) {
-            t.addGroup(QStringLiteral("B"));
-            t.addUser(
-                QStringLiteral("Ann"), QStringLiteral("UserGroup1") + CRLF + QStringLiteral("B"), QString());
-            t.addUser(QStringLiteral("Bob"), QStringLiteral("UserGroup1"));
+            t.addGroup("B");
+            t.addUser("Ann", "UserGroup1" + CRLF + "B", QString());
+            t.addUser("Bob", "UserGroup1");
         },
         nullptr},
-    {"a contact of no group is not checked",
-        [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QString(), QString()); }, nullptr},
-    {"the group list is compared exactly",
-        [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QStringLiteral("usergroup1"), QString()); },
+    {"a contact of no group is not checked", [](ModelTest& t) { t.addUser("Ann", QString(), QString()); },
         nullptr},
-    {"a group without members passes", [](ModelTest& t) { t.addUser(QStringLiteral("Ann"), QString()); },
+    {"the group list is compared exactly", [](ModelTest& t) { t.addUser("Ann", "usergroup1", QString()); },
         nullptr},
+    {"a group without members passes", [](ModelTest& t) { t.addUser("Ann", QString()); }, nullptr},
     {"128 targets pass",
         [](ModelTest& t) {
-            t.addUser(QStringLiteral("Ann"), QString());
+            t.addUser("Ann", QString());
             t.p().ProjTelCount = 128;
             t.p().ProjGroupCount = 128;
         },
         nullptr},
     {"129 groups by the sizing are refused",
         [](ModelTest& t) {
-            t.addUser(QStringLiteral("Ann"), QString());
+            t.addUser("Ann", QString());
             t.p().ProjGroupCount = 129;
         },
         "專案的群組不得超過128筆。"},
     {"129 targets are refused",
         [](ModelTest& t) {
-            t.addUser(QStringLiteral("Ann"), QString());
+            t.addUser("Ann", QString());
             t.p().ProjTelCount = 129;
         },
         "專案的通知對象[群組/連絡人]不得超過128筆。"},
@@ -160,7 +151,7 @@ const ReadyCase ReadyCases[] = {
         [](ModelTest& t) {
             for (int i = 2; i <= 100; ++i)
                 t.addGroup(QStringLiteral("G%1").arg(i));
-            t.addUser(QStringLiteral("Ann"), QStringLiteral("G100"));
+            t.addUser("Ann", "G100");
         },
         nullptr},
 };
@@ -173,8 +164,7 @@ TEST_P(IsProjectReadyTest, StopsAtTheFirstFailingStep)
     const ReadyCase& c = GetParam();
     c.setUp(*this);
     if (c.text)
-        platform.expectBox(
-            16, QStringLiteral("下載取消！") + CRLF + QString::fromUtf8(c.text), QString::fromUtf8(c.title));
+        platform.expectBox(16, "下載取消！" + CRLF + QString::fromUtf8(c.text), QString::fromUtf8(c.title));
     EXPECT_EQ(IsProjectReady(g), c.text == nullptr);
 }
 
@@ -185,12 +175,12 @@ TEST_F(ModelTest, The101stGroupEndsTheProgramInIsProjectReady)
 {
     for (int i = 2; i <= 101; ++i)
         addGroup(QStringLiteral("G%1").arg(i));
-    addUser(QStringLiteral("Ann"), QStringLiteral("G2"));
+    addUser("Ann", "G2");
     try {
         IsProjectReady(g);
         FAIL() << "a 101st group must not pass";
     } catch (const UnhandledError& e) {
-        EXPECT_EQ(e.text(), QStringLiteral("Subscript out of range"));
+        EXPECT_EQ(e.text(), "Subscript out of range");
     }
 }
 
