@@ -3,8 +3,8 @@
 #include <deque>
 #include <functional>
 #include <map>
-#include <set>
 #include <optional>
+#include <set>
 #include <type_traits>
 #include <vector>
 
