@@ -2,9 +2,12 @@
 
 // A project at its model's limits: MaxTelNo contacts each in several groups, 100 groups,
 // 64 zones with every text at its limit, written into the open project.
+#include <QDir>
 #include <QStringList>
 
 #include "ADOUtil.h"
+#include "FileUtil.h"
+#include "ProjectFiles.h"
 #include "VORNAGlobal.h"
 
 inline constexpr int GroupCount = 100;
@@ -47,4 +50,15 @@ inline void FillLimitsProject(VORNAGlobal& g)
     }
     g.project.rsBasic.setField(QStringLiteral("IsUnicode"), true);
     g.project.rsBasic.Update();
+}
+
+// A project at the limits saved as path, from the template in the program folder, and closed.
+inline void MakeLimitsProject(VORNAGlobal& g, const QString& appPath, const QString& path)
+{
+    FileCopy(QDir(appPath).filePath(QStringLiteral("RM64.mdb")), path);
+    OpenProject(g, path);
+    FillLimitsProject(g);
+    g.project.IsProjectModified = false;
+    SaveProject(g, true, false, false);
+    CloseProject(g);
 }

@@ -3,6 +3,16 @@
 #include <algorithm>
 #include <vector>
 
+#include <QElapsedTimer>
+
+// The milliseconds since the timer's start, restarting it for the next step.
+inline double MsSince(QElapsedTimer& t)
+{
+    const double ms = t.nsecsElapsed() / 1e6;
+    t.restart();
+    return ms;
+}
+
 inline double Median(std::vector<double> values)
 {
     std::sort(values.begin(), values.end());

@@ -39,13 +39,6 @@ protected:
     }
 };
 
-double msSince(QElapsedTimer& t)
-{
-    const double ms = t.nsecsElapsed() / 1e6;
-    t.restart();
-    return ms;
-}
-
 void select(frmMain& main, const QString& tag)
 {
     const auto& nodes = main.tvProjectContent.Nodes;
@@ -103,11 +96,7 @@ int main()
 
     const QString limits = QDir(install.root()).filePath(QStringLiteral("Project/Limits.cmb"));
     const QString path = QDir(install.root()).filePath(QStringLiteral("Project/Menu.cmb"));
-    FileCopy(QDir(app).filePath(QStringLiteral("RM64.mdb")), limits);
-    OpenProject(g, limits);
-    FillLimitsProject(g);
-    SaveProject(g, true, false, false);
-    CloseProject(g);
+    MakeLimitsProject(g, app, limits);
 
     // The move's dialog is given the last group, typed in, and OK.
     const QString target = QStringLiteral("UserGroup%1").arg(GroupCount);
@@ -139,7 +128,7 @@ int main()
                 main.lvNodeContent_MouseUp(2, 0);
             else
                 main.tvProjectContent_MouseUp(2, 0);
-            clicks[c.label].push_back(msSince(t));
+            clicks[c.label].push_back(MsSince(t));
             shown[c.label] = popups == 1;
         }
 
@@ -148,7 +137,7 @@ int main()
         moved = members(g, QStringLiteral("UserGroup1"));
         t.restart();
         main.clickMenu(QStringLiteral("mnuProjConentMoveUser"));
-        moves.push_back(msSince(t));
+        moves.push_back(MsSince(t));
         if (members(g, QStringLiteral("UserGroup1")) != 0) {
             std::fprintf(stderr, "the move left members in UserGroup1\n");
             return 1;

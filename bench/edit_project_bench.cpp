@@ -23,13 +23,6 @@
 
 namespace {
 
-double msSince(QElapsedTimer& t)
-{
-    const double ms = t.nsecsElapsed() / 1e6;
-    t.restart();
-    return ms;
-}
-
 void select(frmMain& main, const QString& tag)
 {
     const auto& nodes = main.tvProjectContent.Nodes;
@@ -59,11 +52,7 @@ int main()
 
     const QString limits = QDir(install.root()).filePath(QStringLiteral("Project/Limits.cmb"));
     const QString path = QDir(install.root()).filePath(QStringLiteral("Project/Edit.cmb"));
-    FileCopy(QDir(app).filePath(QStringLiteral("RM64.mdb")), limits);
-    OpenProject(g, limits);
-    FillLimitsProject(g);
-    SaveProject(g, true, false, false);
-    CloseProject(g);
+    MakeLimitsProject(g, app, limits);
 
     const std::vector<const char*> kinds
         = {"ProjName", "Users", "UserGroups", "Zones", "UserGroups,UserGroup1", "Users,User1", "Zones,0"};
@@ -78,13 +67,13 @@ int main()
         QElapsedTimer t;
         t.start();
         main.mktvProjContent();
-        trees.push_back(msSince(t));
+        trees.push_back(MsSince(t));
         nodes = main.tvProjectContent.Nodes.size();
         for (const char* kind : kinds) {
             select(main, QString::fromLatin1(kind));
             t.restart();
             main.mklvNodeContent();
-            lists[kind].push_back(msSince(t));
+            lists[kind].push_back(MsSince(t));
             rows[kind] = main.lvNodeContent.ListItems.size();
         }
         // The rename as the group editor's OK saves it, the new name typed in already.
@@ -95,14 +84,14 @@ int main()
         editor.lblGroupName.Caption = QStringLiteral("Night watch");
         t.restart();
         editor.SaveFormObj();
-        renames.push_back(msSince(t));
+        renames.push_back(MsSince(t));
         select(main, QStringLiteral("UserGroups,Night watch"));
         main.openMenu(QStringLiteral("mnuProj"));
         t.restart();
         main.clickMenu(QStringLiteral("mnuProjDeleteGroupList"));
-        deletes.push_back(msSince(t));
+        deletes.push_back(MsSince(t));
         SaveProject(g, true, false, false);
-        saves.push_back(msSince(t));
+        saves.push_back(MsSince(t));
         CloseProject(g);
     }
     std::printf("edit project at limits: %d contacts x %d groups, %d groups, 64 zones; medians of 21 runs "

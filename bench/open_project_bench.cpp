@@ -32,12 +32,7 @@ int main()
     InitApplication(g, app);
 
     const QString path = QDir(install.root()).filePath(QStringLiteral("Project/Limits.cmb"));
-    FileCopy(QDir(app).filePath(QStringLiteral("RM64.mdb")), path);
-    OpenProject(g, path);
-    FillLimitsProject(g);
-    g.project.IsProjectModified = false;
-    SaveProject(g, true, false, false);
-    CloseProject(g);
+    MakeLimitsProject(g, app, path);
 
     std::vector<double> opens, closes;
     for (int run = 0; run < 31; ++run) {

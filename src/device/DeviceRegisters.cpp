@@ -6,6 +6,7 @@
 #include "CommControl.h"
 #include "CommProtocol.h"
 #include "CommUtil.h"
+#include "Controls.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
 #include "frmMessage.h"
@@ -144,6 +145,29 @@ bool ReadDeviceComm(VORNAGlobal& g, DeviceInfo& info, bool showBusy)
     if (showBusy)
         HideBusyMessage(g);
     return result;
+}
+
+bool AddModelBaudRates(VORNAGlobal& g, const QString& model, ComboBox& combo)
+{
+    Recordset& rs = g.system.rsCommBaudList;
+    if (rs.RecordCount() == 0)
+        return false;
+    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext())
+        if (NullToEmpty(rs.Fields(QStringLiteral("ModelName"))) == model)
+            combo.AddItem(NullToEmpty(rs.Fields(QStringLiteral("BaudRate"))));
+    return true;
+}
+
+QString ParityRow(const QString& letter)
+{
+    const QString p = letter.toUpper();
+    if (p == QLatin1String("E"))
+        return QStringLiteral("EVEN");
+    if (p == QLatin1String("N"))
+        return QStringLiteral("NONE");
+    if (p == QLatin1String("O"))
+        return QStringLiteral("ODD");
+    return Unknown;
 }
 
 QString LookupBaudRate(VORNAGlobal& g, const DeviceInfo& info, const QString& baudID)

@@ -3,6 +3,7 @@
 #include <QString>
 
 class CommBuffer;
+struct ComboBox;
 class VORNAGlobal;
 
 // What the identity and settings reads learn of the device. All text, empty at first.
@@ -45,6 +46,11 @@ bool ReadProductSN(VORNAGlobal& g, QString& serialNo);
 bool ReadDeviceComm(VORNAGlobal& g, DeviceInfo& info, bool showBusy);
 bool WriteDeviceComm(VORNAGlobal& g, const QString& model, const QString& slaveID, const QString& baudRate,
     const QString& parity, bool showBusy);
+// Adds to the combo the baud rates that the model offers, in the system database's order.
+// False, adding nothing, when the table has no rows at all.
+bool AddModelBaudRates(VORNAGlobal& g, const QString& model, ComboBox& combo);
+// The parity combo's row for a parity letter: "EVEN", "NONE", "ODD", else "UnKnown".
+QString ParityRow(const QString& letter);
 // Baud rate text of the model's baud id in the system database, or "UnKnown".
 QString LookupBaudRate(VORNAGlobal& g, const DeviceInfo& info, const QString& baudID);
 

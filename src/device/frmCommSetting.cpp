@@ -21,18 +21,6 @@ const QString Unknown = QStringLiteral("UnKnown");
 
 } // namespace
 
-QString ParityRow(const QString& letter)
-{
-    const QString p = letter.toUpper();
-    if (p == QLatin1String("E"))
-        return QStringLiteral("EVEN");
-    if (p == QLatin1String("N"))
-        return QStringLiteral("NONE");
-    if (p == QLatin1String("O"))
-        return QStringLiteral("ODD");
-    return Unknown;
-}
-
 frmCommSetting::frmCommSetting(VORNAGlobal& g)
     : FormModel(g.ml, kFormTexts)
     , m_g(g)
@@ -64,13 +52,8 @@ void frmCommSetting::LoadFormObj(bool& ok)
         lblSN.Caption = info.SerialNo;
     }
 
-    Recordset& rs = m_g.system.rsCommBaudList;
-    if (rs.RecordCount() > 0) {
-        for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext())
-            if (NullToEmpty(rs.Fields(QStringLiteral("ModelName"))) == info.Model)
-                cmbPortBaud.AddItem(NullToEmpty(rs.Fields(QStringLiteral("BaudRate"))));
+    if (AddModelBaudRates(m_g, info.Model, cmbPortBaud))
         cmbPortBaud.AddItem(Unknown);
-    }
     for (const char* parity : {"EVEN", "ODD", "NONE", "UnKnown"})
         cmbParityBit.AddItem(QString::fromLatin1(parity));
     cmbParityBit.SelectText(ParityRow(info.Parity));

@@ -48,6 +48,3 @@ public:
 private:
     VORNAGlobal& m_g;
 };
-
-// The parity combo's row for the device's parity letter: "EVEN", "NONE", "ODD", or "UnKnown".
-QString ParityRow(const QString& letter);

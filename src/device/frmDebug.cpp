@@ -82,13 +82,8 @@ void frmDebug::LoadFormObj()
     }
     cmbParityBit.Clear();
     cmbPortBaud.Clear();
-    Recordset& rs = m_g.system.rsCommBaudList;
-    if (rs.RecordCount() > 0) {
-        for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext())
-            if (NullToEmpty(rs.Fields(QStringLiteral("ModelName"))) == mModelID)
-                cmbPortBaud.AddItem(NullToEmpty(rs.Fields(QStringLiteral("BaudRate"))));
+    if (AddModelBaudRates(m_g, mModelID, cmbPortBaud))
         cmbPortBaud.SetText(QStringLiteral("9600"));
-    }
     for (const char* parity : {"EVEN", "ODD", "NONE"})
         cmbParityBit.AddItem(QString::fromLatin1(parity));
     cmbParityBit.SelectText(QStringLiteral("NONE"));
