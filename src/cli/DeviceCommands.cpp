@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <functional>
-#include <map>
 #include <vector>
 
 #include "CliSession.h"
@@ -35,7 +34,7 @@ QStringList Choices(const ComboBox& combo)
 }
 
 // The port dialog played with the port of --port: a device path that no port number reaches
-// is given one for this run, the number the link has now, so that the dialog's OK opens it.
+// is mapped for this run only to the number the link has now, so that the dialog's OK opens it.
 void PlayPortDialog(Session& s)
 {
     LinkState& link = s.g.link;
@@ -45,7 +44,7 @@ void PlayPortDialog(Session& s)
         if (mapped > 0)
             port = mapped;
         else
-            link.PortPaths[port] = link.CommDevice;
+            link.RunPortPaths[port] = link.CommDevice;
     }
     frmComPort& portForm = s.g.form<frmComPort>();
     s.platform.playModal = [&portForm, port](FormModel& form) {
@@ -142,7 +141,6 @@ int RunSettings(Session& s)
 int RunRegisters(Session& s)
 {
     VORNAGlobal& g = s.g;
-    const std::map<int, QString> profilePorts = g.link.PortPaths;
     PlayPortDialog(s);
     frmDebug& form = g.form<frmDebug>();
     form.Load();
@@ -174,8 +172,6 @@ int RunRegisters(Session& s)
     }
     printRows();
     s.platform.playModal = nullptr;
-    // The mapping made for this run is not the user's: the profile keeps its own.
-    g.link.PortPaths = profilePorts;
 
     bool allRead = portOpen && !form.lvBasicInfo.ListItems.empty();
     for (const ListItem& item : form.lvBasicInfo.ListItems)
