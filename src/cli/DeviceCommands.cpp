@@ -21,7 +21,8 @@ namespace {
 
 const ModuleText T {"VORNACli"};
 const QString Unknown = QStringLiteral("UNKNOWN");
-const char* const PortColumns[] = {"通訊埠", "裝置", "狀態", "轉接器", "序號", "by-id 名稱"};
+const TextKey PortColumns[] = {T.key("通訊埠", 1, 100), T.key("裝置", 2, 100), T.key("狀態", 3, 100),
+    T.key("轉接器", 4, 100), T.key("序號", 5, 100), T.key("by-id 名稱", 6, 100)};
 
 // The rows of a combo that a user may choose: all but "UnKnown".
 QStringList Choices(const ComboBox& combo)
@@ -183,9 +184,8 @@ int RunPorts(Session& s)
 {
     VORNAGlobal& g = s.g;
     QStringList header;
-    int seq = 1;
-    for (const char* column : PortColumns)
-        header << T(g, column, seq++, 100);
+    for (const TextKey& column : PortColumns)
+        header << g.GetText(column);
     std::vector<QStringList> rows;
     for (const PortRow& port : ListCommPorts(g))
         rows.push_back(

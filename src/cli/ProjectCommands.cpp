@@ -55,20 +55,20 @@ int RunInfo(Session& s)
     if (!OpenPrivateCopy(g, path, scratch))
         return ExitFailed;
 
-    auto line = [&g](const char* label, int id, const QString& value) {
-        PrintOutput(T(g, label, 1, id) + QStringLiteral(": ") + value);
+    auto line = [&g](const TextKey& label, const QString& value) {
+        PrintOutput(g.GetText(label) + QStringLiteral(": ") + value);
     };
     ProjectState& p = g.project;
-    line("專案", 1, GetFname(path, 0));
-    line("檔案", 2, path);
-    line("機型", 3, NullToEmpty(p.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
-    line("電話號碼上限", 4, QString::number(p.MaxTelNo));
-    line("記憶體位元組", 5, QString::number(p.MaxMemoryByte));
-    line("群組", 6, QString::number(GetRecordCount(p.rsUserGroups)));
-    line("連絡人", 7, QString::number(GetRecordCount(p.rsUsers)));
-    line("警報點", 8, QString::number(GetRecordCount(p.rsZones)));
-    line("建立日期", 9, NullToEmpty(p.rsBasic.Fields(QStringLiteral("CreatedDate"))));
-    line("修改日期", 10, NullToEmpty(p.rsBasic.Fields(QStringLiteral("ModifiedDate"))));
+    line(T.key("專案", 1, 1), GetFname(path, 0));
+    line(T.key("檔案", 1, 2), path);
+    line(T.key("機型", 1, 3), NullToEmpty(p.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
+    line(T.key("電話號碼上限", 1, 4), QString::number(p.MaxTelNo));
+    line(T.key("記憶體位元組", 1, 5), QString::number(p.MaxMemoryByte));
+    line(T.key("群組", 1, 6), QString::number(GetRecordCount(p.rsUserGroups)));
+    line(T.key("連絡人", 1, 7), QString::number(GetRecordCount(p.rsUsers)));
+    line(T.key("警報點", 1, 8), QString::number(GetRecordCount(p.rsZones)));
+    line(T.key("建立日期", 1, 9), NullToEmpty(p.rsBasic.Fields(QStringLiteral("CreatedDate"))));
+    line(T.key("修改日期", 1, 10), NullToEmpty(p.rsBasic.Fields(QStringLiteral("ModifiedDate"))));
     CloseProjectTables(g);
     return ExitSuccess;
 }

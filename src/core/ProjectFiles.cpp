@@ -1,5 +1,7 @@
 #include "ProjectFiles.h"
 
+#include <array>
+
 #include <QFile>
 
 #include "FileUtil.h"
@@ -60,27 +62,28 @@ std::optional<QString> ShowFileDialog(VORNAGlobal& g, const FileDialogOptions& o
     return chosen;
 }
 
-// The question before a chosen file is replaced; true for Yes.
-bool AskReplace(VORNAGlobal& g, const QString& path, int id)
+// The question before a chosen file is replaced, from the keys of its two places: text
+// before and after the path, and title. True for Yes.
+bool AskReplace(VORNAGlobal& g, const QString& path, const std::array<TextKey, 3>& keys)
 {
-    const int answer
-        = g.platform.msgBox(T(g, "檔案[", 1, id) + path + T(g, "]已經存在，您要取代現存的檔案嗎？", 2, id),
-            MsgBox::YesNo | MsgBox::Exclamation, T(g, "此檔案已經存在", 3, id));
+    const int answer = g.platform.msgBox(g.GetText(keys[0]) + path + g.GetText(keys[1]),
+        MsgBox::YesNo | MsgBox::Exclamation, g.GetText(keys[2]));
     return answer == MsgBox::Yes;
 }
 
-// One of the four trapped copies failed: "<action>\n專案檔案[<path><cause>", titled.
-void ShowCopyFailure(
-    VORNAGlobal& g, int id, const char* action, const QString& path, const char* cause, const char* title)
+// One of the four trapped copies failed: "<action>\n專案檔案[<path><cause>", titled; the keys
+// are the action, "專案檔案[", the cause and the title.
+void ShowCopyFailure(VORNAGlobal& g, const QString& path, const std::array<TextKey, 4>& keys)
 {
     g.platform.msgBox(
-        T(g, action, 1, id) + QStringLiteral("\n") + T(g, "專案檔案[", 2, id) + path + T(g, cause, 3, id),
-        MsgBox::Critical, T(g, title, 4, id));
+        g.GetText(keys[0]) + QStringLiteral("\n") + g.GetText(keys[1]) + path + g.GetText(keys[2]),
+        MsgBox::Critical, g.GetText(keys[3]));
 }
 
-QString OpeningText(VORNAGlobal& g, const QString& path, int id)
+// "專案[<name>]開啟中...", from the keys of one of its two places.
+QString OpeningText(VORNAGlobal& g, const QString& path, const std::array<TextKey, 2>& keys)
 {
-    return T(g, "專案[", 2, id) + GetFname(path, 0) + T(g, "]開啟中...", 3, id);
+    return g.GetText(keys[0]) + GetFname(path, 0) + g.GetText(keys[1]);
 }
 
 void SetModifiedDate(VORNAGlobal& g)
@@ -173,7 +176,9 @@ void NewProject(VORNAGlobal& g)
         path = *chosen;
         if (!FileExists(path))
             break;
-        if (AskReplace(g, path, 103)) {
+        if (AskReplace(g, path,
+                {T.key("檔案[", 1, 103), T.key("]已經存在，您要取代現存的檔案嗎？", 2, 103),
+                    T.key("此檔案已經存在", 3, 103)})) {
             // Deleted with force in effect, but the old file goes only when the template's
             // copy takes its place.
             PrepareReplace(path, true);
@@ -182,7 +187,9 @@ void NewProject(VORNAGlobal& g)
     }
 
     if (!FileCopy(JoinPath(g.program.AppPath, QStringLiteral("RM64.mdb")), path)) {
-        ShowCopyFailure(g, 121, "開新專案失敗。", path, "]檔案無法複製。", "開新專案失敗");
+        ShowCopyFailure(g, path,
+            {T.key("開新專案失敗。", 1, 121), T.key("專案檔案[", 2, 121), T.key("]檔案無法複製。", 3, 121),
+                T.key("開新專案失敗", 4, 121)});
         return;
     }
     OpenProject(g, path);
@@ -209,7 +216,7 @@ bool OpenProject(VORNAGlobal& g, QString FilePath)
         return false;
 
     SetPointer(g, Pointer::Hourglass);
-    SetStatus(g, OpeningText(g, FilePath, 176));
+    SetStatus(g, OpeningText(g, FilePath, {T.key("專案[", 2, 176), T.key("]開啟中...", 3, 176)}));
 
     // A working copy left from an earlier run is overwritten without a word. The working copy
     // is the program's own file: writable even when the project file is read-only, whose
@@ -218,7 +225,9 @@ bool OpenProject(VORNAGlobal& g, QString FilePath)
     if (!FileCopyOwn(FilePath, workPath)) {
         SetPointer(g, Pointer::Default);
         SetStatus(g, QString());
-        ShowCopyFailure(g, 210, "開啟專案失敗。", FilePath, "]檔案無法開啟。", "開啟專案失敗");
+        ShowCopyFailure(g, FilePath,
+            {T.key("開啟專案失敗。", 1, 210), T.key("專案檔案[", 2, 210), T.key("]檔案無法開啟。", 3, 210),
+                T.key("開啟專案失敗", 4, 210)});
         return false;
     }
     OpenProjectTables(g, workPath);
@@ -265,10 +274,11 @@ int SaveProject(VORNAGlobal& g, bool Force, bool Prompt, bool AllowCancel)
         if (!g.project.IsProjectModified)
             return ProjectResult::Done;
         if (Prompt) {
-            const int id = AllowCancel ? 279 : 292;
-            const QString text
-                = T(g, "您要將變更儲存到專案[", 1, id) + g.project.ProjectName + QStringLiteral("]?");
-            const QString title = T(g, "是否儲存專案", 3, id);
+            // The two places of the question have a key each.
+            const QString text = (AllowCancel ? T(g, "您要將變更儲存到專案[", 1, 279)
+                                              : T(g, "您要將變更儲存到專案[", 1, 292))
+                + g.project.ProjectName + QStringLiteral("]?");
+            const QString title = AllowCancel ? T(g, "是否儲存專案", 3, 279) : T(g, "是否儲存專案", 3, 292);
             if (AllowCancel) {
                 const int answer = g.platform.msgBox(text, MsgBox::YesNoCancel, title);
                 if (answer == MsgBox::Cancel)
@@ -286,8 +296,9 @@ int SaveProject(VORNAGlobal& g, bool Force, bool Prompt, bool AllowCancel)
     if (!FileCopy(g.project.ProjectWorkPath, g.project.ProjectFilePath)) {
         // The tables stay closed while the project stays named: any further use of a
         // project table ends the program.
-        ShowCopyFailure(
-            g, 316, "儲存專案失敗。", g.project.ProjectFilePath, "]檔案無法儲存。", "儲存專案失敗");
+        ShowCopyFailure(g, g.project.ProjectFilePath,
+            {T.key("儲存專案失敗。", 1, 316), T.key("專案檔案[", 2, 316), T.key("]檔案無法儲存。", 3, 316),
+                T.key("儲存專案失敗", 4, 316)});
         return ProjectResult::Done;
     }
     OpenProjectTables(g, g.project.ProjectWorkPath);
@@ -307,19 +318,23 @@ void SaveProjectAs(VORNAGlobal& g)
         return;
     const QString path = *chosen;
     if (FileExists(path)) {
-        if (!AskReplace(g, path, 422))
+        if (!AskReplace(g, path,
+                {T.key("檔案[", 1, 422), T.key("]已經存在，您要取代現存的檔案嗎？", 2, 422),
+                    T.key("此檔案已經存在", 3, 422)}))
             return;
         // The copy below replaces the file in one step; it is never deleted first.
         PrepareReplace(path);
     }
 
     SetPointer(g, Pointer::Hourglass);
-    SetStatus(g, OpeningText(g, path, 432));
+    SetStatus(g, OpeningText(g, path, {T.key("專案[", 2, 432), T.key("]開啟中...", 3, 432)}));
     CloseProjectTables(g);
     if (!FileCopy(g.project.ProjectWorkPath, path)) {
         SetPointer(g, Pointer::Default);
         SetStatus(g, QString());
-        ShowCopyFailure(g, 446, "另存專案失敗。", path, "]檔案無法另存。", "另存專案失敗");
+        ShowCopyFailure(g, path,
+            {T.key("另存專案失敗。", 1, 446), T.key("專案檔案[", 2, 446), T.key("]檔案無法另存。", 3, 446),
+                T.key("另存專案失敗", 4, 446)});
         return;
     }
     // Emptied first so that the open below neither closes nor prompts.

@@ -103,6 +103,16 @@ struct LinkState
     LinkTrace* Trace = nullptr;
 };
 
+// A key of the message table with its default text, for a text kept in a table or handed
+// to a helper that serves several keys; g.GetText(key) looks it up.
+struct TextKey
+{
+    const char* module;
+    int id;
+    int seq;
+    const char* text;
+};
+
 // The shared state: one instance, owned by the entry point. Its members are grouped by
 // owner, so that a module can take only the part it works on.
 class VORNAGlobal
@@ -139,6 +149,10 @@ public:
     {
         return ml.GetText(DefaultText, Seq, ID, ModuleName);
     }
+    QString GetText(const TextKey& key) const
+    {
+        return GetText(QString::fromUtf8(key.text), key.seq, key.id, QString::fromLatin1(key.module));
+    }
 
 private:
     ProjectView* m_view = nullptr;
@@ -157,12 +171,17 @@ template<class Form, class... Args> Form& ShowDialog(VORNAGlobal& g, Args&&... a
 
 // The message lookup of one module: a source file names its module once,
 //     const ModuleText T {"EditZoneList"};
-// and asks T(g, "default text", seq, id).
+// and asks T(g, "default text", seq, id), or keeps T.key("default text", seq, id) for later;
+// texts, seqs and ids are literals at the call, so that each key can be read off the source.
 struct ModuleText
 {
     const char* module;
     QString operator()(const VORNAGlobal& g, const char* defaultText, int seq, int id) const
     {
         return g.GetText(QString::fromUtf8(defaultText), seq, id, QString::fromLatin1(module));
+    }
+    constexpr TextKey key(const char* defaultText, int seq, int id) const
+    {
+        return {module, id, seq, defaultText};
     }
 };

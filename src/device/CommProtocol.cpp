@@ -11,6 +11,8 @@
 
 namespace {
 
+const ModuleText T {"VORNACommUtil"};
+
 constexpr std::array<quint16, 256> MakeCrcTable()
 {
     std::array<quint16, 256> table {};
@@ -48,8 +50,7 @@ Verdict JudgeResponse(VORNAGlobal& g, const CommBuffer& cmd, const CommBuffer& r
             DebugBox(g,
                 QStringLiteral("Send command response error.") + CRLF + QStringLiteral("Command function no=")
                     + QString::number(cmd(2)));
-            DebugBox(g,
-                g.GetText(QStringLiteral("這是一個不合法的命令."), 1, 574, QStringLiteral("VORNACommUtil")));
+            DebugBox(g, T(g, "這是一個不合法的命令.", 1, 574));
         }
         return Verdict::ErrorAnswer;
     }

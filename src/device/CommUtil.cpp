@@ -10,6 +10,8 @@
 
 namespace {
 
+const ModuleText T {"VORNACommUtil"};
+
 const QString CommErrorTitle = QStringLiteral("Communicaiton Error");
 const QString CheckSettingsLine
     = QStringLiteral("Please check cable connection and communicaiton parameter settings.");
@@ -127,8 +129,7 @@ qint16 ReceiveDataUseHandshaking(
     QDateTime seen = lastActivity;
     comm.InputLen = 1;
     qint16 i = 0;
-    const qint64 unit
-        = IntervalSeconds(g.GetText(QStringLiteral("s"), 1, 456, QStringLiteral("VORNACommUtil")));
+    const qint64 unit = IntervalSeconds(T(g, "s", 1, 456));
     bool timedOut = false;
     while (i < n) {
         if (WholeUnits(seen, unit) - WholeUnits(lastActivity, unit) > silentTimeout) {

@@ -32,18 +32,29 @@ bool SendConnectionProbe(VORNAGlobal& g)
     return SendReadRequest(g, 0x04, 0x0006, 1, rsp, 7);
 }
 
-// The box of a failed send, the same text for each step under its own id.
-void ShowSendFailure(VORNAGlobal& g, int id)
+// The box of a failed send, the same text for each step under its own keys: the text before
+// and after the project's name, the check list and the title.
+const std::array<TextKey, 7> PhoneBookFailure {T.key("下載專案 [", 1, 82), T.key("] 失敗!", 2, 82),
+    T.key("請檢查下列項目:", 3, 82), T.key("1. RS232 通訊線是否已正確連接", 4, 82),
+    T.key("2. PC通訊埠是否正確指定", 5, 82), T.key("3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)", 6, 82),
+    T.key("下載專案", 7, 82)};
+const std::array<TextKey, 7> SendFailure {T.key("下載專案 [", 1, 96), T.key("] 失敗!", 2, 96),
+    T.key("請檢查下列項目:", 3, 96), T.key("1. RS232 通訊線是否已正確連接", 4, 96),
+    T.key("2. PC通訊埠是否正確指定", 5, 96), T.key("3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)", 6, 96),
+    T.key("下載專案", 7, 96)};
+
+void ShowSendFailure(VORNAGlobal& g, const std::array<TextKey, 7>& keys)
 {
-    g.platform.msgBox(T(g, "下載專案 [", 1, id) + g.project.ProjectName + T(g, "] 失敗!", 2, id) + CRLF
-            + CheckList(g, T.module, id, 3),
-        MsgBox::Critical, T(g, "下載專案", 7, id));
+    g.platform.msgBox(g.GetText(keys[0]) + g.project.ProjectName + g.GetText(keys[1]) + CRLF
+            + CheckList(g, {keys[2], keys[3], keys[4], keys[5]}),
+        MsgBox::Critical, g.GetText(keys[6]));
 }
 
-void ShowDebugFailure(VORNAGlobal& g, const char* text, int id)
+// Text and title of a diagnostic box.
+void ShowDebugFailure(VORNAGlobal& g, const std::array<TextKey, 2>& keys)
 {
     if (g.link.CommDebugLevel > 0)
-        g.platform.msgBox(T(g, text, 1, id), MsgBox::Critical, T(g, "下載專案", 2, id));
+        g.platform.msgBox(g.GetText(keys[0]), MsgBox::Critical, g.GetText(keys[1]));
 }
 
 bool ConfirmDownload(VORNAGlobal& g)
@@ -98,13 +109,10 @@ void SetOfflineState(VORNAGlobal& g)
     SetLinkState(g, false);
 }
 
-QString CheckList(const VORNAGlobal& g, const char* module, int id, int firstSeq)
+QString CheckList(const VORNAGlobal& g, const std::array<TextKey, 4>& keys)
 {
-    const ModuleText M {module};
-    return M(g, "請檢查下列項目:", firstSeq, id) + CRLF
-        + M(g, "1. RS232 通訊線是否已正確連接", firstSeq + 1, id) + CRLF
-        + M(g, "2. PC通訊埠是否正確指定", firstSeq + 2, id) + CRLF
-        + M(g, "3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)", firstSeq + 3, id);
+    return g.GetText(keys[0]) + CRLF + g.GetText(keys[1]) + CRLF + g.GetText(keys[2]) + CRLF
+        + g.GetText(keys[3]);
 }
 
 bool ConnectDevice(VORNAGlobal& g)
@@ -127,7 +135,11 @@ bool ConnectDevice(VORNAGlobal& g)
         SetOnlineState(g);
         return true;
     }
-    g.platform.msgBox(T(g, "連線至簡訊報警機失敗! ", 1, 266) + CRLF + CheckList(g, T.module, 266, 2),
+    g.platform.msgBox(T(g, "連線至簡訊報警機失敗! ", 1, 266) + CRLF
+            + CheckList(g,
+                {T.key("請檢查下列項目:", 2, 266), T.key("1. RS232 通訊線是否已正確連接", 3, 266),
+                    T.key("2. PC通訊埠是否正確指定", 4, 266),
+                    T.key("3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)", 5, 266)}),
         MsgBox::Critical, T(g, "連線簡訊報警機", 6, 266));
     SetOfflineState(g);
     return false;
@@ -146,16 +158,16 @@ bool DownloadProject(VORNAGlobal& g)
     if (!ClearPhoneBook(g)) {
         g.view().setMousePointer(Pointer::Default);
         HideBusyMessage(g);
-        ShowSendFailure(g, 82);
+        ShowSendFailure(g, PhoneBookFailure);
         SetOfflineState(g);
-        ShowDebugFailure(g, "清除電話本失敗!", 87);
+        ShowDebugFailure(g, {T.key("清除電話本失敗!", 1, 87), T.key("下載專案", 2, 87)});
         return false;
     }
     if (!ClearShortMessages(g)) {
         // This failure leaves the hourglass: the next operation that sets the pointer mends it.
         g.link.IsDeviceConnected = false;
         HideBusyMessage(g);
-        ShowSendFailure(g, 96);
+        ShowSendFailure(g, SendFailure);
         SetOfflineState(g);
         return false;
     }
@@ -163,9 +175,9 @@ bool DownloadProject(VORNAGlobal& g)
         g.link.IsDeviceConnected = false;
         g.view().setMousePointer(Pointer::Default);
         HideBusyMessage(g);
-        ShowSendFailure(g, 96);
+        ShowSendFailure(g, SendFailure);
         SetOfflineState(g);
-        ShowDebugFailure(g, "下載專案失敗!", 101);
+        ShowDebugFailure(g, {T.key("下載專案失敗!", 1, 101), T.key("下載專案", 2, 101)});
         return false;
     }
 

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
+
 #include <QString>
 
+struct TextKey;
 class VORNAGlobal;
 
 // The two procedures of the Device menu: a connect that proves a dialler answers and shows
@@ -13,9 +16,8 @@ void SetOnlineState(VORNAGlobal& g);
 void SetOfflineState(VORNAGlobal& g);
 
 // The check list that closes every failure box that may have to do with the line: its four
-// lines, each looked up by its own key (seq firstSeq to firstSeq + 3 of id in module), joined
-// by CR LF.
-QString CheckList(const VORNAGlobal& g, const char* module, int id, int firstSeq);
+// lines, each box with keys of its own, joined by CR LF.
+QString CheckList(const VORNAGlobal& g, const std::array<TextKey, 4>& keys);
 
 // Both return whether they succeeded; the caller may ignore it, as the boxes have told the
 // user and IsDeviceConnected holds the outcome.

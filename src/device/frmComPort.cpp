@@ -16,15 +16,15 @@ const FormTextPath kFormTexts[] = {{""}, {"Label8"}, {"cmdExit"}, {"CmdOK"}};
 // The list's columns: default text and width in twips; their texts are seq 1 to 5 of id 50.
 struct PortColumn
 {
-    const char* text;
+    TextKey text;
     double width;
 };
 const PortColumn kPortColumns[] = {
-    {"通訊埠", 1000},
-    {"裝置", 2200},
-    {"轉接器", 2600},
-    {"序號", 1600},
-    {"by-id 名稱", 3600},
+    {Own.key("通訊埠", 1, 50), 1000},
+    {Own.key("裝置", 2, 50), 2200},
+    {Own.key("轉接器", 3, 50), 2600},
+    {Own.key("序號", 4, 50), 1600},
+    {Own.key("by-id 名稱", 5, 50), 3600},
 };
 
 // The port number in a combo text, "COM" and a number, for the list to follow; 0 for none.
@@ -53,9 +53,8 @@ void frmComPort::LoadFormObj()
     cmbCommPort.SetText(T(m_g, "COM", 1, 70) + QString::number(m_g.link.CommPort));
 
     lvPorts.ColumnHeaders.clear();
-    int seq = 1;
     for (const PortColumn& column : kPortColumns)
-        lvPorts.ColumnHeaders.push_back({Own(m_g, column.text, seq++, 50), column.width});
+        lvPorts.ColumnHeaders.push_back({m_g.GetText(column.text), column.width});
     lvPorts.ListItems.clear();
     for (const PortRow& port : ListCommPorts(m_g)) {
         ListItem row;

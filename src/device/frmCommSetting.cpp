@@ -39,8 +39,11 @@ void frmCommSetting::LoadFormObj(bool& ok)
 
     DeviceInfo info;
     if (!ReadDeviceComm(m_g, info, true)) {
-        m_g.platform.msgBox(
-            T(m_g, "通訊錯誤, 無法連接簡訊報警機!", 1, 219) + CRLF + CheckList(m_g, "CommSetting", 219, 2),
+        m_g.platform.msgBox(T(m_g, "通訊錯誤, 無法連接簡訊報警機!", 1, 219) + CRLF
+                + CheckList(m_g,
+                    {T.key("請檢查下列項目:", 2, 219), T.key("1. RS232 通訊線是否已正確連接", 3, 219),
+                        T.key("2. PC通訊埠是否正確指定", 4, 219),
+                        T.key("3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)", 5, 219)}),
             MsgBox::Critical, T(m_g, "裝置通訊設定", 6, 219));
         SetOfflineState(m_g);
         return;
@@ -95,8 +98,11 @@ void frmCommSetting::SaveFormObj()
             T(m_g, "設定報警機通訊參數成功!", 1, 287), MsgBox::OKOnly, T(m_g, "設定報警機通訊參數", 2, 287));
         SetOnlineState(m_g);
     } else {
-        m_g.platform.msgBox(
-            T(m_g, "設定報警機通訊參數失敗!", 1, 292) + CRLF + CheckList(m_g, "CommSetting", 292, 2),
+        m_g.platform.msgBox(T(m_g, "設定報警機通訊參數失敗!", 1, 292) + CRLF
+                + CheckList(m_g,
+                    {T.key("請檢查下列項目:", 2, 292), T.key("1. RS232 通訊線是否已正確連接", 3, 292),
+                        T.key("2. PC通訊埠是否正確指定", 4, 292),
+                        T.key("3. 簡訊報警機的指撥開關SW2是否設為 ON (設定模式)", 5, 292)}),
             MsgBox::Critical, T(m_g, "設定報警機通訊參數", 6, 292));
         SetOfflineState(m_g);
     }

@@ -19,10 +19,9 @@ const ModuleText T {"VORNAMain"};
 // records. The zone columns differ between the two by design.
 struct TableColumn
 {
-    const char* text;
-    int emptyId;
+    TextKey empty;
     double emptyWidth;
-    int filledId;
+    TextKey filled;
     double filledWidth;
 };
 
@@ -33,40 +32,48 @@ struct TableLayout
 };
 
 const TableLayout GroupTable {
-    {{"連絡人群組名稱", 1197, 1500, 1227, 1500}, {"連絡人群組說明", 1198, 1800, 1228, 1800}},
+    {{T.key("連絡人群組名稱", 1, 1197), 1500, T.key("連絡人群組名稱", 1, 1227), 1500},
+        {T.key("連絡人群組說明", 1, 1198), 1800, T.key("連絡人群組說明", 1, 1228), 1800}},
     {"GroupName", "GroupDsc"}};
 
 const TableLayout GroupMemberTable {
-    {{"連絡人", 1200, 1000, 1230, 1000}, {"電話號碼", 1201, 1500, 1231, 1500},
-        {"連絡人群組名稱", 1202, 1500, 1232, 1500}, {"說明", 1203, 1500, 1233, 1500},
-        {"暫停使用", 1204, 1000, 1234, 1000}},
+    {{T.key("連絡人", 1, 1200), 1000, T.key("連絡人", 1, 1230), 1000},
+        {T.key("電話號碼", 1, 1201), 1500, T.key("電話號碼", 1, 1231), 1500},
+        {T.key("連絡人群組名稱", 1, 1202), 1500, T.key("連絡人群組名稱", 1, 1232), 1500},
+        {T.key("說明", 1, 1203), 1500, T.key("說明", 1, 1233), 1500},
+        {T.key("暫停使用", 1, 1204), 1000, T.key("暫停使用", 1, 1234), 1000}},
     {"UserName", "PhoneNumber", "GroupName", "UserDsc", "IsDisable"}};
 
-const TableLayout UserTable {{{"連絡人名稱", 1403, 1500, 1438, 1500}, {"連絡人說明", 1404, 1500, 1439, 1500}},
+const TableLayout UserTable {{{T.key("連絡人名稱", 1, 1403), 1500, T.key("連絡人名稱", 1, 1438), 1500},
+                                 {T.key("連絡人說明", 1, 1404), 1500, T.key("連絡人說明", 1, 1439), 1500}},
     {"UserName", "UserDsc"}};
 
 const TableLayout ZoneTable {
-    {{"警報區", 1206, 800, 1236, 1000}, {"警報區名稱", 1207, 1500, 1237, 1500},
-        {"連絡人群組名稱", 1208, 1500, 1238, 1500}, {"說明", 1209, 1200, 1239, 1300},
-        {"警報發起訊息", 1210, 1200, 1240, 1500}, {"警報復歸訊息", 1211, 1200, 1241, 1500},
-        {"暫停使用", 1212, 1000, 1242, 1000}},
+    {{T.key("警報區", 1, 1206), 800, T.key("警報區", 1, 1236), 1000},
+        {T.key("警報區名稱", 1, 1207), 1500, T.key("警報區名稱", 1, 1237), 1500},
+        {T.key("連絡人群組名稱", 1, 1208), 1500, T.key("連絡人群組名稱", 1, 1238), 1500},
+        {T.key("說明", 1, 1209), 1200, T.key("說明", 1, 1239), 1300},
+        {T.key("警報發起訊息", 1, 1210), 1200, T.key("警報發起訊息", 1, 1240), 1500},
+        {T.key("警報復歸訊息", 1, 1211), 1200, T.key("警報復歸訊息", 1, 1241), 1500},
+        {T.key("暫停使用", 1, 1212), 1000, T.key("暫停使用", 1, 1242), 1000}},
     {"ZoneNo", "ZoneName", "GroupName", "ZoneDsc", "AlarmSMS", "ResetSMS", "IsDisable"}};
 
 // A row of a record sheet: its label and the field it shows.
 struct SheetRow
 {
-    const char* label;
-    int id;
+    TextKey label;
     const char* field;
 };
 
 // "暫使使用:" and the zone's "暫停使用" without a colon are the sheet's own words.
-const SheetRow UserSheet[] = {{"電話號碼:", 1348, "PhoneNumber"}, {"暫使使用:", 1350, "IsDisable"},
-    {"連絡人群組名稱:", 1352, "GroupName"}, {"連絡人:", 1354, "UserName"}, {"說明:", 1356, "UserDsc"}};
+const SheetRow UserSheet[] = {{T.key("電話號碼:", 1, 1348), "PhoneNumber"},
+    {T.key("暫使使用:", 1, 1350), "IsDisable"}, {T.key("連絡人群組名稱:", 1, 1352), "GroupName"},
+    {T.key("連絡人:", 1, 1354), "UserName"}, {T.key("說明:", 1, 1356), "UserDsc"}};
 
-const SheetRow ZoneSheet[] = {{"警報區:", 1333, "ZoneNo"}, {"警報區名稱:", 1335, "ZoneName"},
-    {"暫停使用", 1337, "IsDisable"}, {"連絡人群組名稱:", 1339, "GroupName"}, {"說明:", 1341, "ZoneDsc"},
-    {"警報發起訊息:", 1343, "AlarmSMS"}, {"警報復歸訊息:", 1345, "ResetSMS"}};
+const SheetRow ZoneSheet[] = {{T.key("警報區:", 1, 1333), "ZoneNo"},
+    {T.key("警報區名稱:", 1, 1335), "ZoneName"}, {T.key("暫停使用", 1, 1337), "IsDisable"},
+    {T.key("連絡人群組名稱:", 1, 1339), "GroupName"}, {T.key("說明:", 1, 1341), "ZoneDsc"},
+    {T.key("警報發起訊息:", 1, 1343), "AlarmSMS"}, {T.key("警報復歸訊息:", 1, 1345), "ResetSMS"}};
 
 } // namespace
 
@@ -143,8 +150,8 @@ void frmMain::PutTableTolvNodeContent(
     lv.ColumnHeaders.clear();
     if (layout) {
         for (const TableColumn& c : layout->columns)
-            lv.ColumnHeaders.push_back(empty ? ColumnHeader {T(m_g, c.text, 1, c.emptyId), c.emptyWidth}
-                                             : ColumnHeader {T(m_g, c.text, 1, c.filledId), c.filledWidth});
+            lv.ColumnHeaders.push_back(empty ? ColumnHeader {m_g.GetText(c.empty), c.emptyWidth}
+                                             : ColumnHeader {m_g.GetText(c.filled), c.filledWidth});
     } else {
         for (int i = 0; i < rs.FieldCount(); ++i)
             lv.ColumnHeaders.push_back({rs.FieldName(i), DefaultColumnWidth});
@@ -190,7 +197,7 @@ void frmMain::PutRecordTolvNodeContent(const QString& TableName, Recordset& rs)
 
     auto addSheet = [&](const auto& rows) {
         for (const SheetRow& r : rows)
-            lv.ListItems.push_back({T(m_g, r.label, 1, r.id), {FieldText(rs, r.field)}});
+            lv.ListItems.push_back({m_g.GetText(r.label), {FieldText(rs, r.field)}});
     };
     if (TableName == QLatin1String("Users")) {
         lv.ColumnHeaders = {{T(m_g, "項目", 1, 1322), 1500}, {T(m_g, "內容", 1, 1323), 4000}};

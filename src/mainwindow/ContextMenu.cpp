@@ -28,16 +28,15 @@ enum Entry {
 // caption but hidden, hidden, or left as it was.
 enum class Op { Show, CaptionOnly, Hide, Keep };
 
-// A caption is its text, the situation's name and the closing text when close is set; the
-// closing text is looked up only when it has a seq of its own.
+// A caption is its text, then the situation's name and a closing text when there is one: the
+// glue close as it stands, or the closing key looked up.
 struct EntryStep
 {
     Entry entry;
     Op op;
-    const char* text = nullptr;
-    int id = 0;
+    TextKey text {};
     const char* close = nullptr;
-    int closeSeq = 0;
+    TextKey closeKey {};
 };
 
 // A situation's captions: the entries it names, and what happens to the others.
@@ -50,45 +49,54 @@ struct MenuPath
 using enum Op;
 
 // The tree's captions; a leaf's hidden entries get plain captions too.
-const MenuPath TreeAddContact {Hide, {{AddTelList, Show, "新增連絡人...", 1455}}};
-const MenuPath TreeAddGroup {Hide, {{AddGroupList, Show, "新增連絡人群組...", 1449}}};
+const MenuPath TreeAddContact {Hide, {{AddTelList, Show, T.key("新增連絡人...", 1, 1455)}}};
+const MenuPath TreeAddGroup {Hide, {{AddGroupList, Show, T.key("新增連絡人群組...", 1, 1449)}}};
 const MenuPath TreeOneContact {Hide,
-    {{EditTelList, Show, "編輯連絡人[", 1481, "]..."}, {DeleteTelList, Show, "刪除連絡人[", 1483, "]"},
-        {AddTelList, Show, "新增連絡人...", 1485}, {AddGroup, Show, "加入新群組...", 1749}, {Bar1, Show},
-        {Bar2, Show}, {EditZoneList, CaptionOnly, "編輯警報點...", 1500}}};
+    {{EditTelList, Show, T.key("編輯連絡人[", 1, 1481), "]..."},
+        {DeleteTelList, Show, T.key("刪除連絡人[", 1, 1483), "]"},
+        {AddTelList, Show, T.key("新增連絡人...", 1, 1485)},
+        {AddGroup, Show, T.key("加入新群組...", 1, 1749)}, {Bar1, Show}, {Bar2, Show},
+        {EditZoneList, CaptionOnly, T.key("編輯警報點...", 1, 1500)}}};
 const MenuPath TreeOneGroup {Hide,
-    {{EditGroupList, Show, "編輯連絡人群組[", 1464, "]..."},
-        {DeleteGroupList, Show, "刪除連絡人群組[", 1466, "]"},
-        {AddGroupList, Show, "新增連絡人群組...", 1468}, {AddUser, Show, "加入其它連絡人...", 1730},
-        {MoveUser, Show, "轉移到其它群組...", 1734}, {Bar1, Show}, {Bar2, Show},
-        {EditTelList, CaptionOnly, "編輯連絡人...", 1488}, {DeleteTelList, CaptionOnly, "刪除連絡人", 1490},
-        {EditZoneList, CaptionOnly, "編輯警報點...", 1500}}};
+    {{EditGroupList, Show, T.key("編輯連絡人群組[", 1, 1464), "]..."},
+        {DeleteGroupList, Show, T.key("刪除連絡人群組[", 1, 1466), "]"},
+        {AddGroupList, Show, T.key("新增連絡人群組...", 1, 1468)},
+        {AddUser, Show, T.key("加入其它連絡人...", 1, 1730)},
+        {MoveUser, Show, T.key("轉移到其它群組...", 1, 1734)}, {Bar1, Show}, {Bar2, Show},
+        {EditTelList, CaptionOnly, T.key("編輯連絡人...", 1, 1488)},
+        {DeleteTelList, CaptionOnly, T.key("刪除連絡人", 1, 1490)},
+        {EditZoneList, CaptionOnly, T.key("編輯警報點...", 1, 1500)}}};
 const MenuPath TreeOneZone {Hide,
-    {{EditZoneList, Show, "編輯警報點[", 1494, "]..."}, {EditTelList, CaptionOnly, "編輯連絡人...", 1488},
-        {DeleteTelList, CaptionOnly, "刪除連絡人", 1490}}};
+    {{EditZoneList, Show, T.key("編輯警報點[", 1, 1494), "]..."},
+        {EditTelList, CaptionOnly, T.key("編輯連絡人...", 1, 1488)},
+        {DeleteTelList, CaptionOnly, T.key("刪除連絡人", 1, 1490)}}};
 
 // The list's captions, by the kind of row clicked.
-const MenuPath ListAddContact {Hide, {{AddTelList, Show, "新增連絡人...", 646}}};
-const MenuPath ListAddGroup {Hide, {{AddGroupList, Show, "新增連絡人群組...", 640}}};
+const MenuPath ListAddContact {Hide, {{AddTelList, Show, T.key("新增連絡人...", 1, 646)}}};
+const MenuPath ListAddGroup {Hide, {{AddGroupList, Show, T.key("新增連絡人群組...", 1, 640)}}};
 const MenuPath ListRowGroup {Hide,
-    {{EditGroupList, Show, "編輯連絡人群組[", 636, "]..."},
-        {DeleteGroupList, Show, "刪除連絡人群組[", 638, "]"}, {AddGroupList, Show, "新增連絡人群組...", 640},
-        {AddUser, Show, "加入其它連絡人...", 739}, {MoveUser, Show, "轉移到其它群組...", 747}, {Bar1, Show},
-        {Bar2, Show}}};
+    {{EditGroupList, Show, T.key("編輯連絡人群組[", 1, 636), "]..."},
+        {DeleteGroupList, Show, T.key("刪除連絡人群組[", 1, 638), "]"},
+        {AddGroupList, Show, T.key("新增連絡人群組...", 1, 640)},
+        {AddUser, Show, T.key("加入其它連絡人...", 1, 739)},
+        {MoveUser, Show, T.key("轉移到其它群組...", 1, 747)}, {Bar1, Show}, {Bar2, Show}}};
 const MenuPath ListRowContact {Hide,
-    {{EditTelList, Show, "編輯連絡人[", 677, "]..."}, {DeleteTelList, Show, "刪除連絡人[", 679, "]"},
-        {AddTelList, Show, "新增連絡人...", 646}, {AddGroup, Show, "加入新群組...", 765}, {Bar1, Show},
-        {Bar2, Show}}};
+    {{EditTelList, Show, T.key("編輯連絡人[", 1, 677), "]..."},
+        {DeleteTelList, Show, T.key("刪除連絡人[", 1, 679), "]"},
+        {AddTelList, Show, T.key("新增連絡人...", 1, 646)}, {AddGroup, Show, T.key("加入新群組...", 1, 765)},
+        {Bar1, Show}, {Bar2, Show}}};
 const MenuPath ListSheetContact {Hide,
-    {{EditTelList, Show, "編輯連絡人[", 750, "]..."}, {DeleteTelList, Show, "刪除連絡人[", 752, "]"},
-        {AddTelList, Show, "新增連絡人...", 646}, {AddGroup, Show, "加入新群組...", 806}, {Bar1, Show},
-        {Bar2, Show}}};
-const MenuPath ListZone {Hide, {{EditZoneList, Show, "編輯警報點[", 1494, "]..."}}};
+    {{EditTelList, Show, T.key("編輯連絡人[", 1, 750), "]..."},
+        {DeleteTelList, Show, T.key("刪除連絡人[", 1, 752), "]"},
+        {AddTelList, Show, T.key("新增連絡人...", 1, 646)}, {AddGroup, Show, T.key("加入新群組...", 1, 806)},
+        {Bar1, Show}, {Bar2, Show}}};
+const MenuPath ListZone {Hide, {{EditZoneList, Show, T.key("編輯警報點[", 1, 1494), "]..."}}};
 // The empty part of a contact's sheet: the zone entry is left as it was.
 const MenuPath ListNodeContact {Hide,
-    {{EditTelList, Show, "編輯連絡人[", 754, "]...", 2}, {DeleteTelList, Show, "刪除連絡人[", 756, "]", 2},
-        {AddTelList, Show, "新增連絡人...", 646}, {AddGroup, Show, "加入新群組...", 894}, {Bar1, Show},
-        {Bar2, Show}, {EditZoneList, Keep}}};
+    {{EditTelList, Show, T.key("編輯連絡人[", 1, 754), nullptr, T.key("]...", 2, 754)},
+        {DeleteTelList, Show, T.key("刪除連絡人[", 1, 756), nullptr, T.key("]", 2, 756)},
+        {AddTelList, Show, T.key("新增連絡人...", 1, 646)}, {AddGroup, Show, T.key("加入新群組...", 1, 894)},
+        {Bar1, Show}, {Bar2, Show}, {EditZoneList, Keep}}};
 const MenuPath ListAsLeft {Keep, {}};
 const MenuPath ListEditsHidden {Keep,
     {{Bar1, Show}, {EditGroupList, Hide}, {EditTelList, Hide}, {EditZoneList, Hide}, {DeleteGroupList, Hide},
@@ -206,11 +214,13 @@ void apply(const VORNAGlobal& g, const MenuPath& path, const QString& name, cons
         if (s.op == Keep)
             continue;
         e.Visible = s.op == Show;
-        if (!s.text)
+        if (!s.text.module)
             continue;
-        e.Caption = T(g, s.text, 1, s.id);
-        if (s.close)
-            e.Caption += name + (s.closeSeq ? T(g, s.close, s.closeSeq, s.id) : QString::fromUtf8(s.close));
+        e.Caption = g.GetText(s.text);
+        if (s.closeKey.module)
+            e.Caption += name + g.GetText(s.closeKey);
+        else if (s.close)
+            e.Caption += name + QString::fromUtf8(s.close);
     }
     if (path.others == Hide)
         for (size_t i = 0; i < entries.size(); ++i)

@@ -8,11 +8,7 @@
 
 namespace {
 
-QString mainText(const VORNAGlobal& g, const char* text, int seq, int id)
-{
-    return g.GetText(QString::fromUtf8(text), static_cast<qint16>(seq), static_cast<qint16>(id),
-        QStringLiteral("VORNAMain"));
-}
+const ModuleText T {"VORNAMain"};
 
 void setEntry(Menu& entry, const QString& caption, bool enabled)
 {
@@ -51,9 +47,9 @@ void frmMain::mnuProj_Click()
     qint16 count = 0;
     ParseNodeTag(tvProjectContent.Nodes[tvProjectContent.SelectedItem].Tag, Items, count);
     const auto plainGroupCaptions = [&] {
-        setEntry(editGroup, mainText(m_g, "編輯連絡人群組", 1, 872), false);
-        setEntry(deleteGroup, mainText(m_g, "刪除連絡人群組", 1, 874), false);
-        setEntry(addGroup, mainText(m_g, "新增連絡人群組", 1, 876), true);
+        setEntry(editGroup, T(m_g, "編輯連絡人群組", 1, 872), false);
+        setEntry(deleteGroup, T(m_g, "刪除連絡人群組", 1, 874), false);
+        setEntry(addGroup, T(m_g, "新增連絡人群組", 1, 876), true);
     };
 
     if (count == 1) {
@@ -61,25 +57,23 @@ void frmMain::mnuProj_Click()
             return;
         if (Items(1) == QLatin1String("Users")) {
             plainGroupCaptions();
-            setEntry(editTel, mainText(m_g, "編輯連絡人", 1, 878), false);
-            setEntry(deleteTel, mainText(m_g, "刪除連絡人", 1, 880), false);
-            setEntry(addTel, mainText(m_g, "新增連絡人", 1, 882), true);
-            setEntry(editZone, mainText(m_g, "編輯警報點", 1, 884), false);
+            setEntry(editTel, T(m_g, "編輯連絡人", 1, 878), false);
+            setEntry(deleteTel, T(m_g, "刪除連絡人", 1, 880), false);
+            setEntry(addTel, T(m_g, "新增連絡人", 1, 882), true);
+            setEntry(editZone, T(m_g, "編輯警報點", 1, 884), false);
         }
     } else {
         if (Items(1) == QLatin1String("UserGroups") && count >= 2) {
-            setEntry(editGroup,
-                mainText(m_g, "編輯連絡人群組[", 1, 1030) + Items(2) + mainText(m_g, "]", 2, 1030), true);
-            setEntry(deleteGroup,
-                mainText(m_g, "刪除連絡人群組[", 1, 1032) + Items(2) + mainText(m_g, "]", 2, 1032), true);
-            setEntry(addGroup, mainText(m_g, "新增連絡人群組", 1, 876), true);
+            setEntry(editGroup, T(m_g, "編輯連絡人群組[", 1, 1030) + Items(2) + T(m_g, "]", 2, 1030), true);
+            setEntry(deleteGroup, T(m_g, "刪除連絡人群組[", 1, 1032) + Items(2) + T(m_g, "]", 2, 1032), true);
+            setEntry(addGroup, T(m_g, "新增連絡人群組", 1, 876), true);
         } else {
             plainGroupCaptions();
         }
         if (Items(1) == QLatin1String("Zones") && count >= 2)
-            setEntry(editZone, mainText(m_g, "編輯警報點[", 1, 919) + Items(2) + QStringLiteral("]"), true);
+            setEntry(editZone, T(m_g, "編輯警報點[", 1, 919) + Items(2) + QStringLiteral("]"), true);
         else
-            setEntry(editZone, mainText(m_g, "編輯警報點", 1, 922), false);
+            setEntry(editZone, T(m_g, "編輯警報點", 1, 922), false);
     }
     bool found = false;
     LocateCurRecord(Items, count, found);

@@ -17,6 +17,8 @@
 
 namespace {
 
+const ModuleText T {"VORNAMain"};
+
 // The window's entries of the form-text table: these, then its menu entries'.
 const FormTextPath kControlTexts[] = {
     {""},
@@ -157,8 +159,7 @@ void frmMain::Form_Load()
 
 void frmMain::LoadFormObj()
 {
-    panel(QStringLiteral("Status")).Text
-        = m_g.GetText(QStringLiteral("歡迎使用 簡訊報警機"), 2, 976, QStringLiteral("VORNAMain"));
+    panel(QStringLiteral("Status")).Text = T(m_g, "歡迎使用 簡訊報警機", 2, 976);
     panel(QStringLiteral("ProjName")).Text = QString();
     RefreshFormObj();
 }
@@ -336,7 +337,7 @@ void frmMain::mnuFileBasic_Click()
 void frmMain::mnuFileMRU_Click(int Index)
 {
     const QString caption = menu(QStringLiteral("mnuFileMRU(%1)").arg(Index)).Caption;
-    if (caption != m_g.GetText(QStringLiteral("(空)"), 1, 831, QStringLiteral("VORNAMain")))
+    if (caption != T(m_g, "(空)", 1, 831))
         OpenProject(m_g, caption);
 }
 

@@ -1,5 +1,7 @@
 #include "ValidUtil.h"
 
+#include <array>
+
 #include "VBArray.h"
 #include "VBUtil.h"
 #include "VORNAGlobal.h"
@@ -52,49 +54,53 @@ bool NameTaken(Recordset& rs, const QString& FieldName, const QString& Name)
 
 namespace {
 
-// The texts and keys of one of the two name checks; they differ in wording only.
+// The keys of one of the two name checks; they differ in wording only.
 struct NameCheck
 {
     Recordset ProjectState::*table;
     const char* field;
-    int blankId;
-    const char* blankText;
-    const char* blankTitle;
-    int reservedId;
-    const char* reservedName; // seq 2 of the reserved-name box
-    int takenId;
-    const char* takenName; // seq 1 of the box of a name in use
-    const char* takenTitle;
+    std::array<TextKey, 2> blank;    // text, title
+    std::array<TextKey, 5> reserved; // first line, text before the name, after it, the names, title
+    std::array<TextKey, 3> taken;    // text before the name, after it, title
 };
 
 // The first line and the title of the reserved-name box speak of a group name in both
 // checks: the text is shared.
-const NameCheck kGroupNameCheck {&ProjectState::rsUserGroups, "GroupName", 10, "本使用者群組名稱不得為空白。",
-    "本使用者群組名稱不得為空白", 15, "本使用者群組名稱[", 26, "本使用者群組名稱[",
-    "本使用者群組名稱已經存在"};
-const NameCheck kUserNameCheck {&ProjectState::rsUsers, "UserName", 44, "本使用者名稱不得為空白。",
-    "本使用者名稱不得為空白", 49, "本使用者名稱[", 60, "本電話使用者名稱[", "本電話使用者名稱已經存在"};
+const NameCheck kGroupNameCheck {&ProjectState::rsUserGroups, "GroupName",
+    {T.key("本使用者群組名稱不得為空白。", 1, 10), T.key("本使用者群組名稱不得為空白", 2, 10)},
+    {T.key("不合法的使用者群組名稱！", 1, 15), T.key("本使用者群組名稱[", 2, 15),
+        T.key("]不得和以下名稱相同:", 3, 15),
+        T.key("[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]", 4, 15),
+        T.key("不合法的使用者群組名稱", 5, 15)},
+    {T.key("本使用者群組名稱[", 1, 26), T.key("]已經存在。", 2, 26),
+        T.key("本使用者群組名稱已經存在", 3, 26)}};
+const NameCheck kUserNameCheck {&ProjectState::rsUsers, "UserName",
+    {T.key("本使用者名稱不得為空白。", 1, 44), T.key("本使用者名稱不得為空白", 2, 44)},
+    {T.key("不合法的使用者群組名稱！", 1, 49), T.key("本使用者名稱[", 2, 49),
+        T.key("]不得和以下名稱相同:", 3, 49),
+        T.key("[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]", 4, 49),
+        T.key("不合法的使用者群組名稱", 5, 49)},
+    {T.key("本電話使用者名稱[", 1, 60), T.key("]已經存在。", 2, 60),
+        T.key("本電話使用者名稱已經存在", 3, 60)}};
 
 bool IsValidName(VORNAGlobal& g, const QString& Name, const NameCheck& c)
 {
     if (Name.isEmpty()) {
-        Box(g, T(g, c.blankText, 1, c.blankId), T(g, c.blankTitle, 2, c.blankId));
+        Box(g, g.GetText(c.blank[0]), g.GetText(c.blank[1]));
         return false;
     }
     if (IsReservedName(Name)) {
         Box(g,
-            T(g, "不合法的使用者群組名稱！", 1, c.reservedId) + CRLF + T(g, c.reservedName, 2, c.reservedId)
-                + Name + T(g, "]不得和以下名稱相同:", 3, c.reservedId) + CRLF
-                + T(g, "[所有群組]、[ALL GROUP]、[ALL USER GROUP]、[ALL]、[NONE]", 4, c.reservedId),
-            T(g, "不合法的使用者群組名稱", 5, c.reservedId));
+            g.GetText(c.reserved[0]) + CRLF + g.GetText(c.reserved[1]) + Name + g.GetText(c.reserved[2])
+                + CRLF + g.GetText(c.reserved[3]),
+            g.GetText(c.reserved[4]));
         return false;
     }
     Recordset& table = g.project.*c.table;
     if (table.RecordCount() == 0)
         return true;
     if (NameTaken(table, QString::fromLatin1(c.field), Name)) {
-        Box(g, T(g, c.takenName, 1, c.takenId) + Name + T(g, "]已經存在。", 2, c.takenId),
-            T(g, c.takenTitle, 3, c.takenId));
+        Box(g, g.GetText(c.taken[0]) + Name + g.GetText(c.taken[1]), g.GetText(c.taken[2]));
         return false;
     }
     return true;

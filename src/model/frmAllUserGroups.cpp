@@ -9,6 +9,12 @@ namespace {
 
 const ModuleText T {"frmAllUserGroups"};
 
+// The box of a group that the contact has already, on a click and on a double click.
+const std::array<TextKey, 3> DuplicateOnClick {
+    T.key("群組不可重覆挑選!", 1, 161), T.key("群組早已加入至 ", 2, 161), T.key("群組不可重覆挑選!", 3, 161)};
+const std::array<TextKey, 3> DuplicateOnDoubleClick {
+    T.key("群組不可重覆挑選!", 1, 173), T.key("群組早已加入至 ", 2, 173), T.key("群組不可重覆挑選!", 3, 173)};
+
 const FormTextPath kFormTexts[] = {{""}, {"cmdAddGroup"}, {"cmbCancel"}, {"cmbOK"}, {"lblCaption"}};
 
 ListItem GroupRow(const Recordset& rs)
@@ -99,7 +105,7 @@ void frmAllUserGroups::lvUserGroups_Click()
     const int row = lvUserGroups.SelectedItem;
     if (row >= 0 && row < static_cast<int>(lvUserGroups.ListItems.size())
         && contactHas(lvUserGroups.ListItems[row].Text))
-        showDuplicateBox(161);
+        showDuplicateBox(DuplicateOnClick);
 }
 
 // Walks the contact's list and answers for each row that differs: a group the contact has
@@ -112,7 +118,7 @@ void frmAllUserGroups::lvUserGroups_DblClick()
     const ListItem picked = lvUserGroups.ListItems[row];
     for (const ListItem& had : contact().lvGroupName.ListItems) {
         if (picked.Text.toUpper() == had.Text.toUpper()) {
-            showDuplicateBox(173);
+            showDuplicateBox(DuplicateOnDoubleClick);
             return;
         }
         SelectedGroupName = picked.Text;
@@ -129,9 +135,8 @@ bool frmAllUserGroups::contactHas(const QString& GroupName) const
     return false;
 }
 
-void frmAllUserGroups::showDuplicateBox(int ID)
+void frmAllUserGroups::showDuplicateBox(const std::array<TextKey, 3>& keys)
 {
-    m_g.platform.msgBox(T(m_g, "群組不可重覆挑選!", 1, ID) + CRLF + T(m_g, "群組早已加入至 ", 2, ID)
-            + contact().lblTelUser.Caption,
-        MsgBox::Exclamation, T(m_g, "群組不可重覆挑選!", 3, ID));
+    m_g.platform.msgBox(m_g.GetText(keys[0]) + CRLF + m_g.GetText(keys[1]) + contact().lblTelUser.Caption,
+        MsgBox::Exclamation, m_g.GetText(keys[2]));
 }

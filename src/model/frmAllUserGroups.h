@@ -1,7 +1,10 @@
 #pragma once
 
+#include <array>
+
 #include "FormModel.h"
 
+struct TextKey;
 class VORNAGlobal;
 class frmEditTelList;
 
@@ -39,7 +42,7 @@ private:
     const frmEditTelList& contact() const;
     // Whether the group is in the contact's list as the editor shows it (case-insensitive).
     bool contactHas(const QString& GroupName) const;
-    void showDuplicateBox(int ID);
+    void showDuplicateBox(const std::array<TextKey, 3>& keys);
 
     VORNAGlobal& m_g;
 };
