@@ -97,6 +97,7 @@ void frmMain::mklvNodeContent()
     NodeTagItems Items;
     qint16 count = 0;
     ParseNodeTag(tag, Items, count);
+    [[maybe_unused]] const QString trace = NodeTagTrace(m_g, tag, Items, count);
     bool found = false;
     LocateCurRecord(Items, count, found);
 
@@ -229,6 +230,7 @@ void frmMain::lvNodeContent_DblClick()
     NodeTagItems Items;
     qint16 count = 0;
     ParseNodeTag(tag, Items, count);
+    [[maybe_unused]] const QString trace = NodeTagTrace(m_g, tag, Items, count);
     bool found = false;
 
     // A group's list of contacts has no double click of its own.

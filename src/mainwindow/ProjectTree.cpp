@@ -33,6 +33,15 @@ void ParseNodeTag(const QString& Tag, NodeTagItems& Items, qint16& count)
     count = static_cast<qint16>(parts.size());
 }
 
+QString NodeTagTrace(const VORNAGlobal& g, const QString& Tag, const NodeTagItems& Items, qint16 count)
+{
+    QString trace = T(g, "夾帶資訊=", 1, 1145) + Tag + CRLF + T(g, "拆解出[", 1, 1146)
+        + QString::number(count) + T(g, "]個資料項", 2, 1146) + CRLF;
+    for (qint16 i = 1; i <= count; ++i)
+        trace += Items(i) + CRLF;
+    return trace;
+}
+
 void frmMain::mktvProjContent()
 {
     TreeView& tv = tvProjectContent;

@@ -95,18 +95,16 @@ void frmEditZoneList::CheckFormObj(bool& IsValid)
     };
     const bool unicode = IsUnicode();
     IsValid = false;
-    // Each box takes its title from its own message's key.
-    const int alarmId = unicode ? 255 : 268;
+    // The two messages' boxes share their titles between the two measures.
     if (refused(txtAlarmSMS,
-            unicode ? T(m_g, "警報發起訊息長度不得超過70個字!", 1, alarmId)
-                    : T(m_g, "警報發起訊息長度不得超過160個位元組!", 1, alarmId),
-            T(m_g, "警報發起訊息長度超過限制", 2, alarmId)))
+            unicode ? T(m_g, "警報發起訊息長度不得超過70個字!", 1, 255)
+                    : T(m_g, "警報發起訊息長度不得超過160個位元組!", 1, 268),
+            T(m_g, "警報發起訊息長度超過限制", 2, 255)))
         return;
-    const int resetId = unicode ? 261 : 274;
     if (refused(txtResetSMS,
-            unicode ? T(m_g, "警報復歸訊息長度不得超過70個字!", 1, resetId)
-                    : T(m_g, "警報復歸訊息長度不得超過160個位元組!", 1, resetId),
-            T(m_g, "警報復歸訊息長度超過限制", 2, resetId)))
+            unicode ? T(m_g, "警報復歸訊息長度不得超過70個字!", 1, 261)
+                    : T(m_g, "警報復歸訊息長度不得超過160個位元組!", 1, 274),
+            T(m_g, "警報復歸訊息長度超過限制", 2, 274)))
         return;
     IsValid = true;
 }
