@@ -301,7 +301,7 @@ TEST_F(MainWindowViewTest, TheListFollowsTheTreeByMouseAndByKeys)
     keys(tree, {Qt::Key_Down});
     EXPECT_EQ(caption(), "Contacts");
     keys(tree, {Qt::Key_Down, Qt::Key_Right, Qt::Key_Down});
-    EXPECT_EQ(caption(), "Contact group:UserGroup1");
+    EXPECT_EQ(caption(), "Contact group: UserGroup1");
     EXPECT_EQ(keys(tree, {Qt::Key_Return}, true), "frmEditGroupList");
     keys(tree, {Qt::Key_End});
     EXPECT_EQ(caption(), "Alarm Zones");

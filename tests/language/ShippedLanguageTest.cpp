@@ -122,7 +122,7 @@ TEST_F(ShippedLanguageTest, DeliveredProfileFollowsTheSystemLocale)
     };
     constexpr std::array cases {
         Case {"zh_TW.UTF-8", "default", "適用機型: "},
-        Case {"zh_CN.UTF-8", "欢迎使用 短信报警机", "适用机型: "},
+        Case {"zh_CN.UTF-8", "欢迎使用 短信报警器", "适用机型: "},
         Case {"en_GB.UTF-8", "Welcome to the SMS Alarm Dialler", "Model: "},
     };
     for (const Case& c : cases) {
