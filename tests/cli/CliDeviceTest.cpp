@@ -12,6 +12,7 @@
 #include "CliRunner.h"
 #include "DevsimProcess.h"
 #include "DownloadTexts.h"
+#include "Golden.h"
 #include "TestFolder.h"
 
 namespace {
@@ -80,13 +81,13 @@ std::vector<DeviceScenario> Scenarios()
             {"--model-id", "4106", "--firmware", "0415", "--serial", "1122334455667788", "--setting-byte",
                 "0xC2"},
             {cmd("connect --port {PORT}"), 0, {},
-                {"info: [連線簡訊報警機] " + ConnectSuccess("KV470-RM64MT", "77-88-5566-334411-22", "4800, E")
+                {"訊息: [連線簡訊報警機] " + ConnectSuccess("KV470-RM64MT", "77-88-5566-334411-22", "4800, E")
                     + u'\n'},
                 QString()},
             5},
 
         {"connect_to_a_dialler_that_refuses_everything", {"--exception", "1"},
-            {cmd("connect --port {PORT}"), 1, {}, {"error: [連線簡訊報警機] " + ConnectFailure + u'\n'}}},
+            {cmd("connect --port {PORT}"), 1, {}, {"錯誤: [連線簡訊報警機] " + ConnectFailure + u'\n'}}},
 
         {"connect_on_a_port_that_will_not_open", {},
             {QStringList {
@@ -98,7 +99,7 @@ std::vector<DeviceScenario> Scenarios()
             {{QStringLiteral("--yes"), QStringLiteral("download"), project, QStringLiteral("--port"), Port,
                  QStringLiteral("--trace"), trace},
                 0, {},
-                {QStringLiteral("OK/Cancel? OK\n"),
+                {QStringLiteral("確定(O)/取消(C)? 確定(O)\n"),
                     "[下載專案] " + DownloadSuccess(QStringLiteral("工地 A"), 28) + u'\n'},
                 QString()},
             6,
@@ -113,7 +114,7 @@ std::vector<DeviceScenario> Scenarios()
         // A record refused on every attempt: the failure box, and the debug file ends with it.
         {"download_failing_at_a_record", {"--exception", "@record:1"},
             {{QStringLiteral("--yes"), QStringLiteral("download"), project, QStringLiteral("--port"), Port},
-                1, {}, {"error: [下載專案] " + SendFailure(QStringLiteral("工地 A")) + u'\n'}},
+                1, {}, {"錯誤: [下載專案] " + SendFailure(QStringLiteral("工地 A")) + u'\n'}},
             4,
             [](const QJsonObject&, const QDir& programDir) {
                 EXPECT_EQ(HexOf(programDir.filePath(QStringLiteral("PhoneBook.dbg"))),
@@ -134,15 +135,14 @@ std::vector<DeviceScenario> Scenarios()
         // Cancel at the question keeps the dialog open in the window; here it ends the command.
         {"settings_unanswered_writes_nothing", {},
             {cmd("settings --port {PORT} --slave 12"), 1, {},
-                {QStringLiteral("OK/Cancel? Cancel (no input)\n")}},
+                {QStringLiteral("確定(O)/取消(C)? 取消(C) (無輸入)\n")}},
             4, registers(1, 3)},
 
         // The dialler's model is known only once it has answered.
         {"settings_with_a_baud_rate_the_model_lacks", {},
             {cmd("--yes settings --port {PORT} --baud 115200"), 2, {},
-                {QStringLiteral(
-                     "--baud 115200: the dialler's model offers 1200, 2400, 4800, 9600, 19200, 38400"),
-                    QStringLiteral("usage: vorna-cli")}},
+                {QStringLiteral("--baud 115200: 報警機的機型只提供 1200, 2400, 4800, 9600, 19200, 38400"),
+                    QStringLiteral("用法: vorna-cli")}},
             4, registers(1, 3)},
 
         {"registers_of_a_whole_dialler", {"--alarm-bits", "8000000000000001"},
@@ -213,13 +213,9 @@ TEST_P(CliDeviceTest, RunsAgainstTheVirtualDialler)
         scenario.run, RunCli(root, TraditionalChinese, args, scenario.run.input, {}, ProgramDir), expand);
     if (scenario.check)
         scenario.check(DumpAfter(dumpPath, scenario.requests), QDir(root + QLatin1Char('/') + ProgramDir));
-    if (scenario.golden) {
-        const QString golden
-            = ReadText(QStringLiteral(VORNA_CLI_GOLDEN_DIR "/") + QLatin1String(scenario.golden));
-        ASSERT_FALSE(golden.isEmpty());
-        EXPECT_EQ(
-            MaskedTrace(ReadText(root + QLatin1Char('/') + TracePath)).toStdString(), golden.toStdString());
-    }
+    if (scenario.golden)
+        ExpectGolden(QStringLiteral("cli/golden/") + QLatin1String(scenario.golden),
+            MaskedTrace(ReadText(root + QLatin1Char('/') + TracePath)));
 }
 
 INSTANTIATE_TEST_SUITE_P(cli, CliDeviceTest, ::testing::ValuesIn(Scenarios()),

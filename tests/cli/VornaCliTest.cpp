@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "CliRunner.h"
+#include "Golden.h"
 #include "TestFolder.h"
 
 namespace {
@@ -66,12 +67,6 @@ void DamagedProjectA(const TestFolder& folder)
     QSqlDatabase::removeDatabase(QStringLiteral("check"));
 }
 
-// A usage error, with the reason it must name.
-CliRun Usage(QStringList args, const char* reason = "")
-{
-    return {std::move(args), 2, {}, {QStringLiteral("usage: vorna-cli"), QString::fromUtf8(reason)}};
-}
-
 std::vector<Scenario> Scenarios()
 {
     const QString a = QStringLiteral("Project/A.cmb");
@@ -90,21 +85,6 @@ std::vector<Scenario> Scenarios()
                                              "'A'), ResetSMS = replace(hex(zeroblob(30)), '00', 'R')");
 
     return {
-        {"new_then_info_shows_the_template", TraditionalChinese, {},
-            {newA,
-                {cmd("--verbose info Project/A.cmb"), 0,
-                    {QStringLiteral("專案: A\n"), QStringLiteral("檔案: ") + aAbs + QStringLiteral("\n"),
-                        QStringLiteral("機型: RM64MT\n"), QStringLiteral("警報點: 64\n"),
-                        // New writes its date into the working copy only, and nothing commits it.
-                        QStringLiteral("建立日期: \n修改日期: \n")}}},
-            {a}, {QStringLiteral("Project/A.mir")}},
-
-        {"missing_file_in_english", English, {},
-            {{cmd("info Project/None.cmb"), 1, {},
-                {QStringLiteral("error: [Project Open Failed] The project file path [") + Root
-                    + QStringLiteral("/Project/None.cmb] does not exist.")}}},
-            {}, {}},
-
         {"cmb_that_is_no_database_is_unhandled", English,
             [](const TestFolder& folder) {
                 WriteAll(QDir(folder.root()).filePath(QStringLiteral("Project/Bad.cmb")), "not a database\n");
@@ -147,12 +127,6 @@ std::vector<Scenario> Scenarios()
         {"image_lets_the_same_project_go_on_a_larger_model", English, ProjectA({annInGroup1, longTexts}),
             {{cmd("image Project/A.cmb"), 0, {QStringLiteral("13326\nF7 50 40 FF")}}}, {}, {}},
 
-        {"image_refuses_a_project_that_is_not_ready", TraditionalChinese, ProjectA({}),
-            {{cmd("image Project/A.cmb"), 1, {},
-                {QStringLiteral("error: [下載取消] 下載取消！\r\n1筆使用者群組未設定使用者。\n")},
-                QString()}},
-            {}, {}},
-
         {"image_with_a_record_number_over_255_is_unhandled", English,
             ProjectA({annInGroup1, QStringLiteral("INSERT INTO Zones (ZoneNo, ResetSMS) VALUES (191, 'R')")}),
             // Every frame is built before any is printed: the one over 255 comes last.
@@ -164,39 +138,11 @@ std::vector<Scenario> Scenarios()
                 {cmd("info Project/A.cmb"), 3, {}, {QStringLiteral("vorna-cli: ")}}},
             {}, {}},
 
-        {"usage_errors", English, {},
-            {Usage({}), Usage(cmd("frobnicate")), Usage(cmd("info")), Usage(cmd("image")),
-                Usage(cmd("info x.cmb y.cmb")), Usage(cmd("save-as Project/A.cmb")),
-                Usage(cmd("--yes --no recent")), Usage(cmd("info ")), Usage(cmd("recent --dir")),
-                Usage(cmd("frobnicate --help")), Usage(cmd("connect"), "needs --port"),
-                Usage(cmd("download Project/A.cmb"), "needs --port"),
-                Usage(cmd("connect Project/A.cmb --port COM1"), "takes 0 argument(s)"),
-                Usage(cmd("connect --port COM0"), "give COM1 to COM255"),
-                Usage(cmd("connect --port 256"), "give COM1 to COM255"),
-                Usage(cmd("registers --port ttyUSB0"), "or a device path"),
-                Usage(cmd("info Project/A.cmb --port COM1"), "--port and --trace do not apply"),
-                Usage(cmd("ports --trace t.txt"), "--port and --trace do not apply"),
-                Usage(cmd("connect --port COM1 --trace "), "empty path"),
-                Usage(cmd("connect --port COM1 --slave 2"), "takes no --slave, --baud or --parity"),
-                Usage(cmd("settings --port COM1 --slave 0"), "from 1 to 255"),
-                Usage(cmd("settings --port COM1 --slave 256"), "from 1 to 255"),
-                Usage(cmd("settings --port COM1 --slave 1x"), "from 1 to 255"),
-                Usage(cmd("settings --port COM1 --parity MARK"), "give NONE, ODD or EVEN")},
-            {}, {}},
-
         // COM1 to COM16 come first, each with its device; the rest depends on the machine.
         {"ports_lists_the_port_numbers_first", English, {},
             {{cmd("ports"), 0,
                 {QStringLiteral("Port   Device        State"), QStringLiteral("\nCOM1   /dev/ttyUSB0  "),
                     QStringLiteral("\nCOM16  /dev/ttyS7    ")}}},
-            {}, {}},
-
-        // Help is no usage error: each form ends with status 0.
-        {"help", English, {},
-            {{cmd("--help"), 0, {QStringLiteral("usage: vorna-cli")}},
-                {cmd("new --help"), 0,
-                    {QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] new PATH\n")}},
-                {cmd("image --help"), 0, {QStringLiteral("Exit status: 0 the project would go")}}},
             {}, {}},
 
         {"save_as_onto_itself_answered_no_fails", English, {},
@@ -211,20 +157,14 @@ std::vector<Scenario> Scenarios()
                 {QStringLiteral("VORNA.sdb is read-only, so the change could not be written to it.")}}},
             {}, {}},
 
-        {"new_over_existing_answered_no_is_cancelled", TraditionalChinese, {},
+        // An answer is the word shown or the English one, or its first letter; anything else
+        // is asked again.
+        {"new_over_existing_answered_by_typing", TraditionalChinese, {},
             {newA,
-                {cmd("--no new Project/A.cmb"), 1, {},
-                    {QStringLiteral("warning: [此檔案已經存在] 檔案[") + aAbs + QStringLiteral("]已經存在"),
-                        QStringLiteral("Yes/No? No\n")}},
-                // With no input the question counts as No, and the dialog shown again is cancelled.
-                {cmd("new Project/A.cmb"), 1, {}, {QStringLiteral("Yes/No? No (no input)\n")}}},
-            {a}, {QStringLiteral("Project/A.mir")}},
-
-        {"new_over_existing_answered_yes", English, {},
-            {newA, {cmd("--yes new Project/A.cmb"), 0, {}, {QStringLiteral("Yes/No? Yes\n")}},
-                // An answer that is no button is asked again.
-                {cmd("new Project/A.cmb"), 0, {}, {QStringLiteral("Yes/No? maybe\nYes/No? y\n")}, {},
-                    "maybe\ny\n"}},
+                {cmd("new Project/A.cmb"), 0, {}, {QStringLiteral("是(Y)/否(N)? maybe\n是(Y)/否(N)? y\n")},
+                    {}, "maybe\ny\n"},
+                {cmd("new Project/A.cmb"), 1, {}, {QStringLiteral("是(Y)/否(N)? 否\n")}, {}, "否\n"},
+                {cmd("new Project/A.cmb"), 0, {}, {QStringLiteral("是(Y)/否(N)? Yes\n")}, {}, "Yes\n"}},
             {a}, {QStringLiteral("Project/A.mir")}},
 
         {"recent_list_carries_over_newest_first", English, {},
@@ -294,6 +234,65 @@ TEST_P(VornaCliTest, RunsAsScripted)
 
 INSTANTIATE_TEST_SUITE_P(cli, VornaCliTest, ::testing::ValuesIn(Scenarios()),
     [](const ::testing::TestParamInfo<Scenario>& info) { return std::string(info.param.name); });
+
+// The program's own texts in one language, compared whole with that language's golden
+// transcript: the usage and each command's help, every kind of usage error, a project's info,
+// a question answered No and unanswered, and the boxes of refusals.
+class VornaCliTranscript : public ::testing::TestWithParam<std::pair<const char*, const char*>>
+{ };
+
+TEST_P(VornaCliTranscript, SpeaksTheAppliedLanguage)
+{
+    const auto [language, locale] = GetParam();
+    TestFolder folder;
+    const QString root = QDir(folder.root()).canonicalPath();
+    QStringList lines {QStringLiteral("--help")};
+    for (const char* command : {"new", "info", "save-as", "recent", "image", "connect", "download",
+             "settings", "registers", "ports"})
+        lines << QLatin1String(command) + QStringLiteral(" --help");
+    // A command line split at each space: "info " ends in an empty argument.
+    lines << QString() << QStringLiteral("frobnicate") << QStringLiteral("frobnicate --help")
+          << QStringLiteral("--bogus recent") << QStringLiteral("recent --dir")
+          << QStringLiteral("--yes --no recent") << QStringLiteral("info") << QStringLiteral("info ")
+          << QStringLiteral("info x.cmb y.cmb") << QStringLiteral("save-as Project/A.cmb")
+          << QStringLiteral("connect") << QStringLiteral("download Project/A.cmb")
+          << QStringLiteral("connect Project/A.cmb --port COM1") << QStringLiteral("connect --port COM0")
+          << QStringLiteral("connect --port 256") << QStringLiteral("registers --port ttyUSB0")
+          << QStringLiteral("info Project/A.cmb --port COM1") << QStringLiteral("ports --trace t.txt")
+          << QStringLiteral("connect --port COM1 --trace ") << QStringLiteral("connect --port COM1 --slave 2")
+          << QStringLiteral("settings --port COM1 --slave 0")
+          << QStringLiteral("settings --port COM1 --slave 256")
+          << QStringLiteral("settings --port COM1 --slave 1x")
+          << QStringLiteral("settings --port COM1 --parity MARK") << QStringLiteral("info Project/None.cmb")
+          << QStringLiteral("new Project/A.cmb") << QStringLiteral("--verbose info Project/A.cmb")
+          << QStringLiteral("--no new Project/A.cmb") << QStringLiteral("new Project/A.cmb")
+          << QStringLiteral("image Project/A.cmb");
+
+    const QString usage = RunCli(root, locale, {QStringLiteral("--help")}, nullptr).out;
+    QString transcript;
+    for (const QString& line : lines) {
+        const Result result
+            = RunCli(root, locale, line.isEmpty() ? QStringList() : line.split(u' '), nullptr);
+        QString err = result.err;
+        // Every usage error ends with the usage, which the transcript shows once, whole.
+        if (result.status == 2 && err.endsWith(usage))
+            err = err.chopped(usage.size()) + QStringLiteral("[usage]\n");
+        transcript += QStringLiteral("$ vorna-cli ") + line + u'\n' + result.out;
+        for (const QString& text : err.split(u'\n', Qt::SkipEmptyParts))
+            transcript += QStringLiteral("2> ") + text + u'\n';
+        transcript += QStringLiteral("[exit %1]\n\n").arg(result.status);
+    }
+    ExpectGolden(QStringLiteral("cli/golden/transcript-%1.txt").arg(QLatin1String(language)),
+        transcript.replace(root, Root).replace(u'\r', QStringLiteral("\\r")));
+    // Neither the question answered No nor the one left unanswered leaves a working copy.
+    EXPECT_EQ(QDir(root + QStringLiteral("/Project")).entryList(QDir::Files),
+        QStringList {QStringLiteral("A.cmb")});
+}
+
+INSTANTIATE_TEST_SUITE_P(cli, VornaCliTranscript,
+    ::testing::Values(std::pair {"ChineseBig5", TraditionalChinese}, std::pair {"ChineseGB", "zh_CN.UTF-8"},
+        std::pair {"English", English}),
+    [](const auto& info) { return std::string(info.param.first); });
 
 // Runs the program killed at the 1st, 2nd, ... call of each system call in turn, until a run
 // gets past its last such call. run starts one, under the wrapper it is given; check judges
