@@ -3,6 +3,8 @@
 #include <array>
 #include <vector>
 
+#include <QStringList>
+
 #include "DeviceCommands.h"
 #include "ProjectCommands.h"
 #include "VORNAGlobal.h"
@@ -120,25 +122,25 @@ const std::vector<UsageText>& UsageTexts()
     return texts;
 }
 
-// The lines of a usage text in the applied language, each after the indent and ended.
-QString Lines(const VORNAGlobal& g, int id, const QString& indent = QString())
+// A usage text in the applied language, its lines joined.
+QString TextOf(const VORNAGlobal& g, int id)
 {
-    QString text;
+    QStringList lines;
     for (const UsageText& usage : UsageTexts()) {
         if (usage.id != id)
             continue;
         int seq = 0;
         for (const char* line : usage.lines)
-            text += line ? indent + T(g, line, ++seq, id) + u'\n' : QStringLiteral("\n");
+            lines << (line ? T(g, line, ++seq, id) : QString());
     }
-    return text;
+    return lines.join(u'\n');
 }
 
 // The first line of every usage: the program's call, with the command's part given.
 QString CallLine(const VORNAGlobal& g, const QString& command)
 {
-    return Lines(g, 200).trimmed() + QStringLiteral(" vorna-cli [--dir DIR] [--yes | --no] [--verbose] ")
-        + command + u'\n';
+    return TextOf(g, 200) + QStringLiteral(" vorna-cli [--dir DIR] [--yes | --no] [--verbose] ") + command
+        + u'\n';
 }
 
 // A name in a left column of the given width and its explanation beside it, the explanation's
@@ -174,21 +176,19 @@ QString CliText(const VORNAGlobal& g, const char* defaultText, int seq, int id)
 
 QString Usage(const VORNAGlobal& g)
 {
-    QString text
-        = CallLine(g, QStringLiteral("COMMAND [ARG...] [--port P] [--trace FILE]")) + u'\n' + Lines(g, 201);
+    QString text = CallLine(g, QStringLiteral("COMMAND [ARG...] [--port P] [--trace FILE]")) + u'\n'
+        + TextOf(g, 201) + u'\n';
     for (const Command& c : Commands)
-        text += Columns(CallOf(c), 23, Lines(g, c.summaryId).chopped(1));
-    text += u'\n' + Lines(g, 202);
+        text += Columns(CallOf(c), 23, TextOf(g, c.summaryId));
+    text += u'\n' + TextOf(g, 202) + u'\n';
     for (const OptionHelp& o : OptionHelps)
-        text += Columns(QString::fromLatin1(o.option), 14, Lines(g, o.id).chopped(1));
-    return text + u'\n' + Lines(g, 203).chopped(1);
+        text += Columns(QString::fromLatin1(o.option), 14, TextOf(g, o.id));
+    return text + u'\n' + TextOf(g, 203);
 }
 
 QString CommandUsage(const VORNAGlobal& g, const Command& c)
 {
     const QString trace = (c.options & PortOption) ? QStringLiteral(" [--trace FILE]") : QString();
-    QString text = CallLine(g, CallOf(c) + trace) + u'\n' + Lines(g, c.summaryId);
-    if (c.detailsId)
-        text += u'\n' + Lines(g, c.detailsId);
-    return text.chopped(1);
+    const QString text = CallLine(g, CallOf(c) + trace) + u'\n' + TextOf(g, c.summaryId);
+    return c.detailsId ? text + QStringLiteral("\n\n") + TextOf(g, c.detailsId) : text;
 }
