@@ -120,7 +120,7 @@ std::vector<Step> Steps()
             {"--no save-as Project/A.cmb Project/A.cmb"},
             {"--no save-as Project/A.cmb Project/B.cmb"},
             {"save-as Project/A.cmb Project/C.txt"},
-            {"save-as Project/A.cmb Project/E.cmb"},
+            {"--verbose save-as Project/A.cmb Project/E.cmb"},
             {"info Project/E.cmb"},
             {"recent"},
             {"new Project/F.cmb", nullptr,
