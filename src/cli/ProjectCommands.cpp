@@ -64,7 +64,7 @@ int RunInfo(Session& s)
     line("機型", 3, NullToEmpty(p.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
     line("電話號碼上限", 4, QString::number(p.MaxTelNo));
     line("記憶體位元組", 5, QString::number(p.MaxMemoryByte));
-    line("群組", 6, QString::number(GetRecordCount(p.rsUserGroups)));
+    line("連絡人群組", 6, QString::number(GetRecordCount(p.rsUserGroups)));
     line("連絡人", 7, QString::number(GetRecordCount(p.rsUsers)));
     line("警報點", 8, QString::number(GetRecordCount(p.rsZones)));
     line("建立日期", 9, NullToEmpty(p.rsBasic.Fields(QStringLiteral("CreatedDate"))));

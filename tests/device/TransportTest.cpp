@@ -36,9 +36,9 @@ struct OpenFailureCase
 };
 
 const std::vector<OpenFailureCase> OpenFailureCases = {
-    {"absent", SerialLine::OpenFailure::NotFound, "plug in the serial adapter"},
-    {"no permission", SerialLine::OpenFailure::PermissionDenied, "dialout group"},
-    {"busy", SerialLine::OpenFailure::Busy, "modem manager"},
+    {"absent", SerialLine::OpenFailure::NotFound, "請接上序列埠轉接器"},
+    {"no permission", SerialLine::OpenFailure::PermissionDenied, "dialout 群組"},
+    {"busy", SerialLine::OpenFailure::Busy, "數據機管理程式"},
 };
 
 class OpenFailureTest : public DeviceTest, public ::testing::WithParamInterface<OpenFailureCase>
