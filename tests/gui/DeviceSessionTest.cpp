@@ -1,13 +1,9 @@
-#include <memory>
-#include <vector>
-
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QJsonArray>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPointer>
 #include <QStatusBar>
 #include <QTest>
 #include <QThread>
@@ -20,35 +16,6 @@
 
 namespace {
 
-// Plays the user at each modal window in turn, in the order given: a window is handed over
-// once, when it comes up, and the action must close it.
-void atModals(std::vector<std::function<void(QWidget*)>> actions)
-{
-    struct Play
-    {
-        std::vector<std::function<void(QWidget*)>> actions;
-        size_t next = 0;
-        QPointer<QWidget> handled {};
-    };
-    auto play = std::make_shared<Play>(Play {std::move(actions)});
-    auto* poll = new QTimer;
-    poll->setInterval(10);
-    QObject::connect(poll, &QTimer::timeout, [poll, play] {
-        QWidget* modal = QApplication::activeModalWidget();
-        if (play->handled && !play->handled->isVisible())
-            play->handled = nullptr;
-        if (!modal || !modal->isVisible() || modal == play->handled)
-            return;
-        play->handled = modal;
-        play->actions[play->next++](modal);
-        if (play->next == play->actions.size()) {
-            poll->stop();
-            poll->deleteLater();
-        }
-    });
-    poll->start();
-}
-
 void pressEnter(QWidget* window)
 {
     QTest::keyClick(window, Qt::Key_Return);
@@ -58,23 +25,7 @@ void pressEnter(QWidget* window)
 class DeviceSessionTest : public VornaWindowTest
 {
 protected:
-    void choose(const char* entry)
-    {
-        MainWindowView* view = vorna.mainView();
-        ASSERT_NE(view, nullptr);
-        auto* menu = view->findChild<QMenu*>(QStringLiteral("mnuDevice"));
-        ASSERT_NE(menu, nullptr);
-        emit menu->aboutToShow();
-        auto* action = view->findChild<QAction*>(QString::fromLatin1(entry));
-        ASSERT_TRUE(action && action->isEnabled()) << entry;
-        action->trigger();
-    }
-
-    QString connectStatus() const
-    {
-        auto* label = vorna.mainView()->findChild<QLabel*>(QStringLiteral("ConnectStatus"));
-        return label ? label->text() : QString();
-    }
+    QString connectStatus() const { return child<QLabel>(vorna.mainView(), "ConnectStatus")->text(); }
 };
 
 // Connect on COM1, taken from the port dialog by Enter in its combo box, then a download of a
@@ -95,7 +46,7 @@ TEST_F(DeviceSessionTest, ConnectsAndDownloadsAProject)
                   pressEnter(combo);
               },
         pressEnter});
-    choose("mnuDeviceConnect");
+    chooseMenu("mnuDevice", "mnuDeviceConnect");
     EXPECT_EQ(connectStatus(), QStringLiteral(" Online"));
     // The dialler's pseudo-terminal is no serial port of the system's, yet it is there.
     const ListItem& com1 = vorna.g.form<frmComPort>().lvPorts.ListItems.at(0);
@@ -103,7 +54,7 @@ TEST_F(DeviceSessionTest, ConnectsAndDownloadsAProject)
     EXPECT_EQ(com1.ForeColor, SystemColor::WindowText);
 
     atModals({pressEnter, pressEnter});
-    choose("mnuDeviceDownLoad");
+    chooseMenu("mnuDevice", "mnuDeviceDownLoad");
     EXPECT_EQ(connectStatus(), QStringLiteral(" Online"));
 
     QElapsedTimer clock;

@@ -189,78 +189,43 @@ TEST(GuiFilters, BecomeQtsNameFilters)
             << filter;
 }
 
-namespace {
-
-struct FailureCase
+// Whatever fails in an event handler shows one box and ends the program with status 3.
+TEST(GuiFailures, AFailingEventShowsOneBoxAndEndsWithStatus3)
 {
-    const char* name;
-    std::function<void()> fail;
-    int flags;
-    const char* text;
-    const char* title;
-};
-
-class FailureReportTest : public ::testing::TestWithParam<FailureCase>
-{ };
-
-} // namespace
-
-TEST_P(FailureReportTest, AFailingEventShowsOneBoxAndEndsWithStatus3)
-{
-    const FailureCase& c = GetParam();
-    ScriptedPlatform platform;
-    guiApp().setPlatform(&platform);
-    FailingObject target;
-    target.fail = c.fail;
-    platform.expectBox(c.flags, QString::fromUtf8(c.text), QString::fromUtf8(c.title));
-
-    QEvent event(QEvent::User);
-    try {
-        QCoreApplication::sendEvent(&target, &event);
-        ADD_FAILURE() << "the process did not end";
-    } catch (const ProcessEnded& e) {
-        EXPECT_EQ(e.status, UnhandledErrorExitStatus);
+    struct Case
+    {
+        std::function<void()> fail;
+        int flags;
+        const char* text;
+        const char* title;
+    };
+    const Case cases[] = {
+        {[] { throw UnhandledError("GetFname - VBUtil", "VBUtil", 17); }, 17, "GetFname - VBUtil", "VBUtil"},
+        {[] { throw UnhandledError("Subscript out of range"); }, 16, "Subscript out of range", "VORNA"},
+        {[] { throw std::length_error("vector too long"); }, 16, "VORNA stopped: vector too long", "VORNA"},
+    };
+    for (const Case& c : cases) {
+        ScriptedPlatform platform;
+        guiApp().setPlatform(&platform);
+        FailingObject target;
+        target.fail = c.fail;
+        platform.expectBox(c.flags, c.text, c.title);
+        QEvent event(QEvent::User);
+        try {
+            QCoreApplication::sendEvent(&target, &event);
+            ADD_FAILURE() << "the process did not end: " << c.text;
+        } catch (const ProcessEnded& e) {
+            EXPECT_EQ(e.status, UnhandledErrorExitStatus);
+        }
+        guiApp().setPlatform(nullptr);
     }
-    guiApp().setPlatform(nullptr);
 }
 
-INSTANTIATE_TEST_SUITE_P(Failures, FailureReportTest,
-    ::testing::Values(
-        FailureCase {"ProgramStop",
-            [] { throw UnhandledError(QStringLiteral("GetFname - VBUtil"), QStringLiteral("VBUtil"), 17); },
-            17, "GetFname - VBUtil", "VBUtil"},
-        FailureCase {"UnhandledErrorWithDefaults",
-            [] { throw UnhandledError(QStringLiteral("Subscript out of range")); }, 16,
-            "Subscript out of range", "VORNA"},
-        FailureCase {"RuntimeFailure", [] { throw std::length_error("vector too long"); }, 16,
-            "VORNA stopped: vector too long", "VORNA"}),
-    [](const auto& info) { return std::string(info.param.name); });
-
 namespace {
 
-// The started program with the template project open: one group, no contact, zones 0 to 63.
-class MainWindowViewTest : public VornaWindowTest
+class MainWindowViewTest : public ProjectWindowTest
 {
 protected:
-    MainWindowViewTest()
-    {
-        const QString project = QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"));
-        EXPECT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), project));
-        EXPECT_TRUE(OpenProject(vorna.g, project));
-    }
-
-    QModelIndex node(const char* tag) const
-    {
-        return window->treeModel()->indexOfNode(FindNodeByTag(vorna.mainForm, QString::fromUtf8(tag)));
-    }
-
-    void press(Qt::MouseButton button, const char* tag)
-    {
-        const QPoint at = tree->visualRect(node(tag)).center();
-        QTest::mousePress(tree->viewport(), button, {}, at);
-        QTest::mouseRelease(tree->viewport(), button, {}, at);
-    }
-
     // Keys pressed on a widget; the name of the dialog that they bring up, closed by Escape.
     QString keys(QWidget* widget, std::initializer_list<Qt::Key> keys, bool opens = false)
     {
@@ -279,10 +244,6 @@ protected:
     {
         return child<QLabel>(window, "lbllvNodeContentCaption")->text().toStdString();
     }
-
-    MainWindowView* window = vorna.mainView();
-    QTreeView* tree = child<QTreeView>(window, "tvProjectContent");
-    QTreeView* list = child<QTreeView>(window, "lvNodeContent");
 };
 
 } // namespace
@@ -292,9 +253,9 @@ protected:
 // only points.
 TEST_F(MainWindowViewTest, TheListFollowsTheTreeByMouseAndByKeys)
 {
-    press(Qt::LeftButton, "ProjName");
+    click(Qt::LeftButton, "ProjName");
     EXPECT_EQ(caption(), "Data");
-    press(Qt::RightButton, "Zones");
+    click(Qt::RightButton, "Zones");
     EXPECT_EQ(caption(), "Data");
     EXPECT_EQ(tree->currentIndex(), node("ProjName")) << "the right button leaves the selection";
 
@@ -315,28 +276,13 @@ TEST_F(MainWindowViewTest, TheListFollowsTheTreeByMouseAndByKeys)
     EXPECT_EQ(tree->currentIndex(), node("UserGroups"));
 }
 
-// A node that a command selects inside a closed branch shows: the branch opens to it, and
-// the model learns that it is open.
-TEST_F(MainWindowViewTest, ANodeThatACommandSelectsShowsInItsOpenedBranch)
-{
-    ASSERT_FALSE(tree->isExpanded(node("UserGroups")));
-    vorna.mainForm.selectNode(FindNodeByTag(vorna.mainForm, QStringLiteral("UserGroups,UserGroup1")));
-    window->refresh();
-    EXPECT_EQ(tree->currentIndex(), node("UserGroups,UserGroup1"));
-    EXPECT_TRUE(tree->isExpanded(node("UserGroups")));
-    EXPECT_TRUE(
-        vorna.mainForm.tvProjectContent.Nodes[FindNodeByTag(vorna.mainForm, QStringLiteral("UserGroups"))]
-            .Expanded);
-}
-
 // Disabled contacts and zones show in the palette's disabled text and the others in its
 // text, which on a dark palette is no longer black.
 TEST_F(MainWindowViewTest, NodesTakeTheirColoursFromThePalette)
 {
-    AddUserRow(vorna.g.project, QStringLiteral("Ann"), QStringLiteral("UserGroup1"));
-    AddUserRow(
-        vorna.g.project, QStringLiteral("Bob"), QStringLiteral("UserGroup1"), QStringLiteral("0912"), true);
-    SetZoneRow(vorna.g.project, 5, QStringLiteral("Hall"), QString(), true);
+    AddUserRow(vorna.g.project, "Ann", "UserGroup1");
+    AddUserRow(vorna.g.project, "Bob", "UserGroup1", "0912", true);
+    SetZoneRow(vorna.g.project, 5, "Hall", QString(), true);
     vorna.mainForm.mnuViewRefresh_Click();
 
     const QPalette light = QApplication::palette();
@@ -367,7 +313,7 @@ TEST_F(MainWindowViewTest, NodesTakeTheirColoursFromThePalette)
 TEST_F(MainWindowViewTest, TheListStartsAtItsColumnWidthsAndShowsACutTextInATooltip)
 {
     SetZoneRow(vorna.g.project, 0, QString(60, u'W'), QString());
-    press(Qt::LeftButton, "Zones");
+    click(Qt::LeftButton, "Zones");
     const auto& columns = vorna.mainForm.lvNodeContent.ColumnHeaders;
     ASSERT_EQ(list->model()->columnCount(), static_cast<int>(columns.size()));
     for (int i = 0; i < static_cast<int>(columns.size()); ++i)
@@ -385,39 +331,31 @@ TEST_F(MainWindowViewTest, TheListStartsAtItsColumnWidthsAndShowsACutTextInATool
     EXPECT_EQ(tooltipAt(0, 1), QString(60, u'W'));
 }
 
-// The tree pane starts wide enough for the names it shows; a width that the user gives it by
-// the splitter is the width it starts at in the next run.
-TEST(MainWindowPane, TheTreeFitsItsNamesAndKeepsTheWidthTheUserGives)
+// A node that a command selects inside a closed branch shows: the branch opens to it, the
+// model learns that it is open, and the pane is wide enough for the name. A width that the
+// user gives the pane by the splitter is the width it starts at in the next run.
+TEST_F(MainWindowViewTest, ASelectedNodeShowsWholeAndThePaneKeepsTheWidthTheUserGives)
 {
-    guiApp();
-    TestFolder folder;
-    const QString settings = QDir(folder.root()).filePath(QStringLiteral("settings.ini"));
-    const QString project = QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"));
-    ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), project));
-    int given = 0;
-    {
-        QtPlatform platform(settings);
-        VornaApp vorna(platform);
-        vorna.Main({folder.appPath(), false});
-        ASSERT_TRUE(OpenProject(vorna.g, project));
-        auto* tree = vorna.mainView()->findChild<QTreeView*>(QStringLiteral("tvProjectContent"));
-        const QModelIndex group = vorna.mainView()->treeModel()->indexOfNode(
-            FindNodeByTag(vorna.mainForm, QStringLiteral("UserGroups,UserGroup1")));
-        tree->expand(group.parent());
-        const int needed = tree->visualRect(group).x() + tree->iconSize().width()
-            + tree->fontMetrics().horizontalAdvance(QStringLiteral("UserGroup1"));
-        EXPECT_LT(needed, tree->viewport()->width()) << "the name shows whole";
+    ASSERT_FALSE(tree->isExpanded(node("UserGroups")));
+    vorna.mainForm.selectNode(FindNodeByTag(vorna.mainForm, "UserGroups,UserGroup1"));
+    window->refresh();
+    const QModelIndex group = node("UserGroups,UserGroup1");
+    EXPECT_EQ(tree->currentIndex(), group);
+    EXPECT_TRUE(tree->isExpanded(node("UserGroups")));
+    EXPECT_TRUE(vorna.mainForm.tvProjectContent.Nodes[FindNodeByTag(vorna.mainForm, "UserGroups")].Expanded);
+    EXPECT_LT(tree->visualRect(group).x() + tree->iconSize().width()
+            + tree->fontMetrics().horizontalAdvance("UserGroup1"),
+        tree->viewport()->width());
 
-        auto* grip = vorna.mainView()->findChild<QWidget*>(QStringLiteral("imgSplitter"));
-        const int before = tree->width();
-        QTest::mousePress(grip, Qt::LeftButton, {}, QPoint(1, 10));
-        QTest::mouseMove(grip, QPoint(61, 10));
-        QTest::mouseRelease(grip, Qt::LeftButton, {}, QPoint(61, 10));
-        given = tree->width();
-        EXPECT_NEAR(given, before + 60, 1);
-    }
-    QtPlatform platform(settings);
-    VornaApp vorna(platform);
-    vorna.Main({folder.appPath(), false});
-    EXPECT_EQ(vorna.mainView()->findChild<QTreeView*>(QStringLiteral("tvProjectContent"))->width(), given);
+    auto* grip = child<QWidget>(window, "imgSplitter");
+    const int before = tree->width();
+    QTest::mousePress(grip, Qt::LeftButton, {}, QPoint(1, 10));
+    QTest::mouseMove(grip, QPoint(61, 10));
+    QTest::mouseRelease(grip, Qt::LeftButton, {}, QPoint(61, 10));
+    EXPECT_NEAR(tree->width(), before + 60, 1);
+
+    QtPlatform nextPlatform(QDir(folder.root()).filePath("settings.ini"));
+    VornaApp next(nextPlatform);
+    next.Main({folder.appPath(), false});
+    EXPECT_EQ(child<QTreeView>(next.mainView(), "tvProjectContent")->width(), tree->width());
 }

@@ -43,36 +43,6 @@ using PlatformDialogTest = VornaWindowTest;
 
 } // namespace
 
-TEST_F(PlatformDialogTest, FileNewInTheWindowTakesANewNameAndMakesTheProject)
-{
-    const QString typed = QStringLiteral("Site.cmb");
-    bool filterShown = false;
-    atNextModal([&](QWidget* modal) {
-        auto* dialog = qobject_cast<QFileDialog*>(modal);
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->parentWidget(), vorna.mainView());
-        const auto* types = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-        filterShown = types
-            && comboTexts(types)
-                == QStringList({QStringLiteral("Quillbeacon configuration files,(*.cmb)"),
-                    QStringLiteral("All files,(*.*)")});
-        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        ASSERT_NE(name, nullptr);
-        EXPECT_EQ(name->text(), QStringLiteral("Project1"));
-        name->setText(typed);
-        QAbstractButton* open = dialogButton(dialog, QDialogButtonBox::Open);
-        ASSERT_NE(open, nullptr);
-        EXPECT_TRUE(open->isEnabled()) << "a new name must be accepted";
-        open->click();
-    });
-    vorna.mainForm.clickMenu(QStringLiteral("mnuFileNew"));
-
-    EXPECT_TRUE(filterShown) << "each filter shows its caption once";
-    EXPECT_TRUE(QFileInfo::exists(QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"))));
-    EXPECT_TRUE(QFileInfo::exists(QDir(folder.projectDir()).filePath(QStringLiteral("Site.mir"))));
-    EXPECT_EQ(vorna.g.project.ProjectName, QStringLiteral("Site"));
-}
-
 TEST_F(PlatformDialogTest, FileOpenOfAMissingNameReachesTheProgramsOwnBox)
 {
     atNextModal([](QWidget* modal) {

@@ -2,6 +2,7 @@
 #include <tuple>
 #include <vector>
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -15,6 +16,7 @@
 #include "GuiApp.h"
 #include "MainWindowView.h"
 #include "ProjectFiles.h"
+#include "ProjectRows.h"
 #include "ProjectTreeModel.h"
 #include "VBUtil.h"
 
@@ -36,16 +38,20 @@ using SessionTest = VornaWindowTest;
 TEST_F(SessionTest, ANewProjectEditedInTheWindowComesBackWholeFromTheRecentList)
 {
     MainWindowView* window = vorna.mainView();
-    ASSERT_NE(window, nullptr);
-    // A menu's entries are set up as it opens, then the entry is chosen.
-    const auto choose = [&](const char* top, const char* entry) {
-        QMetaObject::invokeMethod(child<QMenu>(window, top), "aboutToShow");
-        child<QAction>(window, entry)->trigger();
-    };
+    const auto choose = [&](const char* menu, const char* entry) { chooseMenu(menu, entry); };
 
-    atNextModal([](QWidget* dialog) {
+    // The file dialog belongs to the window, shows each filter's caption once and proposes a
+    // name that is free.
+    atNextModal([&](QWidget* dialog) {
+        EXPECT_EQ(dialog->parentWidget(), window);
+        const auto* types = child<QComboBox>(dialog, "fileTypeCombo");
+        QStringList filters;
+        for (int i = 0; i < types->count(); ++i)
+            filters << types->itemText(i);
+        EXPECT_EQ(filters, QStringList({"Quillbeacon configuration files,(*.cmb)", "All files,(*.*)"}));
         auto* name = child<QLineEdit>(dialog, "fileNameEdit");
-        retype(name, QStringLiteral("Site.cmb"));
+        EXPECT_EQ(name->text(), "Project1");
+        retype(name, "Site.cmb");
         QTest::keyClick(name, Qt::Key_Return);
     });
     choose("mnuFile", "mnuFileNew");
@@ -106,11 +112,8 @@ TEST_F(SessionTest, ANewProjectEditedInTheWindowComesBackWholeFromTheRecentList)
     choose("mnuFile", "mnuFileMRU(1)");
     EXPECT_EQ(shown(), before);
     ProjectState& p = vorna.g.project;
-    ASSERT_TRUE(FindRecord(p.rsUsers, QStringLiteral("UserName"), QStringLiteral("Ann"), false));
-    EXPECT_EQ(NullToEmpty(p.rsUsers.Fields(QStringLiteral("PhoneNumber"))), QStringLiteral("0911222333"));
-    ASSERT_TRUE(FindRecord(p.rsUserGroups, QStringLiteral("GroupName"), QStringLiteral("Fire"), false));
-    EXPECT_EQ(NullToEmpty(p.rsUserGroups.Fields(QStringLiteral("GroupDsc"))), QStringLiteral("Brigade"));
-    ASSERT_TRUE(FindRecord(p.rsZones, QStringLiteral("ZoneNo"), QStringLiteral("3"), false));
-    EXPECT_EQ(NullToEmpty(p.rsZones.Fields(QStringLiteral("ZoneName"))), QStringLiteral("Hall"));
-    EXPECT_EQ(NullToEmpty(p.rsZones.Fields(QStringLiteral("AlarmSMS"))), QStringLiteral("Fire in the hall"));
+    EXPECT_EQ(Column(p.rsUsers, "PhoneNumber"), QStringList {"0911222333"});
+    EXPECT_EQ(Column(p.rsUserGroups, "GroupDsc"), QStringList({"", "Brigade"}));
+    EXPECT_EQ(Column(p.rsZones, "ZoneName").at(3), "Hall");
+    EXPECT_EQ(Column(p.rsZones, "AlarmSMS").at(3), "Fire in the hall");
 }
