@@ -31,11 +31,7 @@ int boxesDuring(const std::function<void()>& act)
     return count;
 }
 
-class ContactEditorViewTest : public VornaWindowTest
-{
-protected:
-    ContactEditorViewTest() { openTemplateProject(); }
-};
+using ContactEditorViewTest = ProjectWindowTest;
 
 } // namespace
 
@@ -46,13 +42,11 @@ TEST_F(ContactEditorViewTest, ANumberTypedAndAGroupPickedInTheRealDialogsReachTh
     AddUserRow(p, "Ann", "UserGroup1", QString());
 
     openEditor("Users,Ann", [&](QWidget* editor) {
-        auto* number = editor->findChild<QLineEdit*>("txtTelNo");
-        ASSERT_NE(number, nullptr);
+        auto* number = child<QLineEdit>(editor, "txtTelNo");
         // Typed past the box's 20 characters.
         QTest::keyClicks(number, "+8869123456789012345678");
         atNextModal([&](QWidget* picker) {
-            auto* list = picker->findChild<QTreeWidget*>("lvUserGroups");
-            ASSERT_NE(list, nullptr);
+            auto* list = child<QTreeWidget>(picker, "lvUserGroups");
             ASSERT_EQ(list->topLevelItemCount(), 2);
             const auto clickRow = [list](int row) {
                 QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
@@ -69,11 +63,11 @@ TEST_F(ContactEditorViewTest, ANumberTypedAndAGroupPickedInTheRealDialogsReachTh
             EXPECT_EQ(boxesDuring([&] { clickRow(1); }), 0);
             QTest::keyClick(list, Qt::Key_Return);
         });
-        QTest::mouseClick(editor->findChild<QPushButton*>("cmdAdd"), Qt::LeftButton);
-        EXPECT_EQ(editor->findChild<QTreeWidget*>("lvGroupName")->topLevelItemCount(), 2);
+        QTest::mouseClick(child<QPushButton>(editor, "cmdAdd"), Qt::LeftButton);
+        EXPECT_EQ(child<QTreeWidget>(editor, "lvGroupName")->topLevelItemCount(), 2);
         QTest::keyClick(number, Qt::Key_Return);
         if (editor->isVisible())
-            QTest::mouseClick(editor->findChild<QPushButton*>("cmdCancel"), Qt::LeftButton);
+            QTest::mouseClick(child<QPushButton>(editor, "cmdCancel"), Qt::LeftButton);
     });
 
     ASSERT_TRUE(FindRecord(p.rsUsers, "UserName", "Ann", false));
@@ -93,8 +87,7 @@ TEST_F(ContactEditorViewTest, TheEditorsOfALongNameStayOnTheScreen)
         openEditor(tag, [&](QWidget* editor) {
             const QRect screen = editor->screen()->availableGeometry();
             EXPECT_TRUE(screen.contains(editor->frameGeometry())) << tag.left(10).toStdString();
-            auto* ok = editor->findChild<QPushButton*>("cmdOK");
-            ASSERT_NE(ok, nullptr);
+            auto* ok = child<QPushButton>(editor, "cmdOK");
             EXPECT_TRUE(screen.contains(QRect(ok->mapToGlobal(QPoint()), ok->size())));
             QTest::keyClick(editor, Qt::Key_Escape);
         });

@@ -6,20 +6,16 @@
 #include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "VBUtil.h"
+#include "ProjectRows.h"
 
-using EditZoneListViewTest = VornaWindowTest;
+using EditZoneListViewTest = ProjectWindowTest;
 
 // A user opens zone 3 from the tree, types into the real boxes, starting a line with Ctrl+Enter,
 // and leaves with Enter from a multi-line box; then opens it again and leaves with Escape.
 TEST_F(EditZoneListViewTest, EnterFromAnyBoxSavesWhatWasTypedAndEscapeLeavesTheZoneAsItWas)
 {
-    openTemplateProject();
     Recordset& zones = vorna.g.project.rsZones;
-    auto zone3 = [&](const char* field) {
-        EXPECT_TRUE(FindRecord(zones, QStringLiteral("ZoneNo"), QStringLiteral("3"), false));
-        return NullToEmpty(zones.Fields(QString::fromLatin1(field)));
-    };
+    auto zone3 = [&](const char* field) { return Column(zones, field).at(3); };
 
     openEditor(QStringLiteral("Zones,3"), [](QWidget* dialog) {
         QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), QStringLiteral("Hall"));

@@ -51,51 +51,35 @@ public:
     }
 };
 
-QStringList visibleActions(const QMenu* menu)
-{
-    QStringList names;
-    for (const QAction* a : menu->actions())
-        if (a->isVisible())
-            names << a->objectName();
-    return names;
-}
-
 } // namespace
 
 using GuiStart = VornaWindowTest;
 
+// The main window shows the model's captions; opening a menu runs its set-up (no project, so
+// no saving and no recent files), and an entry with a key shows it after its caption.
 TEST_F(GuiStart, TheProgramStartsWithItsMainWindowShowingNoProject)
 {
     QCoreApplication::processEvents();
-
     MainWindowView* window = vorna.mainView();
-    ASSERT_NE(window, nullptr);
     EXPECT_TRUE(window->isVisible());
-    EXPECT_FALSE(platform.existingView(QStringLiteral("frmSplash"))->widget()->isVisible());
+    EXPECT_FALSE(platform.existingView("frmSplash")->widget()->isVisible());
     EXPECT_EQ(window->windowTitle(), vorna.mainForm.Caption);
     EXPECT_EQ(window->size(), QSize(720, 460)) << "10800 x 6900 twips from an empty settings store";
+    EXPECT_TRUE(child<QStatusBar>(window, "sbStatusBar")->isVisible());
+    for (const char* key : {"Status", "ProjName", "ConnectStatus"})
+        EXPECT_EQ(child<QLabel>(window, key)->text(), vorna.mainForm.panel(key).Text) << key;
 
-    const auto* status = window->findChild<QStatusBar*>(QStringLiteral("sbStatusBar"));
-    ASSERT_NE(status, nullptr);
-    EXPECT_TRUE(status->isVisible());
-    for (const char* key : {"Status", "ProjName", "ConnectStatus"}) {
-        const auto* label = status->findChild<QLabel*>(QString::fromLatin1(key));
-        ASSERT_NE(label, nullptr) << key;
-        EXPECT_EQ(label->text(), vorna.mainForm.panel(QString::fromLatin1(key)).Text) << key;
-    }
-
-    const auto* file = window->menuBar()->findChild<QMenu*>(QStringLiteral("mnuFile"));
-    ASSERT_NE(file, nullptr);
-    // Opening the menu runs its set-up: no project, so no saving and no recent files.
-    QMetaObject::invokeMethod(const_cast<QMenu*>(file), "aboutToShow");
-    EXPECT_EQ(visibleActions(file),
-        QStringList({"mnuFileNew", "mnuFileOpen", "mnuFileSave", "mnuFileSaveAs", "mnuFileBar0",
-            "mnuFileBasic", "mnuFileBar1", "mnuFileBar2", "mnuFileExit"}));
-    for (const char* name : {"mnuFileSave", "mnuFileSaveAs", "mnuFileBasic"})
-        EXPECT_FALSE(window->findChild<QAction*>(QString::fromLatin1(name))->isEnabled()) << name;
-    // An entry with a key shows it after its caption.
-    EXPECT_EQ(window->findChild<QAction*>(QStringLiteral("mnuFileNew"))->text(),
-        vorna.mainForm.menu(QStringLiteral("mnuFileNew")).Caption + QStringLiteral("\tCtrl+N"));
+    auto* file = child<QMenu>(window, "mnuFile");
+    QMetaObject::invokeMethod(file, "aboutToShow");
+    QStringList shown;
+    for (const QAction* a : file->actions())
+        if (a->isVisible())
+            shown << a->objectName() + (a->isEnabled() ? "" : " (disabled)");
+    EXPECT_EQ(shown.join(", "),
+        "mnuFileNew, mnuFileOpen, mnuFileSave (disabled), mnuFileSaveAs (disabled), mnuFileBar0, "
+        "mnuFileBasic (disabled), mnuFileBar1, mnuFileBar2, mnuFileExit");
+    EXPECT_EQ(
+        child<QAction>(window, "mnuFileNew")->text(), vorna.mainForm.menu("mnuFileNew").Caption + "\tCtrl+N");
 }
 
 TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
@@ -110,18 +94,14 @@ TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
     QAbstractItemModelTester listTester(&list, QAbstractItemModelTester::FailureReportingMode::Fatal);
 
     main.tvProjectContent.Nodes = {
-        Node {-1, {}, QStringLiteral("專案(Site)"), QStringLiteral("Proj"), QStringLiteral("ProjName")},
-        Node {0, QStringLiteral("Users"), QStringLiteral("連絡人"), QStringLiteral("UserName"),
-            QStringLiteral("Users")},
-        Node {1, {}, QStringLiteral("Ann"), QStringLiteral("UserName"), QStringLiteral("Users,Ann"),
-            SystemColor::GrayText},
-        Node {0, QStringLiteral("UserGroups"), QStringLiteral("群組"), QStringLiteral("UserGroups"),
-            QStringLiteral("UserGroups")},
-        Node {1, {}, QStringLiteral("Bob"), QStringLiteral("UserName"), QStringLiteral("Users,Bob"), 0},
+        Node {-1, {}, "專案(Site)", "Proj", "ProjName"},
+        Node {0, "Users", "連絡人", "UserName", "Users"},
+        Node {1, {}, "Ann", "UserName", "Users,Ann", SystemColor::GrayText},
+        Node {0, "UserGroups", "群組", "UserGroups", "UserGroups"},
+        Node {1, {}, "Bob", "UserName", "Users,Bob", 0},
     };
-    main.lvNodeContent.ColumnHeaders = {{QStringLiteral("項目"), 1500}, {QStringLiteral("項目說明"), 1500}};
-    main.lvNodeContent.ListItems
-        = {{QStringLiteral("連絡人"), {QStringLiteral("Fire\r\nUserGroup1")}}, {QStringLiteral("群組"), {}}};
+    main.lvNodeContent.ColumnHeaders = {{"項目", 1500}, {"項目說明", 1500}};
+    main.lvNodeContent.ListItems = {{"連絡人", {"Fire\r\nUserGroup1"}}, {"群組", {}}};
     EXPECT_TRUE(tree.sync());
     EXPECT_TRUE(list.sync());
 
@@ -130,8 +110,7 @@ TEST(GuiAdapters, TheTreeAndListStaySoundItemModelsThroughRebuilds)
     EXPECT_EQ(tree.nodeOf(tree.index(1, 0, users)), 4);
     EXPECT_EQ(tree.parent(tree.indexOfNode(4)), users);
     EXPECT_EQ(list.index(1, 1).data().toString(), QString()) << "a missing sub-item reads empty";
-    EXPECT_EQ(list.index(0, 1).data().toString(), QStringLiteral("Fire, UserGroup1"))
-        << "a group list on one line";
+    EXPECT_EQ(list.index(0, 1).data().toString(), "Fire, UserGroup1") << "a group list on one line";
 
     // An expanded flag is the view's business and does not reset the model.
     main.tvProjectContent.Nodes[1].Expanded = true;

@@ -1,42 +1,24 @@
-#include <functional>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "MainWindowView.h"
-#include "QtPlatform.h"
-#include "TestFolder.h"
-#include "VornaApp.h"
-#include "VornaApplication.h"
 
 namespace {
 
-QAbstractButton* dialogButton(QWidget* dialog, QDialogButtonBox::StandardButton which)
+// Types the name into the file dialog and presses its button.
+void answerFileDialog(QWidget* dialog, const char* name, QDialogButtonBox::StandardButton button)
 {
-    auto* box = dialog->findChild<QDialogButtonBox*>();
-    return box ? box->button(which) : nullptr;
-}
-
-QStringList comboTexts(const QComboBox* combo)
-{
-    QStringList texts;
-    for (int i = 0; i < combo->count(); ++i)
-        texts << combo->itemText(i);
-    return texts;
+    child<QLineEdit>(dialog, "fileNameEdit")->setText(name);
+    dialog->findChild<QDialogButtonBox*>()->button(button)->click();
 }
 
 using PlatformDialogTest = VornaWindowTest;
@@ -45,85 +27,60 @@ using PlatformDialogTest = VornaWindowTest;
 
 TEST_F(PlatformDialogTest, FileOpenOfAMissingNameReachesTheProgramsOwnBox)
 {
-    atNextModal([](QWidget* modal) {
-        auto* dialog = qobject_cast<QFileDialog*>(modal);
-        ASSERT_NE(dialog, nullptr);
-        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("Gone.cmb"));
-        dialogButton(dialog, QDialogButtonBox::Open)->click();
+    atNextModal([](QWidget* dialog) {
+        ASSERT_NE(qobject_cast<QFileDialog*>(dialog), nullptr);
         atNextModal([](QWidget* box) {
             ASSERT_NE(qobject_cast<QMessageBox*>(box), nullptr);
-            EXPECT_TRUE(box->windowTitle() == QStringLiteral("專案開啟失敗")
-                || box->windowTitle() == QStringLiteral("Project Open Failed"))
+            EXPECT_TRUE(box->windowTitle() == "專案開啟失敗" || box->windowTitle() == "Project Open Failed")
                 << box->windowTitle().toStdString();
             qobject_cast<QMessageBox*>(box)->button(QMessageBox::Ok)->click();
         });
+        answerFileDialog(dialog, "Gone.cmb", QDialogButtonBox::Open);
     });
-    vorna.mainForm.clickMenu(QStringLiteral("mnuFileOpen"));
+    vorna.mainForm.clickMenu("mnuFileOpen");
     EXPECT_TRUE(vorna.g.project.ProjectName.isEmpty());
 }
 
-TEST_F(PlatformDialogTest, ABoxHasTheGivenButtonsTitleAndIconAndBelongsToTheMainWindow)
+// A box belongs to the main window and has the flags' buttons, icon and default; the toolkit's
+// own button texts follow the program's language.
+TEST_F(PlatformDialogTest, ABoxBelongsToTheMainWindowAndSpeaksTheProgramsLanguage)
 {
-    struct Seen
-    {
-        QString title;
-        QWidget* parent = nullptr;
-        QMessageBox::Icon icon = QMessageBox::NoIcon;
-        bool windowIcon = false;
-        QList<QAbstractButton*> buttons;
-        QString defaultText;
-    } seen;
     atNextModal([&](QWidget* modal) {
         auto* box = qobject_cast<QMessageBox*>(modal);
         ASSERT_NE(box, nullptr);
-        seen = {box->windowTitle(), box->parentWidget(), box->icon(), !box->windowIcon().isNull(),
-            box->buttons(), box->defaultButton() ? box->defaultButton()->text() : QString()};
+        EXPECT_EQ(box->windowTitle(), "是否儲存專案");
+        EXPECT_EQ(box->parentWidget(), vorna.mainView());
+        EXPECT_EQ(box->icon(), QMessageBox::Warning);
+        EXPECT_FALSE(box->windowIcon().isNull());
+        EXPECT_EQ(box->buttons().size(), 3);
+        EXPECT_EQ(box->defaultButton() ? box->defaultButton()->text() : QString(), "&Yes");
         box->button(QMessageBox::No)->click();
     });
-    const int answer = platform.msgBox(
-        QStringLiteral("Save?"), MsgBox::YesNoCancel | MsgBox::Exclamation, QStringLiteral("是否儲存專案"));
+    EXPECT_EQ(
+        platform.msgBox("Save?", MsgBox::YesNoCancel | MsgBox::Exclamation, "是否儲存專案"), MsgBox::No);
 
-    EXPECT_EQ(answer, MsgBox::No);
-    EXPECT_EQ(seen.title, QStringLiteral("是否儲存專案"));
-    EXPECT_EQ(seen.parent, vorna.mainView());
-    EXPECT_EQ(seen.icon, QMessageBox::Warning);
-    EXPECT_TRUE(seen.windowIcon);
-    EXPECT_EQ(seen.buttons.size(), 3);
-    EXPECT_EQ(seen.defaultText, QStringLiteral("&Yes"));
-}
-
-TEST_F(PlatformDialogTest, TheToolkitSpeaksTheProgramsLanguage)
-{
-    InstallToolkitTranslation(QStringLiteral("ChineseBig5"));
-    QString yes;
-    atNextModal([&](QWidget* modal) {
-        auto* box = qobject_cast<QMessageBox*>(modal);
-        yes = box->button(QMessageBox::Yes)->text();
-        box->button(QMessageBox::Yes)->click();
+    InstallToolkitTranslation("ChineseBig5");
+    atNextModal([](QWidget* modal) {
+        QAbstractButton* yes = qobject_cast<QMessageBox*>(modal)->button(QMessageBox::Yes);
+        EXPECT_TRUE(yes->text().contains("是")) << yes->text().toStdString();
+        yes->click();
     });
-    EXPECT_EQ(platform.msgBox(QStringLiteral("?"), MsgBox::YesNo, QStringLiteral("t")), MsgBox::Yes);
-    EXPECT_TRUE(yes.contains(QStringLiteral("是"))) << yes.toStdString();
+    EXPECT_EQ(platform.msgBox("?", MsgBox::YesNo, "t"), MsgBox::Yes);
 }
 
+// The filter's caption shows as written even where it differs from its pattern.
 TEST_F(PlatformDialogTest, TheSaveDialogProposesTheNameAndTakesANewOne)
 {
     FileDialogOptions options;
-    options.DialogTitle = QStringLiteral("另存專案");
-    options.InitDir = QStringLiteral("..\\Project");
-    options.FileName = QStringLiteral("Project1");
-    options.Filter = QStringLiteral("Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*");
-    atNextModal([](QWidget* modal) {
-        auto* dialog = qobject_cast<QFileDialog*>(modal);
-        ASSERT_NE(dialog, nullptr);
-        EXPECT_EQ(dialog->windowTitle(), QStringLiteral("另存專案"));
-        EXPECT_EQ(comboTexts(dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))).first(),
-            QStringLiteral("Quillbeacon設定檔案,(*.cbm)"));
-        auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        EXPECT_EQ(name->text(), QStringLiteral("Project1"));
-        name->setText(QStringLiteral("New.cmb"));
-        dialogButton(dialog, QDialogButtonBox::Save)->click();
+    options.DialogTitle = "另存專案";
+    options.InitDir = "..\\Project";
+    options.FileName = "Project1";
+    options.Filter = "Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*";
+    atNextModal([](QWidget* dialog) {
+        EXPECT_EQ(dialog->windowTitle(), "另存專案");
+        EXPECT_EQ(child<QComboBox>(dialog, "fileTypeCombo")->itemText(0), "Quillbeacon設定檔案,(*.cbm)");
+        EXPECT_EQ(child<QLineEdit>(dialog, "fileNameEdit")->text(), "Project1");
+        answerFileDialog(dialog, "New.cmb", QDialogButtonBox::Save);
     });
-    const auto chosen = platform.showSave(options);
-    ASSERT_TRUE(chosen.has_value());
-    EXPECT_EQ(*chosen, QDir(folder.projectDir()).filePath(QStringLiteral("New.cmb")));
+    EXPECT_EQ(platform.showSave(options), QDir(folder.projectDir()).filePath("New.cmb"));
 }
