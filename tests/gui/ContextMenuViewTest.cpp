@@ -1,18 +1,11 @@
 #include <string>
 
 #include <QComboBox>
-#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "MainWindowView.h"
 #include "ProjectRows.h"
-#include "ProjectTreeModel.h"
 
 namespace {
 

@@ -3,14 +3,11 @@
 #include <QJsonArray>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QStatusBar>
-#include <QTest>
 #include <QThread>
 
 #include "DevsimProcess.h"
 #include "GuiApp.h"
-#include "MainWindowView.h"
 #include "ProjectRows.h"
 #include "frmComPort.h"
 

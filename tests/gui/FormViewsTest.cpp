@@ -1,22 +1,14 @@
 #include <QClipboard>
-#include <QDir>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabWidget>
-#include <QTest>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
 
 #include "FormBinder.h"
 #include "FormView.h"
 #include "GuiApp.h"
-#include "QtPlatform.h"
-#include "TestFolder.h"
-#include "VornaApp.h"
 
 namespace {
 

@@ -1,39 +1,22 @@
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <stdexcept>
 
 #include <QAbstractItemModelTester>
-#include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QLabel>
-#include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
-#include <QTest>
 #include <QToolTip>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "MainWindowView.h"
 #include "NodeListModel.h"
-#include "ProjectFiles.h"
 #include "ProjectRows.h"
-#include "ProjectTreeModel.h"
-#include "QtPlatform.h"
 #include "ScriptedPlatform.h"
 #include "SplashView.h"
-#include "TestFolder.h"
 #include "Twips.h"
 #include "UnhandledError.h"
-#include "VORNAUtil.h"
-#include "VornaApp.h"
-#include "VornaApplication.h"
 #include "frmMain.h"
 
 namespace {

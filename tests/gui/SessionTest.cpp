@@ -1,23 +1,18 @@
 #include <algorithm>
 #include <tuple>
-#include <vector>
 
+#include <QAbstractButton>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTest>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "MainWindowView.h"
-#include "ProjectFiles.h"
 #include "ProjectRows.h"
-#include "ProjectTreeModel.h"
 #include "VBUtil.h"
 
 namespace {
@@ -27,6 +22,13 @@ void retype(QLineEdit* box, const QString& text)
 {
     box->selectAll();
     QTest::keyClicks(box, text);
+}
+
+// Types the name into the file dialog and presses its button.
+void answerFileDialog(QWidget* dialog, const char* name, QDialogButtonBox::StandardButton button)
+{
+    child<QLineEdit>(dialog, "fileNameEdit")->setText(name);
+    dialog->findChild<QDialogButtonBox*>()->button(button)->click();
 }
 
 using SessionTest = VornaWindowTest;
@@ -116,4 +118,64 @@ TEST_F(SessionTest, ANewProjectEditedInTheWindowComesBackWholeFromTheRecentList)
     EXPECT_EQ(Column(p.rsUserGroups, "GroupDsc"), QStringList({"", "Brigade"}));
     EXPECT_EQ(Column(p.rsZones, "ZoneName").at(3), "Hall");
     EXPECT_EQ(Column(p.rsZones, "AlarmSMS").at(3), "Fire in the hall");
+}
+
+TEST_F(SessionTest, FileOpenOfAMissingNameReachesTheProgramsOwnBox)
+{
+    atNextModal([](QWidget* dialog) {
+        ASSERT_NE(qobject_cast<QFileDialog*>(dialog), nullptr);
+        atNextModal([](QWidget* box) {
+            ASSERT_NE(qobject_cast<QMessageBox*>(box), nullptr);
+            EXPECT_TRUE(box->windowTitle() == "專案開啟失敗" || box->windowTitle() == "Project Open Failed")
+                << box->windowTitle().toStdString();
+            qobject_cast<QMessageBox*>(box)->button(QMessageBox::Ok)->click();
+        });
+        answerFileDialog(dialog, "Gone.cmb", QDialogButtonBox::Open);
+    });
+    vorna.mainForm.clickMenu("mnuFileOpen");
+    EXPECT_TRUE(vorna.g.project.ProjectName.isEmpty());
+}
+
+// A box belongs to the main window and has the flags' buttons, icon and default; the toolkit's
+// own button texts follow the program's language.
+TEST_F(SessionTest, ABoxBelongsToTheMainWindowAndSpeaksTheProgramsLanguage)
+{
+    atNextModal([&](QWidget* modal) {
+        auto* box = qobject_cast<QMessageBox*>(modal);
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->windowTitle(), "是否儲存專案");
+        EXPECT_EQ(box->parentWidget(), vorna.mainView());
+        EXPECT_EQ(box->icon(), QMessageBox::Warning);
+        EXPECT_FALSE(box->windowIcon().isNull());
+        EXPECT_EQ(box->buttons().size(), 3);
+        EXPECT_EQ(box->defaultButton() ? box->defaultButton()->text() : QString(), "&Yes");
+        box->button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(
+        platform.msgBox("Save?", MsgBox::YesNoCancel | MsgBox::Exclamation, "是否儲存專案"), MsgBox::No);
+
+    InstallToolkitTranslation("ChineseBig5");
+    atNextModal([](QWidget* modal) {
+        QAbstractButton* yes = qobject_cast<QMessageBox*>(modal)->button(QMessageBox::Yes);
+        EXPECT_TRUE(yes->text().contains("是")) << yes->text().toStdString();
+        yes->click();
+    });
+    EXPECT_EQ(platform.msgBox("?", MsgBox::YesNo, "t"), MsgBox::Yes);
+}
+
+// The filter's caption shows as written even where it differs from its pattern.
+TEST_F(SessionTest, TheSaveDialogProposesTheNameAndTakesANewOne)
+{
+    FileDialogOptions options;
+    options.DialogTitle = "另存專案";
+    options.InitDir = "..\\Project";
+    options.FileName = "Project1";
+    options.Filter = "Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*";
+    atNextModal([](QWidget* dialog) {
+        EXPECT_EQ(dialog->windowTitle(), "另存專案");
+        EXPECT_EQ(child<QComboBox>(dialog, "fileTypeCombo")->itemText(0), "Quillbeacon設定檔案,(*.cbm)");
+        EXPECT_EQ(child<QLineEdit>(dialog, "fileNameEdit")->text(), "Project1");
+        answerFileDialog(dialog, "New.cmb", QDialogButtonBox::Save);
+    });
+    EXPECT_EQ(platform.showSave(options), QDir(folder.projectDir()).filePath("New.cmb"));
 }
