@@ -69,13 +69,13 @@ protected:
             lines << b.data().toString();
             for (int row = 0; row < model->rowCount(b); ++row) {
                 const QModelIndex n = model->index(row, 0, b);
-                QString line = QStringLiteral("  ") + n.data().toString();
+                QString line = "  " + n.data().toString();
                 if (QLatin1String(branch) == QLatin1String("UserGroups")) {
                     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(n).center());
                     QStringList members;
                     for (int r = 0; r < list->model()->rowCount(); ++r)
                         members << list->model()->index(r, 0).data().toString();
-                    line += QStringLiteral(": ") + members.join(QStringLiteral(", "));
+                    line += ": " + members.join(", ");
                 }
                 lines << line;
             }
@@ -94,18 +94,18 @@ TEST_F(ContextMenuViewTest, RightClicksEditMembershipsAndDeleteDeletesAContact)
     ASSERT_NE(menu, nullptr) << "a right click on a contact pops a menu up";
     EXPECT_EQ(
         entries(menu), "New Contact...|Delete Contact [Ann]|Edit Contact [Ann]...|Add to Contact Group...");
-    choose(menu, "mnuProjConentAddGroup", "cmbUserGroups", QStringLiteral("Night"));
+    choose(menu, "mnuProjConentAddGroup", "cmbUserGroups", "Night");
 
     menu = rightClick("UserGroups,Day");
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(entries(menu),
         "New Contact Group...|Delete Contact Group [Day]|Edit Contact Group [Day]...|Add Existing "
         "Contacts...|Move to Another Group...");
-    choose(menu, "mnuProjConentAddUser", "cmbAddUser", QStringLiteral("Cid"));
+    choose(menu, "mnuProjConentAddUser", "cmbAddUser", "Cid");
 
     menu = rightClick("UserGroups,UserGroup1");
     ASSERT_NE(menu, nullptr);
-    choose(menu, "mnuProjConentMoveUser", "cmbMoveGroup", QStringLiteral("Day"));
+    choose(menu, "mnuProjConentMoveUser", "cmbMoveGroup", "Day");
 
     // The keys open the same menu on the selected node, and Escape closes it.
     QTest::keyClick(tree, Qt::Key_F10, Qt::ShiftModifier);

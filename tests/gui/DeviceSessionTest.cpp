@@ -29,7 +29,7 @@ protected:
 // small project that the dialler keeps, every box answered from the keyboard.
 TEST_F(DeviceSessionTest, ConnectsAndDownloadsAProject)
 {
-    const QString dump = folder.path(QStringLiteral("dialler.json"));
+    const QString dump = folder.path("dialler.json");
     DevsimProcess devsim({"--baud", "0", "--dump", dump});
     ASSERT_FALSE(devsim.path().isEmpty());
     vorna.g.link.RunPortPaths[1] = devsim.path();
@@ -38,13 +38,13 @@ TEST_F(DeviceSessionTest, ConnectsAndDownloadsAProject)
 
     atModals({[](QWidget* portDialog) {
                   // The keys reach the combo box, which hands them to its line.
-                  auto* combo = portDialog->findChild<QComboBox*>(QStringLiteral("cmbCommPort"));
+                  auto* combo = portDialog->findChild<QComboBox*>("cmbCommPort");
                   ASSERT_NE(combo, nullptr);
                   pressEnter(combo);
               },
         pressEnter});
     chooseMenu("mnuDevice", "mnuDeviceConnect");
-    EXPECT_EQ(connectStatus(), QStringLiteral(" Online"));
+    EXPECT_EQ(connectStatus(), " Online");
     // The dialler's pseudo-terminal is no serial port of the system's, yet it is there.
     const ListItem& com1 = vorna.g.form<frmComPort>().lvPorts.ListItems.at(0);
     EXPECT_EQ(com1.SubItems.at(0), devsim.path());
@@ -52,7 +52,7 @@ TEST_F(DeviceSessionTest, ConnectsAndDownloadsAProject)
 
     atModals({pressEnter, pressEnter});
     chooseMenu("mnuDevice", "mnuDeviceDownLoad");
-    EXPECT_EQ(connectStatus(), QStringLiteral(" Online"));
+    EXPECT_EQ(connectStatus(), " Online");
 
     QElapsedTimer clock;
     clock.start();
@@ -62,7 +62,7 @@ TEST_F(DeviceSessionTest, ConnectsAndDownloadsAProject)
         kept = ReadDump(dump);
     }
     ASSERT_EQ(kept["phoneBook"].toArray().size(), 1);
-    EXPECT_EQ(kept["phoneBook"].toArray().at(0)["phoneNumber"].toString(), QStringLiteral("0912345678"));
+    EXPECT_EQ(kept["phoneBook"].toArray().at(0)["phoneNumber"].toString(), "0912345678");
 }
 
 } // namespace

@@ -101,35 +101,35 @@ TEST_F(DialogViewsTest, EnterFromAnyBoxSavesWhatWasTypedAndEscapeLeavesTheZoneAs
     Recordset& zones = vorna.g.project.rsZones;
     auto zone3 = [&](const char* field) { return Column(zones, field).at(3); };
 
-    openEditor(QStringLiteral("Zones,3"), [](QWidget* dialog) {
-        QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), QStringLiteral("Hall"));
+    openEditor("Zones,3", [](QWidget* dialog) {
+        QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), "Hall");
         auto* alarm = child<QPlainTextEdit>(dialog, "txtAlarmSMS");
-        QTest::keyClicks(alarm, QStringLiteral("Fire"));
+        QTest::keyClicks(alarm, "Fire");
         QTest::keyClick(alarm, Qt::Key_Return, Qt::ControlModifier);
-        QTest::keyClicks(alarm, QStringLiteral("out"));
+        QTest::keyClicks(alarm, "out");
         auto* reset = child<QPlainTextEdit>(dialog, "txtResetSMS");
         QTest::keyClicks(reset, QString(71, u'x'));
         auto* resetSize = child<QLabel>(dialog, "ResetSMSSize");
-        EXPECT_EQ(child<QLabel>(dialog, "AlarmSMSSize")->text(), QStringLiteral("9/70"));
-        EXPECT_EQ(resetSize->text(), QStringLiteral("71/70"));
-        EXPECT_TRUE(resetSize->styleSheet().contains(QStringLiteral("red")));
+        EXPECT_EQ(child<QLabel>(dialog, "AlarmSMSSize")->text(), "9/70");
+        EXPECT_EQ(resetSize->text(), "71/70");
+        EXPECT_TRUE(resetSize->styleSheet().contains("red"));
         QTest::keyClick(reset, Qt::Key_Backspace);
-        EXPECT_EQ(resetSize->text(), QStringLiteral("70/70"));
-        EXPECT_FALSE(resetSize->styleSheet().contains(QStringLiteral("red")));
+        EXPECT_EQ(resetSize->text(), "70/70");
+        EXPECT_FALSE(resetSize->styleSheet().contains("red"));
         QTest::keyClick(reset, Qt::Key_Return);
     });
-    EXPECT_EQ(zone3("ZoneName"), QStringLiteral("Hall"));
-    EXPECT_EQ(zone3("AlarmSMS"), QStringLiteral("Fire\r\nout"));
+    EXPECT_EQ(zone3("ZoneName"), "Hall");
+    EXPECT_EQ(zone3("AlarmSMS"), "Fire\r\nout");
     EXPECT_EQ(zone3("ResetSMS"), QString(70, u'x'));
-    EXPECT_EQ(zone3("GroupName"), QStringLiteral("UserGroup1"));
+    EXPECT_EQ(zone3("GroupName"), "UserGroup1");
     const TreeView& tree = vorna.mainForm.tvProjectContent;
-    EXPECT_EQ(tree.Nodes[tree.SelectedItem].Text, QStringLiteral("#3-Hall"));
+    EXPECT_EQ(tree.Nodes[tree.SelectedItem].Text, "#3-Hall");
 
-    openEditor(QStringLiteral("Zones,3"), [](QWidget* dialog) {
-        QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), QStringLiteral(" Annex"));
+    openEditor("Zones,3", [](QWidget* dialog) {
+        QTest::keyClicks(child<QLineEdit>(dialog, "txtZoneName"), " Annex");
         QTest::keyClick(child<QPlainTextEdit>(dialog, "txtAlarmSMS"), Qt::Key_Escape);
     });
-    EXPECT_EQ(zone3("ZoneName"), QStringLiteral("Hall"));
+    EXPECT_EQ(zone3("ZoneName"), "Hall");
 }
 
 // The key filter stands in the real box: letters, signs and Backspace never reach it, the
@@ -142,14 +142,14 @@ TEST_F(DialogViewsTest, TheSlaveIDBoxTakesOnlyDigitsAndKeepsItsRange)
     auto* box = child<QLineEdit>(view.widget(), "txtSlaveID");
     ASSERT_NE(box, nullptr);
     box->end(false);
-    QTest::keyClicks(box, QStringLiteral("2a-3 "));
-    EXPECT_EQ(form.txtSlaveID.Text, QStringLiteral("123"));
+    QTest::keyClicks(box, "2a-3 ");
+    EXPECT_EQ(form.txtSlaveID.Text, "123");
     QTest::keyClick(box, Qt::Key_Backspace);
-    EXPECT_EQ(form.txtSlaveID.Text, QStringLiteral("123"));
+    EXPECT_EQ(form.txtSlaveID.Text, "123");
     QTest::keyClick(box, Qt::Key_Left);
-    QTest::keyClicks(box, QStringLiteral("9"));
-    EXPECT_EQ(form.txtSlaveID.Text, QStringLiteral("255"));
-    EXPECT_EQ(box->text(), QStringLiteral("255"));
+    QTest::keyClicks(box, "9");
+    EXPECT_EQ(form.txtSlaveID.Text, "255");
+    EXPECT_EQ(box->text(), "255");
 }
 
 // A port typed into the combo is the combo's text, and its row is chosen in the list.
@@ -162,10 +162,10 @@ TEST_F(DialogViewsTest, APortTypedIntoTheComboChoosesItsRow)
     auto* combo = child<QComboBox>(view.widget(), "cmbCommPort");
     auto* list = child<QTreeWidget>(view.widget(), "lvPorts");
     ASSERT_TRUE(combo && combo->lineEdit() && list);
-    EXPECT_EQ(combo->currentText(), QStringLiteral("COM1"));
+    EXPECT_EQ(combo->currentText(), "COM1");
     combo->lineEdit()->selectAll();
-    QTest::keyClicks(combo->lineEdit(), QStringLiteral("COM12"));
-    EXPECT_EQ(form.cmbCommPort.Text, QStringLiteral("COM12"));
+    QTest::keyClicks(combo->lineEdit(), "COM12");
+    EXPECT_EQ(form.cmbCommPort.Text, "COM12");
     EXPECT_EQ(form.cmbCommPort.ListIndex, 11);
     EXPECT_EQ(form.lvPorts.SelectedItem, 11);
     EXPECT_EQ(list->currentItem(), list->topLevelItem(11));

@@ -83,13 +83,13 @@ class VornaWindowTest : public ::testing::Test
 {
 protected:
     VornaWindowTest()
-        : platform(QDir(folder.root()).filePath(QStringLiteral("settings.ini")))
+        : platform(QDir(folder.root()).filePath("settings.ini"))
         , vorna(platform)
     {
         guiApp();
         vorna.Main({folder.appPath(), false});
     }
-    ~VornaWindowTest() override { InstallToolkitTranslation(QStringLiteral("English")); }
+    ~VornaWindowTest() override { InstallToolkitTranslation("English"); }
 
     // Opens the menu, which sets its entries up, and chooses the entry, which must be enabled.
     void chooseMenu(const char* menu, const char* entry)
@@ -102,8 +102,8 @@ protected:
     // Opens a copy of the shipped template as the project Site.cmb.
     void openTemplateProject()
     {
-        const QString cmb = QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"));
-        ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), cmb));
+        const QString cmb = QDir(folder.projectDir()).filePath("Site.cmb");
+        ASSERT_TRUE(QFile::copy(folder.path("RM64.mdb"), cmb));
         ASSERT_TRUE(OpenProject(vorna.g, cmb));
     }
     // Opens the editor of the tree node with the tag, as a double click does, the user at the

@@ -40,7 +40,6 @@ using SessionTest = VornaWindowTest;
 TEST_F(SessionTest, ANewProjectEditedInTheWindowComesBackWholeFromTheRecentList)
 {
     MainWindowView* window = vorna.mainView();
-    const auto choose = [&](const char* menu, const char* entry) { chooseMenu(menu, entry); };
 
     // The file dialog belongs to the window, shows each filter's caption once and proposes a
     // name that is free.
@@ -56,46 +55,41 @@ TEST_F(SessionTest, ANewProjectEditedInTheWindowComesBackWholeFromTheRecentList)
         retype(name, "Site.cmb");
         QTest::keyClick(name, Qt::Key_Return);
     });
-    choose("mnuFile", "mnuFileNew");
-    ASSERT_EQ(vorna.g.project.ProjectName, QStringLiteral("Site"));
+    chooseMenu("mnuFile", "mnuFileNew");
+    ASSERT_EQ(vorna.g.project.ProjectName, "Site");
 
     atNextModal([](QWidget* input) {
         atNextModal([](QWidget* editor) {
-            QTest::keyClicks(child<QPlainTextEdit>(editor, "txtGroupDsc"), QStringLiteral("Brigade"));
+            QTest::keyClicks(child<QPlainTextEdit>(editor, "txtGroupDsc"), "Brigade");
             child<QPushButton>(editor, "cmdOK")->click();
         });
         auto* name = child<QLineEdit>(input, "txtKeyInString");
-        retype(name, QStringLiteral("Fire"));
+        retype(name, "Fire");
         QTest::keyClick(name, Qt::Key_Return);
     });
-    choose("mnuProj", "mnuProjAddGroupList");
+    chooseMenu("mnuProj", "mnuProjAddGroupList");
 
     atNextModal([](QWidget* add) {
         atNextModal([](QWidget* editor) {
-            QTest::keyClicks(child<QLineEdit>(editor, "txtTelNo"), QStringLiteral("0911222333"));
+            QTest::keyClicks(child<QLineEdit>(editor, "txtTelNo"), "0911222333");
             child<QPushButton>(editor, "cmdOK")->click();
         });
         auto* name = child<QLineEdit>(add, "txtAddUserName");
-        retype(name, QStringLiteral("Ann"));
+        retype(name, "Ann");
         QTest::keyClick(name, Qt::Key_Return);
     });
-    choose("mnuProj", "mnuProjAddTelList");
+    chooseMenu("mnuProj", "mnuProjAddTelList");
 
-    const auto& nodes = vorna.mainForm.tvProjectContent.Nodes;
-    int zone = -1;
-    for (int i = 0; i < static_cast<int>(nodes.size()); ++i)
-        if (nodes[i].Tag == QLatin1String("Zones,3"))
-            zone = i;
-    ASSERT_GE(zone, 0);
-    child<QTreeView>(window, "tvProjectContent")->setCurrentIndex(window->treeModel()->indexOfNode(zone));
+    child<QTreeView>(window, "tvProjectContent")
+        ->setCurrentIndex(window->treeModel()->indexOfNode(FindNodeByTag(vorna.mainForm, "Zones,3")));
     atNextModal([](QWidget* editor) {
-        retype(child<QLineEdit>(editor, "txtZoneName"), QStringLiteral("Hall"));
-        QTest::keyClicks(child<QPlainTextEdit>(editor, "txtAlarmSMS"), QStringLiteral("Fire in the hall"));
+        retype(child<QLineEdit>(editor, "txtZoneName"), "Hall");
+        QTest::keyClicks(child<QPlainTextEdit>(editor, "txtAlarmSMS"), "Fire in the hall");
         child<QPushButton>(editor, "cmdOK")->click();
     });
-    choose("mnuProj", "mnuProjEditZoneList");
+    chooseMenu("mnuProj", "mnuProjEditZoneList");
 
-    choose("mnuFile", "mnuFileSave");
+    chooseMenu("mnuFile", "mnuFileSave");
     // The tree as the user sees it: each node under its parent, siblings in their order. Nodes
     // added while editing come last in the collection, those of a rebuilt tree in table order.
     const auto shown = [&] {
@@ -111,7 +105,7 @@ TEST_F(SessionTest, ANewProjectEditedInTheWindowComesBackWholeFromTheRecentList)
     EXPECT_EQ(CloseProject(vorna.g), 0) << "saved: nothing to ask";
     EXPECT_TRUE(vorna.mainForm.tvProjectContent.Nodes.empty());
 
-    choose("mnuFile", "mnuFileMRU(1)");
+    chooseMenu("mnuFile", "mnuFileMRU(1)");
     EXPECT_EQ(shown(), before);
     ProjectState& p = vorna.g.project;
     EXPECT_EQ(Column(p.rsUsers, "PhoneNumber"), QStringList {"0911222333"});
