@@ -18,12 +18,7 @@ void pressEnter(QWidget* window)
     QTest::keyClick(window, Qt::Key_Return);
 }
 
-// The window at the virtual dialler, as a user has it: the Device menu opened, an entry chosen.
-class DeviceSessionTest : public VornaWindowTest
-{
-protected:
-    QString connectStatus() const { return child<QLabel>(vorna.mainView(), "ConnectStatus")->text(); }
-};
+using DeviceSessionTest = VornaWindowTest;
 
 // Connect on COM1, taken from the port dialog by Enter in its combo box, then a download of a
 // small project that the dialler keeps, every box answered from the keyboard.
@@ -33,6 +28,7 @@ TEST_F(DeviceSessionTest, ConnectsAndDownloadsAProject)
     DevsimProcess devsim({"--baud", "0", "--dump", dump});
     ASSERT_FALSE(devsim.path().isEmpty());
     vorna.g.link.RunPortPaths[1] = devsim.path();
+    const auto connectStatus = [this] { return child<QLabel>(vorna.mainView(), "ConnectStatus")->text(); };
     openTemplateProject();
     AddUserRow(vorna.g.project, "Ann", "UserGroup1", "0912345678");
 
