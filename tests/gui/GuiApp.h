@@ -64,6 +64,8 @@ inline void atModals(std::vector<std::function<void(QWidget*)>> actions)
         if (!modal || !modal->isVisible() || modal == play->handled)
             return;
         play->handled = modal;
+        // Stopped before the last action runs: a window that it opens belongs to the player
+        // that the action itself starts.
         if (play->next + 1 == play->actions.size()) {
             poll->stop();
             poll->deleteLater();
