@@ -77,7 +77,8 @@ TEST_F(CommSettingTest, ADiallerThatDoesNotAnswerGoesOfflineWithoutTheDialog)
 // OK writes nothing unless the user changed something and agreed: with nothing changed it
 // closes at once, an "UnKnown" baud rate (a baud id without a row) is refused with a box that
 // closes the dialog too, and Cancel at the question keeps the dialog open with the change.
-TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
+// A write that the dialler takes says so and brings the link online.
+TEST_F(CommSettingTest, OKWritesOnlyAChangeTheUserConfirms)
 {
     struct Case
     {
@@ -95,6 +96,7 @@ TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
         {"unknown baud rate", 0x09, "UnKnown", "2",
             "通訊速率錯誤!\r\n通訊速率不得為 Unknown。\r\n請重新指定通訊速率!", MsgBox::OK, false},
         {"cancel at the question", 0x03, "9600", "2", nullptr, MsgBox::Cancel, true},
+        {"changed and confirmed", 0x03, "9600", "2", nullptr, MsgBox::OK, false},
     };
     for (const Case& c : cases) {
         answerLoad(1, c.settingByte);
@@ -107,6 +109,7 @@ TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
         EXPECT_EQ(form.cmbPortBaud.Text, QString::fromLatin1(c.shownBaud)) << c.name;
         EXPECT_EQ(form.cmbParityBit.Text, QStringLiteral("NONE"));
         const size_t written = platform.serial.written.size();
+        const bool writes = !c.box && c.answer == MsgBox::OK;
         platform.expectModal(form, [&](frmCommSetting& f) {
             if (c.typedSlaveID) {
                 f.txtSlaveID.Text = QString::fromLatin1(c.typedSlaveID);
@@ -116,6 +119,10 @@ TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
                 platform.expectBox(MsgBox::Critical, QString::fromUtf8(c.box), SettingTitle);
             else if (c.typedSlaveID)
                 platform.expectBox(MsgBox::OKCancel + MsgBox::Question, question, SettingTitle, c.answer);
+            if (writes) {
+                platform.serial.answer(WithCrc("F71000800002"));
+                platform.expectBox(MsgBox::OKOnly, QStringLiteral("設定報警機通訊參數成功!"), SettingTitle);
+            }
             f.CmdOK_Click();
             EXPECT_EQ(f.Visible, c.staysOpen) << c.name;
             if (f.Visible) {
@@ -124,8 +131,11 @@ TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
             }
         });
         platform.showModal(form);
-        EXPECT_EQ(platform.serial.written.size(), written) << c.name;
+        EXPECT_EQ(platform.serial.written.size(), written + (writes ? 1 : 0)) << c.name;
+        EXPECT_EQ(g.link.IsDeviceConnected, writes) << c.name;
     }
+    EXPECT_EQ(Hex(platform.serial.written.back().left(11)),
+        Hex(QByteArray::fromHex("F7100080000204000200") + '\x03'));
 }
 
 TEST_F(DeviceTest, ThePortListShowsEachNumbersDeviceAndThePortsNoNumberReaches)
