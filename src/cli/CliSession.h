@@ -33,4 +33,4 @@ struct Session
 };
 
 // Prints the message and the usage text on stderr; gives the usage error's exit status.
-int UsageError(const QString& message);
+int UsageError(const VORNAGlobal& g, const QString& message);

@@ -15,60 +15,76 @@
 #include <QThread>
 
 #include "FormModel.h"
+#include "MLUtil.h"
 #include "QtSerialLine.h"
+#include "VORNAGlobal.h"
 
 namespace {
 
+// A box's word: the English one, always understood when typed, and the one in the source
+// language under its key, shown once a language is known.
+struct Word
+{
+    int key; // the answer, or the icon
+    const char* english;
+    TextKey shown;
+};
+
+const ModuleText T {"VORNACli"};
+
+const std::array<Word, 7> ButtonWords {{
+    {MsgBox::OK, "OK", T.key("確定(O)", 1, 21)},
+    {MsgBox::Cancel, "Cancel", T.key("取消(C)", 2, 21)},
+    {MsgBox::Abort, "Abort", T.key("中止(A)", 3, 21)},
+    {MsgBox::Retry, "Retry", T.key("重試(R)", 4, 21)},
+    {MsgBox::Ignore, "Ignore", T.key("略過(I)", 5, 21)},
+    {MsgBox::Yes, "Yes", T.key("是(Y)", 6, 21)},
+    {MsgBox::No, "No", T.key("否(N)", 7, 21)},
+}};
+
+const std::array<Word, 4> IconWords {{
+    {MsgBox::Critical, "error: ", T.key("錯誤: ", 1, 20)},
+    {MsgBox::Exclamation, "warning: ", T.key("警告: ", 2, 20)},
+    {MsgBox::Question, "question: ", T.key("問題: ", 3, 20)},
+    {MsgBox::Information, "info: ", T.key("訊息: ", 4, 20)},
+}};
+
+// Said after the answer that a closed input stands for.
+const TextKey NoInput = T.key(" (無輸入)", 1, 22);
+
 struct Button
 {
-    QString word;
+    QString english;
+    QString shown;
     int answer;
 };
 
-// The word a box's button is answered with.
-QString ButtonWord(int answer)
+QString Shown(const MLUtil* language, const Word& word)
 {
-    switch (answer) {
-    case MsgBox::OK:
-        return QStringLiteral("OK");
-    case MsgBox::Abort:
-        return QStringLiteral("Abort");
-    case MsgBox::Retry:
-        return QStringLiteral("Retry");
-    case MsgBox::Ignore:
-        return QStringLiteral("Ignore");
-    case MsgBox::Yes:
-        return QStringLiteral("Yes");
-    case MsgBox::No:
-        return QStringLiteral("No");
-    default:
-        return QStringLiteral("Cancel");
-    }
+    return language ? language->GetText(word.shown) : QString::fromLatin1(word.english);
 }
 
 // The box's buttons, in the order it shows them.
-std::vector<Button> ButtonsOf(int flags)
+std::vector<Button> ButtonsOf(const MLUtil* language, int flags)
 {
     std::vector<Button> buttons;
-    for (int answer : MsgBox::Buttons(flags))
-        buttons.push_back({ButtonWord(answer), answer});
+    for (int answer : MsgBox::Buttons(flags)) {
+        // A button without a word of its own is a Cancel, as a box closed without a choice.
+        const Word* word = &ButtonWords[1];
+        for (const Word& w : ButtonWords)
+            if (w.key == answer)
+                word = &w;
+        buttons.push_back({QString::fromLatin1(word->english), Shown(language, *word), answer});
+    }
     return buttons;
 }
 
-QString IconWord(int flags)
+QString IconWord(const MLUtil* language, int flags)
 {
-    switch (flags & MsgBox::IconMask) {
-    case MsgBox::Critical:
-        return QStringLiteral("error: ");
-    case MsgBox::Exclamation:
-        return QStringLiteral("warning: ");
-    case MsgBox::Question:
-        return QStringLiteral("question: ");
-    case MsgBox::Information:
-        return QStringLiteral("info: ");
-    default:
-        return QString();
-    }
+    for (const Word& word : IconWords)
+        if (word.key == (flags & MsgBox::IconMask))
+            return Shown(language, word);
+    return QString();
 }
 
 const Button* FindButton(const std::vector<Button>& buttons, int answer)
@@ -99,16 +115,21 @@ const Button& UnansweredButton(const std::vector<Button>& buttons)
     return buttons.back();
 }
 
-// A typed answer: the button's word or its first letter, in any case.
+// A typed answer: the button's English word or its first letter, or the word shown, with or
+// without its letter in brackets, in any case.
 const Button* ParseAnswer(const std::vector<Button>& buttons, const QString& typed)
 {
     const QString word = typed.trimmed();
     if (word.isEmpty())
         return nullptr;
-    for (const Button& button : buttons)
-        if (button.word.compare(word, Qt::CaseInsensitive) == 0
-            || (word.size() == 1 && button.word.at(0).toLower() == word.at(0).toLower()))
+    for (const Button& button : buttons) {
+        const QString shown = button.shown.section(u'(', 0, 0);
+        for (const QString& known : {button.english, button.shown, shown})
+            if (known.compare(word, Qt::CaseInsensitive) == 0)
+                return &button;
+        if (word.size() == 1 && button.english.at(0).toLower() == word.at(0).toLower())
             return &button;
+    }
     return nullptr;
 }
 
@@ -139,20 +160,20 @@ int ConsolePlatform::msgBox(const QString& text, int flags, const QString& title
 
 int ConsolePlatform::answer(const QString& text, int flags, const QString& title)
 {
-    PrintError(IconWord(flags) + QLatin1Char('[') + title + QStringLiteral("] ") + text);
+    PrintError(IconWord(language, flags) + QLatin1Char('[') + title + QStringLiteral("] ") + text);
 
-    const std::vector<Button> buttons = ButtonsOf(flags);
+    const std::vector<Button> buttons = ButtonsOf(language, flags);
     if (buttons.size() == 1)
         return buttons.front().answer;
 
     QStringList words;
     for (const Button& button : buttons)
-        words << button.word;
+        words << button.shown;
     const QString question = words.join(QLatin1Char('/')) + QStringLiteral("? ");
 
     if (m_preset != Preset::Ask) {
         const Button& button = PresetButton(buttons, m_preset == Preset::Yes);
-        PrintError(question + button.word);
+        PrintError(question + button.shown);
         return button.answer;
     }
     // A terminal echoes what is typed; from a pipe the answer is echoed here, so that the
@@ -165,7 +186,8 @@ int ConsolePlatform::answer(const QString& text, int flags, const QString& title
             m_stdinClosed = !std::getline(std::cin, line);
         if (m_stdinClosed) {
             const Button& button = UnansweredButton(buttons);
-            PrintError(button.word + QStringLiteral(" (no input)"));
+            PrintError(
+                button.shown + (language ? language->GetText(NoInput) : QStringLiteral(" (no input)")));
             return button.answer;
         }
         const QString typed = QString::fromStdString(line);

@@ -5,6 +5,7 @@
 
 #include "Platform.h"
 
+class MLUtil;
 // The platform port for a terminal: boxes are printed to stderr, questions are answered
 // from the command line (--yes, --no) or read from stdin, and the file dialogs return the
 // path that the command was given.
@@ -25,6 +26,9 @@ public:
     int noAnswers = 0;
     // Boxes with the critical icon so far: each tells of a failure.
     int criticalBoxes = 0;
+    // The language of the box words and answers, once the program has loaded one; before,
+    // they are English, as the boxes of the start are.
+    const MLUtil* language = nullptr;
     // Run before a box is printed, when set.
     std::function<void()> beforeBox;
     // Nobody is there to press a modal form's buttons: this plays them, when set; otherwise

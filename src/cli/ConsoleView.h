@@ -9,8 +9,10 @@
 class ConsoleView : public NullProjectView
 {
 public:
-    explicit ConsoleView(bool verbose)
+    // statusCaption names the status panel as the window's status bar does.
+    ConsoleView(bool verbose, const QString& statusCaption)
         : m_verbose(verbose)
+        , m_statusCaption(statusCaption)
     { }
 
     void setStatusText(const QString& panelKey, const QString& text) override;
@@ -22,5 +24,6 @@ public:
 private:
     static constexpr int PauseMs = 30;
     bool m_verbose;
+    QString m_statusCaption;
     QDeadlineTimer m_pauseEnds {0};
 };

@@ -111,9 +111,9 @@ int RunSettings(Session& s)
     // The baud rates are the model's, known once the dialler has told its model.
     const QStringList bauds = Choices(form.cmbPortBaud);
     if (d.baud && !bauds.contains(*d.baud))
-        return UsageError(QStringLiteral("--baud ") + *d.baud
-            + QStringLiteral(": the dialler's model offers ")
-            + (bauds.isEmpty() ? QStringLiteral("none") : bauds.join(QStringLiteral(", "))));
+        return UsageError(g,
+            QStringLiteral("--baud ") + *d.baud + T(g, ": 報警機的機型只提供 ", 1, 42)
+                + (bauds.isEmpty() ? T(g, "無", 2, 42) : bauds.join(QStringLiteral(", "))));
     if (d.slave)
         form.txtSlaveID.Text = QString::number(*d.slave);
     if (d.baud)

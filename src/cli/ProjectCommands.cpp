@@ -64,7 +64,7 @@ int RunInfo(Session& s)
     line(T.key("機型", 1, 3), NullToEmpty(p.rsBasic.Fields(QStringLiteral("DeviceModelName"))));
     line(T.key("電話號碼上限", 1, 4), QString::number(p.MaxTelNo));
     line(T.key("記憶體位元組", 1, 5), QString::number(p.MaxMemoryByte));
-    line(T.key("群組", 1, 6), QString::number(GetRecordCount(p.rsUserGroups)));
+    line(T.key("連絡人群組", 1, 6), QString::number(GetRecordCount(p.rsUserGroups)));
     line(T.key("連絡人", 1, 7), QString::number(GetRecordCount(p.rsUsers)));
     line(T.key("警報點", 1, 8), QString::number(GetRecordCount(p.rsZones)));
     line(T.key("建立日期", 1, 9), NullToEmpty(p.rsBasic.Fields(QStringLiteral("CreatedDate"))));

@@ -103,16 +103,6 @@ struct LinkState
     LinkTrace* Trace = nullptr;
 };
 
-// A key of the message table with its default text, for a text kept in a table or handed
-// to a helper that serves several keys; g.GetText(key) looks it up.
-struct TextKey
-{
-    const char* module;
-    int id;
-    int seq;
-    const char* text;
-};
-
 // The shared state: one instance, owned by the entry point. Its members are grouped by
 // owner, so that a module can take only the part it works on.
 class VORNAGlobal
@@ -149,10 +139,7 @@ public:
     {
         return ml.GetText(DefaultText, Seq, ID, ModuleName);
     }
-    QString GetText(const TextKey& key) const
-    {
-        return GetText(QString::fromUtf8(key.text), key.seq, key.id, QString::fromLatin1(key.module));
-    }
+    QString GetText(const TextKey& key) const { return ml.GetText(key); }
 
 private:
     ProjectView* m_view = nullptr;

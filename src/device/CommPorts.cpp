@@ -42,22 +42,24 @@ bool SetCommPort(LinkState& link, const QString& text)
     return false;
 }
 
-QString OpenFailureAdvice(SerialLine::OpenFailure failure, const QString& path)
+QString OpenFailureAdvice(const VORNAGlobal& g, SerialLine::OpenFailure failure, const QString& path)
 {
+    const ModuleText T {"VORNADevice"};
     switch (failure) {
     case SerialLine::OpenFailure::NotFound:
-        return QStringLiteral("There is no ") + path
-            + QStringLiteral(": plug in the serial adapter, or choose another port "
-                             "(the [Ports] section of VORNA.set maps port numbers to devices).");
+        return T(g, "找不到 ", 1, 53) + path
+            + T(g, "：請接上序列埠轉接器，或選擇其他通訊埠 (VORNA.set 的 [Ports] 段將通訊埠編號對應到裝置)。",
+                2, 53);
     case SerialLine::OpenFailure::PermissionDenied:
-        return QStringLiteral("No permission to open ") + path
-            + QStringLiteral(": add your user to the dialout group (sudo usermod -aG dialout $USER), "
-                             "then log out and in again.");
+        return T(g, "沒有開啟 ", 1, 54) + path
+            + T(g,
+                " 的權限：請將您的帳號加入 dialout 群組 (sudo usermod -aG dialout $USER)，然後登出再登入。",
+                2, 54);
     case SerialLine::OpenFailure::Busy:
         return path
-            + QStringLiteral(" is held by another program. A modem manager that probes new serial "
-                             "ports is the usual one: stop it, or tell it to leave this port alone.");
+            + T(g, " 正被其他程式占用。通常是會探測新序列埠的數據機管理程式：請停止它，或設定它不碰這個埠。",
+                1, 55);
     default:
-        return path + QStringLiteral(" could not be opened.");
+        return path + T(g, " 無法開啟。", 1, 56);
     }
 }

@@ -5,6 +5,7 @@
 #include "SerialLine.h"
 
 struct LinkState;
+class VORNAGlobal;
 
 // Port numbers and the devices they stand for. Unless this run's mapping or the profile's
 // [Ports] section maps a port, COM1 to COM8 are /dev/ttyUSB0 to /dev/ttyUSB7 (USB adapters, the usual line to
@@ -19,4 +20,4 @@ QString CommDevicePath(const LinkState& link);
 bool SetCommPort(LinkState& link, const QString& text);
 
 // One line on what to do about a port that would not open.
-QString OpenFailureAdvice(SerialLine::OpenFailure failure, const QString& path);
+QString OpenFailureAdvice(const VORNAGlobal& g, SerialLine::OpenFailure failure, const QString& path);

@@ -85,7 +85,7 @@ bool OpenComm(VORNAGlobal& g, CommControl& comm)
     if (comm.setPortOpen(true))
         return true;
     g.platform.msgBox(QStringLiteral("Unable to connect to Device.") + CRLF + CheckSettingsLine + CRLF
-            + OpenFailureAdvice(comm.OpenFailure, comm.DevicePath),
+            + OpenFailureAdvice(g, comm.OpenFailure, comm.DevicePath),
         MsgBox::Critical, CommErrorTitle);
     if (g.link.CommDebugLevel > 0)
         g.platform.msgBox(QStringLiteral("RS-232 CommPort is failure.") + CRLF

@@ -18,8 +18,11 @@
 void fitColumns(QTreeView* view, const std::vector<ColumnHeader>& columns)
 {
     QHeaderView* header = view->header();
-    for (int i = 0; i < static_cast<int>(columns.size()); ++i)
-        header->resizeSection(i, std::max(Twips::toPixels(columns[i].Width), header->sectionSizeHint(i)));
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+        const int design = Twips::toPixels(columns[i].Width);
+        const int content = std::min(static_cast<QAbstractItemView*>(view)->sizeHintForColumn(i), 2 * design);
+        header->resizeSection(i, std::max({design, header->sectionSizeHint(i), content}));
+    }
 }
 
 QVariant foregroundOf(quint32 ForeColor)

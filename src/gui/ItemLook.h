@@ -13,8 +13,9 @@ struct ColumnHeader;
 // follow a dark palette; any other value is the RGB colour it names.
 QVariant foregroundOf(quint32 ForeColor);
 
-// Sizes a list's columns to their drawn widths, each widened as far as its header's text needs:
-// a translated header is often longer than the one the column was drawn for.
+// Sizes a list's columns to their drawn widths, each widened as far as its header's text needs
+// and for its widest cell up to twice its drawn width: a translated header or label is often
+// longer than the one the column was drawn for, while a long message still ends cut.
 void fitColumns(QTreeView* view, const std::vector<ColumnHeader>& columns);
 
 // Paints items as the view's default does; a text that its column cuts shows whole in the

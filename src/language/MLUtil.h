@@ -40,6 +40,16 @@ struct FormEntry
     bool operator==(const FormEntry&) const = default;
 };
 
+// A key of the message table with its default text, for a text kept in a table or handed
+// to a helper that serves several keys; GetText(key) looks it up.
+struct TextKey
+{
+    const char* module;
+    int id;
+    int seq;
+    const char* text;
+};
+
 // The language a system locale maps to under the AUTO rule: Traditional Chinese locales
 // (zh_TW, zh_HK) give "ChineseBig5", Simplified Chinese ones (zh_CN, zh_SG) "ChineseGB",
 // anything else "English".
@@ -94,6 +104,10 @@ public:
     int LoadFormTable();
 
     QString GetText(const QString& DefaultText, int Seq, int ID, const QString& ModuleName) const;
+    QString GetText(const TextKey& key) const
+    {
+        return GetText(QString::fromUtf8(key.text), key.seq, key.id, QString::fromLatin1(key.module));
+    }
     QString GetFormText(
         const QString& FormName, const QString& Objectpath, const QString& PropertyName) const override;
     QString FindText(const QString& ModuleName, int ID, int Seq) const;

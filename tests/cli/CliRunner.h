@@ -1,8 +1,6 @@
 #pragma once
 
-#include <functional>
 #include <memory>
-#include <optional>
 
 #include <QFile>
 #include <QProcess>
@@ -20,17 +18,6 @@
 // In every text below, "{ROOT}" stands for the installation's root, which is also the
 // children's working directory: the paths on their command lines are relative to it.
 inline const QString Root = QStringLiteral("{ROOT}");
-
-// One run of the program and what it must give.
-struct CliRun
-{
-    QStringList args; // after "--dir" and the program folder
-    int status = 0;
-    QStringList outHas = {};
-    QStringList errHas = {};
-    std::optional<QString> outIs = {};
-    const char* input = nullptr; // stdin; nothing means it is closed at once
-};
 
 struct Result
 {
@@ -104,18 +91,18 @@ inline Result RunCli(const QString& root, const char* locale, const QStringList&
     return process ? FinishCli(*process) : Result {};
 }
 
-// The run's status and output against what it must give, its texts with their placeholders
-// replaced by expand.
-inline void ExpectRun(const CliRun& run, const Result& result, const std::function<QString(QString)>& expand)
+// A run as a transcript shows it: the command line, stdout, each line of stderr after "2> ",
+// and the exit status. A usage error's stderr ends with the usage, given here to be shown as
+// "[usage]" when it is exactly that.
+inline QString Transcript(const QString& line, const Result& result, const QString& usage = QString())
 {
-    const std::string output
-        = "stdout:\n" + result.out.toStdString() + "stderr:\n" + result.err.toStdString();
-    EXPECT_EQ(result.status, run.status) << output;
-    for (const auto& [stream, texts] : {std::pair {&result.out, &run.outHas}, {&result.err, &run.errHas}})
-        for (const QString& text : *texts)
-            EXPECT_TRUE(stream->contains(expand(text))) << "missing " << expand(text).toStdString() << "\n"
-                                                        << output;
-    if (run.outIs) {
-        EXPECT_EQ(result.out.toStdString(), expand(*run.outIs).toStdString());
-    }
+    QString err = result.err;
+    if (result.status == 2 && !usage.isEmpty() && err.endsWith(usage))
+        err = err.chopped(usage.size()) + QStringLiteral("[usage]\n");
+    QString text = QStringLiteral("$ vorna-cli ") + line + u'\n' + result.out;
+    for (const QString& errLine : err.split(u'\n', Qt::SkipEmptyParts))
+        text += QStringLiteral("2> ") + errLine + u'\n';
+    return text
+        + QStringLiteral("[exit %1]\n")
+              .arg(result.finished ? QString::number(result.status) : QStringLiteral("timed out"));
 }

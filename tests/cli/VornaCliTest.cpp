@@ -1,50 +1,29 @@
 #include <functional>
-#include <memory>
-#include <optional>
 #include <vector>
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QSqlDatabase>
-#include <QSqlQuery>
+#include <QRegularExpression>
 #include <QStandardPaths>
 #include <QStringList>
 
 #include <gtest/gtest.h>
 
 #include "CliRunner.h"
+#include "Golden.h"
 #include "TestFolder.h"
 
 namespace {
 
-struct Scenario
+// A project with 128 contacts, then one page of its contacts zeroed as a disk fault leaves
+// it: the file still opens, and the damage shows only when the rows are read (the transcript
+// shows the read failing).
+void MakeDamagedProject(const QString& templatePath, const QString& path)
 {
-    const char* name;
-    const char* locale; // LANG and LC_ALL of every run
-    std::function<void(const TestFolder&)> prepare;
-    std::vector<CliRun> runs;
-    QStringList present; // files under the root after the last run
-    QStringList absent;
-};
-
-// Project/A.cmb made from the template and changed by the given statements.
-std::function<void(const TestFolder&)> ProjectA(QStringList statements)
-{
-    return [statements](const TestFolder& folder) {
-        MakeProject(folder.path(QStringLiteral("RM64.mdb")),
-            QDir(folder.root()).filePath(QStringLiteral("Project/A.cmb")), statements);
-    };
-}
-
-// Project/A.cmb with 128 contacts, then one page of its contacts zeroed as a disk fault
-// leaves it: the file still opens, and the damage shows only when the rows are read.
-void DamagedProjectA(const TestFolder& folder)
-{
-    ProjectA({QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 128) "
-                             "INSERT INTO Users SELECT 'User' || i, '0912' || (100000 + i), "
-                             "hex(zeroblob(40)), 'UserGroup1', 0 FROM n")})(folder);
-    const QString path = QDir(folder.root()).filePath(QStringLiteral("Project/A.cmb"));
+    MakeProject(templatePath, path,
+        {QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 128) "
+                        "INSERT INTO Users SELECT 'User' || i, '0912' || (100000 + i), "
+                        "hex(zeroblob(40)), 'UserGroup1', 0 FROM n")});
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     // The page size stands big-endian at offset 16 of the header. The contacts were written
@@ -55,245 +34,165 @@ void DamagedProjectA(const TestFolder& folder)
     ASSERT_TRUE(file.seek(file.size() - 3 * pageSize));
     file.write(QByteArray(pageSize, '\0'));
     file.close();
-    {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("check"));
-        db.setDatabaseName(path);
-        ASSERT_TRUE(db.open());
-        QSqlQuery query(QStringLiteral("PRAGMA integrity_check"), db);
-        ASSERT_TRUE(query.next());
-        EXPECT_NE(query.value(0).toString(), QStringLiteral("ok"));
-    }
-    QSqlDatabase::removeDatabase(QStringLiteral("check"));
 }
 
-// A usage error, with the reason it must name.
-CliRun Usage(QStringList args, const char* reason = "")
+// The projects that the transcript starts with, under Project/, each made from the template
+// by its statements.
+void MakeProjects(const TestFolder& folder)
 {
-    return {std::move(args), 2, {}, {QStringLiteral("usage: vorna-cli"), QString::fromUtf8(reason)}};
-}
-
-std::vector<Scenario> Scenarios()
-{
-    const QString a = QStringLiteral("Project/A.cmb");
-    const QString b = QStringLiteral("Project/B.cmb");
-    const QString aAbs = Root + QStringLiteral("/Project/A.cmb");
-    const QString bAbs = Root + QStringLiteral("/Project/B.cmb");
-    // The words of a command line, split at each space: "info " ends in an empty argument.
-    auto cmd = [](const char* line) { return QString::fromUtf8(line).split(u' '); };
-    const CliRun newA {cmd("new Project/A.cmb")};
-    const CliRun newB {cmd("new Project/B.cmb")};
-    const QString annInGroup1
-        = QStringLiteral("INSERT INTO Users VALUES ('Ann', '0912345678', '', 'UserGroup1', 0)");
-    // Every zone's alarm text of 70 Unicode characters and reset text of 30: 13326 bytes with Ann,
-    // between the memories of the two models.
+    const QString ann = QStringLiteral("INSERT INTO Users VALUES ('Ann', '0912345678', '', 'UserGroup1', 0)");
+    // Every zone's alarm text of 70 Unicode characters and reset text of 30: 13326 bytes with
+    // Ann, between the memories of the two models.
     const QString longTexts = QStringLiteral("UPDATE Zones SET AlarmSMS = replace(hex(zeroblob(70)), '00', "
                                              "'A'), ResetSMS = replace(hex(zeroblob(30)), '00', 'R')");
-
-    return {
-        {"new_then_info_shows_the_template", TraditionalChinese, {},
-            {newA,
-                {cmd("--verbose info Project/A.cmb"), 0,
-                    {QStringLiteral("專案: A\n"), QStringLiteral("檔案: ") + aAbs + QStringLiteral("\n"),
-                        QStringLiteral("機型: RM64MT\n"), QStringLiteral("警報點: 64\n"),
-                        // New writes its date into the working copy only, and nothing commits it.
-                        QStringLiteral("建立日期: \n修改日期: \n")}}},
-            {a}, {QStringLiteral("Project/A.mir")}},
-
-        {"missing_file_in_english", English, {},
-            {{cmd("info Project/None.cmb"), 1, {},
-                {QStringLiteral("error: [Project Open Failed] The project file path [") + Root
-                    + QStringLiteral("/Project/None.cmb] does not exist.")}}},
-            {}, {}},
-
-        {"cmb_that_is_no_database_is_unhandled", English,
-            [](const TestFolder& folder) {
-                WriteAll(QDir(folder.root()).filePath(QStringLiteral("Project/Bad.cmb")), "not a database\n");
-            },
-            {{cmd("info Project/Bad.cmb"), 3, {}, {QStringLiteral("\nvorna-cli: ")}}}, {}, {}},
-
-        {"new_without_cmb_extension_is_unhandled", English, {},
-            {{cmd("new Project/D.txt"), 3, {},
-                {QStringLiteral("This project cannot be opened!"), QStringLiteral("\nvorna-cli: ")}}},
-            {QStringLiteral("Project/D.txt")}, {}},
-
-        {"image_prints_the_size_every_frame_and_the_debug_files", English,
-            ProjectA({annInGroup1,
+    const std::vector<std::pair<const char*, QStringList>> projects = {
+        {"Frames",
+            {ann,
                 QStringLiteral("UPDATE Zones SET GroupName = 'ALL', AlarmSMS = 'AB', ResetSMS = '火' "
-                               "WHERE ZoneNo = 3")}),
-            {{cmd("image Project/A.cmb"), 0, {}, {},
-                 QStringLiteral("28\n"
-                                "F7 50 40 FF 43 C1\n"
-                                "F7 50 50 FF 4E 01\n"
-                                "F7 50 43 01 0E 00 01 0A 01 30 39 31 32 33 34 35 36 37 38 C0 13\n"
-                                "F7 50 53 04 08 41 00 04 00 00 41 00 42 B4 90\n"
-                                "F7 50 53 44 06 41 00 02 00 70 6B FD 64\n"
-                                "PhoneBook.dbg: F7 50 43 01 0E 00 01 0A 01 30 39 31 32 33 34 35 36 37 38\n"
-                                "SHORTMSG.dbg: F7 50 53 04 08 41 00 04 00 00 41 00 42 "
-                                "F7 50 53 44 06 41 00 02 00 70 6B\n")},
-                // Only read: the recent list stays empty, and no working copy or file is left.
-                {cmd("recent"), 0, {}, {}, QString()}},
-            {}, {QStringLiteral("Project/A.mir"), QStringLiteral("VORNA/PhoneBook.dbg")}},
-
-        {"image_refuses_a_project_too_large_for_its_model", English,
-            ProjectA({annInGroup1, longTexts, QStringLiteral("UPDATE Basic SET DeviceModelName = 'RM64T'")}),
-            {{cmd("image Project/A.cmb"), 1, {},
-                {QStringLiteral(
-                    "error: [Download Project] Project download failed!\r\nThe project to download "
-                    "[13326 Byte] is too large; please reduce its content. The memory holds "
-                    "12288Byte.\n")},
-                QString()}},
-            {}, {}},
-
-        {"image_lets_the_same_project_go_on_a_larger_model", English, ProjectA({annInGroup1, longTexts}),
-            {{cmd("image Project/A.cmb"), 0, {QStringLiteral("13326\nF7 50 40 FF")}}}, {}, {}},
-
-        {"image_refuses_a_project_that_is_not_ready", TraditionalChinese, ProjectA({}),
-            {{cmd("image Project/A.cmb"), 1, {},
-                {QStringLiteral("error: [下載取消] 下載取消！\r\n1筆使用者群組未設定使用者。\n")},
-                QString()}},
-            {}, {}},
-
-        {"image_with_a_record_number_over_255_is_unhandled", English,
-            ProjectA({annInGroup1, QStringLiteral("INSERT INTO Zones (ZoneNo, ResetSMS) VALUES (191, 'R')")}),
-            // Every frame is built before any is printed: the one over 255 comes last.
-            {{cmd("image Project/A.cmb"), 3, {}, {QStringLiteral("vorna-cli: ")}, QString()}}, {}, {}},
-
-        // A table read in part is no table: neither command reports a shorter project.
-        {"damaged_project_is_unhandled", English, DamagedProjectA,
-            {{cmd("image Project/A.cmb"), 3, {}, {QStringLiteral("vorna-cli: ")}, QString()},
-                {cmd("info Project/A.cmb"), 3, {}, {QStringLiteral("vorna-cli: ")}}},
-            {}, {}},
-
-        {"usage_errors", English, {},
-            {Usage({}), Usage(cmd("frobnicate")), Usage(cmd("info")), Usage(cmd("image")),
-                Usage(cmd("info x.cmb y.cmb")), Usage(cmd("save-as Project/A.cmb")),
-                Usage(cmd("--yes --no recent")), Usage(cmd("info ")), Usage(cmd("recent --dir")),
-                Usage(cmd("frobnicate --help")), Usage(cmd("connect"), "needs --port"),
-                Usage(cmd("download Project/A.cmb"), "needs --port"),
-                Usage(cmd("connect Project/A.cmb --port COM1"), "takes 0 argument(s)"),
-                Usage(cmd("connect --port COM0"), "give COM1 to COM255"),
-                Usage(cmd("connect --port 256"), "give COM1 to COM255"),
-                Usage(cmd("registers --port ttyUSB0"), "or a device path"),
-                Usage(cmd("info Project/A.cmb --port COM1"), "--port and --trace do not apply"),
-                Usage(cmd("ports --trace t.txt"), "--port and --trace do not apply"),
-                Usage(cmd("connect --port COM1 --trace "), "empty path"),
-                Usage(cmd("connect --port COM1 --slave 2"), "takes no --slave, --baud or --parity"),
-                Usage(cmd("settings --port COM1 --slave 0"), "from 1 to 255"),
-                Usage(cmd("settings --port COM1 --slave 256"), "from 1 to 255"),
-                Usage(cmd("settings --port COM1 --slave 1x"), "from 1 to 255"),
-                Usage(cmd("settings --port COM1 --parity MARK"), "give NONE, ODD or EVEN")},
-            {}, {}},
-
-        // COM1 to COM16 come first, each with its device; the rest depends on the machine.
-        {"ports_lists_the_port_numbers_first", English, {},
-            {{cmd("ports"), 0,
-                {QStringLiteral("Port   Device        State"), QStringLiteral("\nCOM1   /dev/ttyUSB0  "),
-                    QStringLiteral("\nCOM16  /dev/ttyS7    ")}}},
-            {}, {}},
-
-        // Help is no usage error: each form ends with status 0.
-        {"help", English, {},
-            {{cmd("--help"), 0, {QStringLiteral("usage: vorna-cli")}},
-                {cmd("new --help"), 0,
-                    {QStringLiteral("usage: vorna-cli [--dir DIR] [--yes | --no] [--verbose] new PATH\n")}},
-                {cmd("image --help"), 0, {QStringLiteral("Exit status: 0 the project would go")}}},
-            {}, {}},
-
-        {"save_as_onto_itself_answered_no_fails", English, {},
-            {newA, {cmd("--no save-as Project/A.cmb Project/A.cmb"), 1}}, {a}, {}},
-
-        {"read_only_system_database_is_named", English,
-            [](const TestFolder& folder) {
-                ASSERT_TRUE(
-                    QFile::setPermissions(folder.path(QStringLiteral("VORNA.sdb")), QFileDevice::ReadOwner));
-            },
-            {{cmd("new Project/A.cmb"), 3, {},
-                {QStringLiteral("VORNA.sdb is read-only, so the change could not be written to it.")}}},
-            {}, {}},
-
-        {"new_over_existing_answered_no_is_cancelled", TraditionalChinese, {},
-            {newA,
-                {cmd("--no new Project/A.cmb"), 1, {},
-                    {QStringLiteral("warning: [此檔案已經存在] 檔案[") + aAbs + QStringLiteral("]已經存在"),
-                        QStringLiteral("Yes/No? No\n")}},
-                // With no input the question counts as No, and the dialog shown again is cancelled.
-                {cmd("new Project/A.cmb"), 1, {}, {QStringLiteral("Yes/No? No (no input)\n")}}},
-            {a}, {QStringLiteral("Project/A.mir")}},
-
-        {"new_over_existing_answered_yes", English, {},
-            {newA, {cmd("--yes new Project/A.cmb"), 0, {}, {QStringLiteral("Yes/No? Yes\n")}},
-                // An answer that is no button is asked again.
-                {cmd("new Project/A.cmb"), 0, {}, {QStringLiteral("Yes/No? maybe\nYes/No? y\n")}, {},
-                    "maybe\ny\n"}},
-            {a}, {QStringLiteral("Project/A.mir")}},
-
-        {"recent_list_carries_over_newest_first", English, {},
-            {newA, newB,
-                {cmd("recent"), 0, {}, {}, bAbs + QStringLiteral("\n") + aAbs + QStringLiteral("\n")},
-                // Info only reads: the list stays as it was.
-                {cmd("info Project/A.cmb")},
-                {cmd("recent"), 0, {}, {}, bAbs + QStringLiteral("\n") + aAbs + QStringLiteral("\n")}},
-            {}, {}},
-
-        {"save_as_makes_and_opens_the_new_file", English, {},
-            {newA, {cmd("save-as Project/A.cmb Project/B.cmb")},
-                {cmd("info Project/B.cmb"), 0,
-                    {QStringLiteral("Project: B\n"), QStringLiteral("Zones: 64\n")}},
-                {cmd("recent"), 0, {}, {}, bAbs + QStringLiteral("\n") + aAbs + QStringLiteral("\n")}},
-            {a, b}, {QStringLiteral("Project/A.mir"), QStringLiteral("Project/B.mir")}},
-
-        {"save_as_over_existing_answered_no_is_cancelled", English, {},
-            {newA, newB,
-                {cmd("--no save-as Project/A.cmb Project/B.cmb"), 1, {},
-                    {QStringLiteral("[File already exists] File [") + bAbs
-                        + QStringLiteral("] already exists.")}}},
-            {a, b}, {QStringLiteral("Project/A.mir"), QStringLiteral("Project/B.mir")}},
-
-        {"save_as_without_cmb_extension_leaves_no_project", English, {},
-            {newA,
-                {cmd("save-as Project/A.cmb Project/C.txt"), 1, {},
-                    {QStringLiteral("[Project Cannot Be Used] This project cannot be opened!")}}},
-            {a, QStringLiteral("Project/C.txt")}, {QStringLiteral("Project/A.mir")}},
-
-        {"missing_profile_ends_the_start", English,
-            [](const TestFolder& folder) {
-                ASSERT_TRUE(QFile::remove(folder.path(QStringLiteral("VORNA.set"))));
-            },
-            {{cmd("recent"), 1, {}, {QStringLiteral("error: [ML system failed] ML system failed!\nFile [")}}},
-            {}, {}},
+                               "WHERE ZoneNo = 3")}},
+        {"Larger", {ann, longTexts}},
+        {"TooLarge", {ann, longTexts, QStringLiteral("UPDATE Basic SET DeviceModelName = 'RM64T'")}},
+        // Every frame is built before any is printed: the one over 255 comes last.
+        {"Over255", {ann, QStringLiteral("INSERT INTO Zones (ZoneNo, ResetSMS) VALUES (191, 'R')")}},
     };
+    const QString templatePath = folder.path(QStringLiteral("RM64.mdb"));
+    const QDir projectDir(folder.projectDir());
+    for (const auto& [name, statements] : projects)
+        MakeProject(
+            templatePath, projectDir.filePath(QLatin1String(name) + QStringLiteral(".cmb")), statements);
+    MakeDamagedProject(templatePath, projectDir.filePath(QStringLiteral("Damaged.cmb")));
+    WriteAll(projectDir.filePath(QStringLiteral("Bad.cmb")), "not a database\n");
 }
 
-class VornaCliTest : public ::testing::TestWithParam<Scenario>
+// One run of the transcript: its command line, split at each space ("info " ends in an empty
+// argument), what it reads on stdin, and a change to the installation before it.
+struct Step
+{
+    const char* line;
+    const char* input = nullptr;
+    std::function<void(const TestFolder&)> before = {};
+    int outLines = -1; // the lines of stdout shown, when not all
+};
+
+std::vector<Step> Steps()
+{
+    // The usage, each command's help, and each kind of usage error.
+    std::vector<Step> steps;
+    for (const char* line : {"--help", "new --help", "info --help", "save-as --help", "recent --help",
+             "image --help", "connect --help", "download --help", "settings --help", "registers --help",
+             "ports --help", "", "frobnicate", "frobnicate --help", "--bogus recent", "recent --dir",
+             "--yes --no recent", "info", "info ", "info x.cmb y.cmb", "save-as Project/A.cmb", "connect",
+             "download Project/A.cmb", "connect Project/A.cmb --port COM1", "connect --port COM0",
+             "connect --port 256", "registers --port ttyUSB0", "info Project/A.cmb --port COM1",
+             "ports --trace t.txt", "connect --port COM1 --trace ", "connect --port COM1 --slave 2",
+             "settings --port COM1 --slave 0", "settings --port COM1 --slave 256",
+             "settings --port COM1 --slave 1x", "settings --port COM1 --parity MARK"})
+        steps.push_back({line});
+    steps.insert(steps.end(),
+        {
+            {"info Project/None.cmb"},
+            {"info Project/Bad.cmb"},
+            {"new Project/D.txt"},
+            // Image only reads: the recent list stays empty, and no working copy or file is left.
+            {"image Project/Frames.cmb"},
+            {"recent"},
+            {"image Project/TooLarge.cmb"},
+            {"image Project/Larger.cmb", nullptr, {}, 2},
+            {"image Project/Over255.cmb"},
+            // A table read in part is no table: neither command reports a shorter project.
+            {"image Project/Damaged.cmb"},
+            {"info Project/Damaged.cmb"},
+            // New writes its date into the working copy only, and nothing commits it.
+            {"new Project/A.cmb"},
+            {"--verbose info Project/A.cmb"},
+            {"image Project/A.cmb"},
+            // A question is answered by --no, by nobody (No, and the dialog shown again is
+            // cancelled), by a word shown or English or its first letter; anything else is asked again.
+            {"--no new Project/A.cmb"},
+            {"new Project/A.cmb"},
+            {"new Project/A.cmb", "maybe\ny\n"},
+            {"new Project/A.cmb", "否\n"},
+            {"new Project/A.cmb", "No\n"},
+            {"--yes new Project/A.cmb"},
+            {"new Project/B.cmb"},
+            {"info Project/A.cmb"},
+            {"recent"},
+            {"--no save-as Project/A.cmb Project/A.cmb"},
+            {"--no save-as Project/A.cmb Project/B.cmb"},
+            {"save-as Project/A.cmb Project/C.txt"},
+            {"--verbose save-as Project/A.cmb Project/E.cmb"},
+            {"info Project/E.cmb"},
+            {"recent"},
+            {"new Project/F.cmb", nullptr,
+                [](const TestFolder& folder) {
+                    ASSERT_TRUE(QFile::setPermissions(
+                        folder.path(QStringLiteral("VORNA.sdb")), QFileDevice::ReadOwner));
+                }},
+            {"recent", nullptr,
+                [](const TestFolder& folder) {
+                    ASSERT_TRUE(QFile::remove(folder.path(QStringLiteral("VORNA.set"))));
+                }},
+        });
+    return steps;
+}
+
+// The program in one language, compared whole with that language's golden transcript: its
+// help, every kind of usage error, the commands on projects with their boxes and questions,
+// and what is left in the folders at the end.
+class VornaCliTranscript : public ::testing::TestWithParam<std::pair<const char*, const char*>>
 { };
 
-TEST_P(VornaCliTest, RunsAsScripted)
+TEST_P(VornaCliTranscript, SpeaksTheAppliedLanguage)
 {
-    const Scenario& scenario = GetParam();
+    const auto [language, locale] = GetParam();
     TestFolder folder;
     const QString root = QDir(folder.root()).canonicalPath();
-    auto expand = [&root](QString text) { return text.replace(Root, root); };
-    if (scenario.prepare)
-        scenario.prepare(folder);
+    MakeProjects(folder);
     ASSERT_FALSE(::testing::Test::HasFatalFailure());
 
-    for (std::size_t i = 0; i < scenario.runs.size(); ++i) {
-        const CliRun& run = scenario.runs[i];
-        QStringList args;
-        for (const QString& arg : run.args)
-            args << expand(arg);
-        SCOPED_TRACE(
-            "run " + std::to_string(i + 1) + ": vorna-cli " + args.join(QLatin1Char(' ')).toStdString());
-        ExpectRun(run, RunCli(root, scenario.locale, args, run.input), expand);
+    const QString usage = RunCli(root, locale, {QStringLiteral("--help")}, nullptr).out;
+    QString transcript;
+    for (const Step& step : Steps()) {
+        if (step.before)
+            step.before(folder);
+        const QString line = QString::fromUtf8(step.line);
+        const Result result
+            = RunCli(root, locale, line.isEmpty() ? QStringList() : line.split(u' '), step.input);
+        QStringList out = result.out.split(u'\n');
+        if (step.outLines >= 0 && out.size() > step.outLines + 1)
+            out = out.mid(0, step.outLines)
+                << QStringLiteral("[%1 more lines]\n").arg(out.size() - step.outLines - 1);
+        transcript
+            += Transcript(line, {result.finished, result.status, out.join(u'\n'), result.err}, usage) + u'\n';
     }
-    for (const QString& file : scenario.present)
-        EXPECT_TRUE(QFile::exists(QDir(root).filePath(file))) << file.toStdString();
-    for (const QString& file : scenario.absent)
-        EXPECT_FALSE(QFile::exists(QDir(root).filePath(file))) << file.toStdString();
+    for (const QString& dir : {folder.projectDir(), folder.appPath()})
+        transcript += dir.section(u'/', -1) + QStringLiteral(":\n")
+            + QDir(dir).entryList(QDir::Files | QDir::Hidden, QDir::Name).join(u'\n') + u'\n';
+    // The private copy that a command reads lies in a temporary folder of its own.
+    static const QRegularExpression scratch(
+        QRegularExpression::escape(QDir::tempPath()) + QStringLiteral("/vorna-cli-\\w+/"));
+    transcript.replace(root, Root)
+        .replace(scratch, QStringLiteral("{TMP}/"))
+        .replace(u'\r', QStringLiteral("\\r"));
+    ExpectGolden(QStringLiteral("cli/golden/transcript-%1.txt").arg(QLatin1String(language)), transcript);
 }
 
-INSTANTIATE_TEST_SUITE_P(cli, VornaCliTest, ::testing::ValuesIn(Scenarios()),
-    [](const ::testing::TestParamInfo<Scenario>& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(cli, VornaCliTranscript,
+    ::testing::Values(std::pair {"ChineseBig5", TraditionalChinese}, std::pair {"ChineseGB", "zh_CN.UTF-8"},
+        std::pair {"English", English}),
+    [](const auto& info) { return std::string(info.param.first); });
+
+// COM1 to COM16 come first, each with its device; the rest depends on the machine.
+TEST(VornaCliPorts, ListsThePortNumbersFirst)
+{
+    TestFolder folder;
+    const Result result
+        = RunCli(QDir(folder.root()).canonicalPath(), English, {QStringLiteral("ports")}, nullptr);
+    EXPECT_EQ(result.status, 0);
+    for (const char* text :
+        {"Port   Device        State", "\nCOM1   /dev/ttyUSB0  ", "\nCOM16  /dev/ttyS7    "})
+        EXPECT_TRUE(result.out.contains(QLatin1String(text))) << result.out.toStdString();
+}
 
 // Runs the program killed at the 1st, 2nd, ... call of each system call in turn, until a run
 // gets past its last such call. run starts one, under the wrapper it is given; check judges

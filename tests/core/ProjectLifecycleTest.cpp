@@ -3,159 +3,158 @@
 
 #include "CoreFixture.h"
 #include "FileUtil.h"
+#include "Golden.h"
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
 namespace {
 
-// The installation, started, with no project open.
+// One database file as another program would read it: its groups and its two dates.
+QString DescribeFile(const QFileInfo& file)
+{
+    if (file.isDir())
+        return "a folder";
+    QString text;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "reader");
+        db.setDatabaseName(file.filePath());
+        db.setConnectOptions("QSQLITE_OPEN_READONLY");
+        QSqlQuery q(db);
+        if (!db.open() || !q.exec("SELECT CreatedDate, ModifiedDate FROM Basic") || !q.next()) {
+            text = file.size() == 0 ? "empty" : "no project";
+        } else {
+            text = QString("created %1, modified %2, groups")
+                       .arg(q.value(0).toString(), q.value(1).toString());
+            q.exec("SELECT GroupName FROM UserGroups");
+            while (q.next())
+                text += QLatin1Char(' ') + q.value(0).toString();
+            q.exec("SELECT count(*) FROM Zones");
+            text += q.next() ? QString(", %1 zones").arg(q.value(0).toInt()) : QString();
+        }
+    }
+    QSqlDatabase::removeDatabase("reader");
+    return text;
+}
+
+// The installation, started, with no project open. A test writes what each step left into a
+// log, compared at the end with the golden file of the test's name.
 class ProjectTest : public CoreTest
 {
 protected:
     void SetUp() override { start(); }
 
-    // The group names committed to a closed project file.
-    QStringList groups(const QString& path) { return column(path, "UserGroups", "GroupName"); }
     void expectReplace(const QString& path, int answer)
     {
         platform.expectBox(52, boxQuestionReplace(path), "此檔案已經存在", answer);
     }
+    QString shortPath(const QString& path) const { return QDir(folder.root()).relativeFilePath(path); }
+
+    // A file dialog's options as the user sees them, noted when it is shown.
+    std::function<void(const FileDialogOptions&)> noteDialog()
+    {
+        return [this](const FileDialogOptions& o) {
+            log += QString("dialog \"%1\" in %2 proposing \"%3\", filter %4 (%5), flags %6\n")
+                       .arg(o.DialogTitle, o.InitDir, o.FileName, o.Filter)
+                       .arg(o.FilterIndex)
+                       .arg(o.Flags);
+        };
+    }
+
+    // The project in memory with the model's limits, the recent list and every file in the project folder.
+    void note(const QString& step)
+    {
+        const ProjectState& p = g.project;
+        log += QString("== %1\nproject \"%2\"%3, tables %4, file %5, working copy %6\n")
+                   .arg(step, p.ProjectName, p.IsProjectModified ? " modified" : QString(),
+                       p.rsBasic.State() == 1 ? "open" : "closed", shortPath(p.ProjectFilePath),
+                       shortPath(p.ProjectWorkPath));
+        log += QString("limits %1 numbers, %2 bytes; ").arg(p.MaxTelNo).arg(p.MaxMemoryByte);
+        log += "recent";
+        for (int i = 1; i <= g.system.MRUCount; ++i)
+            log += QLatin1Char(' ') + shortPath(g.system.MRUFilePath(i));
+        log += QLatin1Char('\n');
+        for (const QFileInfo& f :
+            QDir(folder.projectDir()).entryInfoList(QDir::AllEntries | QDir::NoDotAndDotDot))
+            log += QString("  %1: %2\n").arg(f.fileName(), DescribeFile(f));
+    }
+    void expectLog()
+    {
+        const QString name
+            = QString::fromLatin1(::testing::UnitTest::GetInstance()->current_test_info()->name());
+        ExpectGolden(QString("core/golden/project-%1.txt").arg(QString(name).replace(u'/', u'-')), log);
+    }
+
+    QString log;
 };
 
 } // namespace
 
 TEST_F(ProjectTest, NewProjectCopiesTheTemplateAndOpensItThroughAWorkingCopy)
 {
-    const QString path = projectPath("Site A.cmb");
-    platform.expectOpenDialog(path, [](const FileDialogOptions& o) {
-        EXPECT_EQ(o.DialogTitle, "開新專案");
-        EXPECT_EQ(o.InitDir, NativePath("..\\Project"));
-        EXPECT_EQ(o.FileName, "Project1");
-        EXPECT_EQ(o.Filter, "Quillbeacon設定檔案,(*.cmb)|*.cmb|所有檔案,(*.*)|*.*");
-        EXPECT_EQ(o.FilterIndex, 1);
-        EXPECT_EQ(o.Flags, 4);
-    });
+    platform.expectOpenDialog(projectPath("Site A.cmb"), noteDialog());
     NewProject(g);
-
-    EXPECT_EQ(g.project.ProjectName, "Site A");
-    EXPECT_EQ(g.project.ProjectFilePath, path);
-    EXPECT_EQ(g.project.ProjectWorkPath, projectPath("Site A.mir"));
-    EXPECT_TRUE(QFile::exists(g.project.ProjectWorkPath));
-    EXPECT_FALSE(g.project.IsProjectModified);
-    EXPECT_GT(g.project.MaxTelNo, 0);
-    EXPECT_GT(g.project.MaxMemoryByte, 0);
-    EXPECT_EQ(g.system.MRUCount, 1);
-    EXPECT_EQ(g.system.MRUFilePath(1), path);
-    EXPECT_EQ(NullToEmpty(g.project.rsBasic.Fields("CreatedDate")), "2026-11-22");
-    EXPECT_EQ(g.project.rsZones.RecordCount(), 64);
+    note("new, the creation date only in the working copy");
     EXPECT_EQ(QDir::currentPath(), folder.appPath());
     EXPECT_EQ(view.refreshCount, 1);
 
-    // The creation date went into the working copy only.
-    CloseProjectTables(g);
-    EXPECT_EQ(column(path, "Basic", "CreatedDate"), QStringList {QString()});
-    EXPECT_EQ(column(g.project.ProjectWorkPath, "Basic", "CreatedDate"), QStringList {"2026-11-22"});
-}
-
-TEST_F(ProjectTest, NewProjectOverAnExistingFileAsksAndNoShowsTheDialogAgain)
-{
-    const QString taken = projectPath("Project1.cmb");
-    QFile(taken).open(QIODevice::WriteOnly);
-    const auto proposesProject2 = [](const FileDialogOptions& o) { EXPECT_EQ(o.FileName, "Project2"); };
-    platform.expectOpenDialog(taken, proposesProject2);
-    expectReplace(taken, MsgBox::No);
-    platform.expectOpenDialog(projectPath("Other.cmb"), proposesProject2);
-    NewProject(g);
-
-    EXPECT_EQ(g.project.ProjectName, "Other");
-    EXPECT_EQ(QFileInfo(taken).size(), 0);
-}
-
-TEST_F(ProjectTest, CancelledDialogsChangeNothing)
-{
-    platform.expectOpenDialog(std::nullopt);
-    NewProject(g);
-    // The dialog is one control: Open proposes the name New set, though New was cancelled.
-    platform.expectOpenDialog(
-        std::nullopt, [](const FileDialogOptions& o) { EXPECT_EQ(o.FileName, "Project1"); });
-    EXPECT_FALSE(OpenProject(g, QString()));
-    EXPECT_TRUE(g.project.ProjectName.isEmpty());
-    EXPECT_EQ(QDir(folder.projectDir()).entryList(QDir::Files), QStringList());
-}
-
-struct CloseCase
-{
-    const char* name;
-    int answer;
-    int result;
-    bool committed;
-};
-
-class CloseAnswerTest : public ProjectTest, public ::testing::WithParamInterface<CloseCase>
-{ };
-
-TEST_P(CloseAnswerTest, CloseWithEditsFollowsTheAnswer)
-{
-    const CloseCase c = GetParam();
-    const QString path = newProject();
-    addGroup("Night shift");
-
-    platform.expectBox(MsgBox::YesNoCancel, SavePrompt("Project1"), SaveTitle, c.answer);
-    EXPECT_EQ(CloseProject(g), c.result);
-
-    const bool cancelled = c.result == ProjectResult::Cancelled;
-    EXPECT_EQ(g.project.ProjectName.isEmpty(), !cancelled);
-    EXPECT_EQ(QFile::exists(projectPath("Project1.mir")), cancelled);
-    if (cancelled) {
-        EXPECT_TRUE(g.project.IsProjectModified);
-        EXPECT_EQ(g.project.rsUserGroups.RecordCount(), 2);
-        CloseProjectTables(g);
-    }
-    EXPECT_EQ(groups(path).contains("Night shift"), c.committed);
-    // Yes dates the commit itself; the other answers leave the template's empty date.
-    EXPECT_EQ(column(path, "Basic", "ModifiedDate").value(0).isEmpty(), !c.committed);
-}
-
-INSTANTIATE_TEST_SUITE_P(Answers, CloseAnswerTest,
-    ::testing::Values(CloseCase {"Yes", MsgBox::Yes, ProjectResult::Done, true},
-        CloseCase {"No", MsgBox::No, ProjectResult::Done, false},
-        CloseCase {"Cancel", MsgBox::Cancel, ProjectResult::Cancelled, false}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(ProjectTest, CloseWithoutEditsAsksNothingAndRemovesTheWorkingCopy)
-{
-    newProject();
-    EXPECT_EQ(CloseProject(g), ProjectResult::Done);
-    EXPECT_FALSE(QFile::exists(projectPath("Project1.mir")));
+    // Closed without edits, nothing is asked and the working copy goes. A taken name is asked
+    // about; No shows the dialog again, proposing the next free name.
+    ASSERT_EQ(CloseProject(g), ProjectResult::Done);
     EXPECT_EQ(view.statusHistory.back(), QString());
     EXPECT_EQ(view.pointerHistory.back(), Pointer::Default);
+    const QString taken = projectPath("Project1.cmb");
+    QFile(taken).open(QIODevice::WriteOnly);
+    platform.expectOpenDialog(taken, noteDialog());
+    expectReplace(taken, MsgBox::No);
+    platform.expectOpenDialog(projectPath("Other.cmb"), noteDialog());
+    NewProject(g);
+    note("new over a taken name, answered No");
+
+    // Cancelled, nothing changes; the dialog is one control, so Open proposes the name New set.
+    ASSERT_EQ(CloseProject(g), ProjectResult::Done);
+    platform.expectOpenDialog(std::nullopt, noteDialog());
+    NewProject(g);
+    platform.expectOpenDialog(std::nullopt, noteDialog());
+    EXPECT_FALSE(OpenProject(g, QString()));
+    note("new and open cancelled");
+    expectLog();
 }
 
-TEST_F(ProjectTest, FileSaveCommitsThePreviousDateAndKeepsTheNewOneInTheWorkingCopy)
+class CloseAnswerTest : public ProjectTest, public ::testing::WithParamInterface<int>
+{ };
+
+// Yes commits with the day's date; No and Cancel leave the file as it was, and Cancel keeps
+// the project open with its edits.
+TEST_P(CloseAnswerTest, CloseWithEditsFollowsTheAnswer)
 {
-    const QString path = newProject();
+    newProject();
+    addGroup("Night shift");
+    platform.expectBox(MsgBox::YesNoCancel, SavePrompt("Project1"), SaveTitle, GetParam());
+    EXPECT_EQ(CloseProject(g), GetParam() == MsgBox::Cancel ? ProjectResult::Cancelled : ProjectResult::Done);
+    note("closed");
+    expectLog();
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, CloseAnswerTest, ::testing::Values(MsgBox::Yes, MsgBox::No, MsgBox::Cancel),
+    [](const auto& info) {
+        return std::string(info.param == MsgBox::Yes ? "Yes" : info.param == MsgBox::No ? "No" : "Cancel");
+    });
+
+// File Save commits the previous modification date and keeps the new one in the working copy.
+// The creation date of File New goes with it: only edits mark a project modified. The download's
+// commit copies without asking and leaves the project marked modified.
+TEST_F(ProjectTest, SavesCommitTheWorkingCopy)
+{
+    newProject();
     platform.clock = QDateTime(QDate(2026, 12, 1), QTime(8, 0));
     addGroup("Day shift");
-
     EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
-    EXPECT_FALSE(g.project.IsProjectModified);
-    EXPECT_EQ(NullToEmpty(g.project.rsBasic.Fields("ModifiedDate")), "2026-12-01");
-    CloseProjectTables(g);
-    EXPECT_TRUE(groups(path).contains("Day shift"));
-    EXPECT_EQ(column(path, "Basic", "ModifiedDate"), QStringList {QString()});
-    // The creation date of File New was not committed either: only edits mark a project modified.
-    EXPECT_EQ(column(path, "Basic", "CreatedDate"), QStringList {"2026-11-22"});
-}
-
-TEST_F(ProjectTest, OpenWithAStaleWorkingCopyDiscardsIt)
-{
-    const QString path = newProject();
-    ASSERT_EQ(CloseProject(g), ProjectResult::Done);
-    WriteAll(projectPath("Project1.mir"), "left over from a crash");
-    ASSERT_TRUE(OpenProject(g, path));
-    EXPECT_EQ(g.project.rsZones.RecordCount(), 64);
-    EXPECT_EQ(view.statusHistory.front(), "專案[Project1]開啟中...");
+    note("File Save");
+    addGroup("Guards");
+    CommitWorkingCopy(g);
+    note("download's commit");
+    expectLog();
 }
 
 TEST_F(ProjectTest, OpenIsRefusedWithItsBox)
@@ -215,52 +214,31 @@ TEST_F(ProjectTest, AProjectFileWithoutItsBasicTableEndsInAnUnhandledErrorWithou
     EXPECT_THROW(OpenProject(g, path), UnhandledError);
 }
 
-TEST_F(ProjectTest, SaveAsOntoItsOwnProjectFileReplacesItWithTheWorkingCopy)
+// Onto its own file, Save As replaces it with the working copy; to a new name it leaves the old
+// project at its last commit; onto another file answered No it ends the command; Yes onto a
+// read-only file is refused as its delete is.
+TEST_F(ProjectTest, SaveAsReplacesAskingOrWritesANewProject)
 {
     const QString path = newProject();
     addGroup("Guards");
-    platform.expectSaveDialog(path, [](const FileDialogOptions& o) {
-        EXPECT_EQ(o.DialogTitle, "另存專案");
-        EXPECT_EQ(o.Filter, "Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*");
-        EXPECT_EQ(o.FileName, "Project2");
-    });
+    platform.expectSaveDialog(path, noteDialog());
     expectReplace(path, MsgBox::Yes);
     SaveProjectAs(g);
+    note("Save As onto its own file");
 
-    EXPECT_EQ(g.project.ProjectName, "Project1");
-    EXPECT_FALSE(g.project.IsProjectModified);
-    EXPECT_EQ(g.project.rsUserGroups.RecordCount(), 2);
-    CloseProjectTables(g);
-    EXPECT_TRUE(groups(path).contains("Guards"));
-}
-
-TEST_F(ProjectTest, SaveAsToANewNameLeavesTheOldProjectAtItsLastCommit)
-{
-    const QString oldPath = newProject();
-    addGroup("Guards");
-    const QString newPath = projectPath("Copy.cmb");
-    platform.expectSaveDialog(newPath);
+    addGroup("Night shift");
+    platform.expectSaveDialog(projectPath("Copy.cmb"), noteDialog());
     SaveProjectAs(g);
+    note("Save As to a new name");
 
-    EXPECT_EQ(g.project.ProjectFilePath, newPath);
-    EXPECT_FALSE(QFile::exists(projectPath("Project1.mir")));
-    EXPECT_EQ(g.system.MRUFilePath(1), newPath);
-    EXPECT_EQ(g.system.MRUFilePath(2), oldPath);
-    EXPECT_FALSE(groups(oldPath).contains("Guards"));
-}
-
-TEST_F(ProjectTest, SaveAsOntoAnotherFileAnsweredNoEndsTheCommandAndReadOnlyIsFatal)
-{
-    newProject();
     const QString taken = projectPath("Taken.cmb");
     QFile(taken).open(QIODevice::WriteOnly);
     platform.expectSaveDialog(taken);
     expectReplace(taken, MsgBox::No);
     SaveProjectAs(g);
-    EXPECT_EQ(g.project.ProjectName, "Project1");
-    EXPECT_EQ(g.project.rsBasic.State(), 1);
+    note("Save As onto another file, answered No");
+    expectLog();
 
-    // Yes onto a read-only file is refused as its delete is.
     QFile::setPermissions(taken, QFileDevice::ReadOwner);
     platform.expectSaveDialog(taken);
     expectReplace(taken, MsgBox::Yes);
@@ -268,30 +246,26 @@ TEST_F(ProjectTest, SaveAsOntoAnotherFileAnsweredNoEndsTheCommandAndReadOnlyIsFa
     EXPECT_TRUE(QFileInfo::exists(taken));
 }
 
-struct BlockedSaveCase
-{
-    const char* name;
-    bool readOnly; // else something that is not a file stands where the project file was
-    QStringList files;
-};
-
-class BlockedSaveTest : public ProjectTest, public ::testing::WithParamInterface<BlockedSaveCase>
+class BlockedSaveTest : public ProjectTest, public ::testing::WithParamInterface<bool>
 { };
 
 // The box comes, the file stays as it was, and the tables stay closed with the project still
 // named: the next use is fatal. A read-only project opens without a word, over a read-only
-// working copy left by an earlier run, and takes edits until the save.
+// working copy left by an earlier run (which it discards), and takes edits until the save. The other case has
+// a folder where the project file was.
 TEST_P(BlockedSaveTest, ShowsItsBoxAndLeavesTheProjectBroken)
 {
     const QString path = newProject();
     const QByteArray before = ReadAll(path);
-    if (GetParam().readOnly) {
+    if (GetParam()) {
         ASSERT_EQ(CloseProject(g), ProjectResult::Done);
         const QString stale = projectPath("Project1.mir");
         WriteAll(stale, "left over from a crash");
         for (const QString& file : {path, stale})
             QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadGroup);
+        view.statusHistory.clear();
         ASSERT_TRUE(OpenProject(g, path));
+        EXPECT_EQ(view.statusHistory.front(), "專案[Project1]開啟中...");
         addGroup("Guards");
     } else {
         addGroup("Guards");
@@ -301,19 +275,15 @@ TEST_P(BlockedSaveTest, ShowsItsBoxAndLeavesTheProjectBroken)
     platform.expectBox(
         MsgBox::Critical, "儲存專案失敗。\n專案檔案[" + path + "]檔案無法儲存。", "儲存專案失敗");
     EXPECT_EQ(SaveProject(g, true, false, false), ProjectResult::Done);
-
-    EXPECT_EQ(QFileInfo(path).isDir(), !GetParam().readOnly);
-    EXPECT_EQ(ReadAll(path), GetParam().readOnly ? before : QByteArray());
-    EXPECT_EQ(QDir(folder.projectDir()).entryList(QDir::Files), GetParam().files);
-    EXPECT_FALSE(g.project.ProjectName.isEmpty());
+    EXPECT_EQ(ReadAll(path), GetParam() ? before : QByteArray());
+    note("blocked save");
+    expectLog();
     EXPECT_THROW(g.project.rsUserGroups.MoveFirst(), UnhandledError);
     EXPECT_THROW(g.project.rsBasic.Fields("ModifiedDate"), UnhandledError);
 }
 
-INSTANTIATE_TEST_SUITE_P(Saves, BlockedSaveTest,
-    ::testing::Values(BlockedSaveCase {"ReadOnlyProjectFile", true, {"Project1.cmb", "Project1.mir"}},
-        BlockedSaveCase {"FolderInTheWay", false, {"Project1.mir"}}),
-    [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Saves, BlockedSaveTest, ::testing::Bool(),
+    [](const auto& info) { return std::string(info.param ? "ReadOnlyProjectFile" : "FolderInTheWay"); });
 
 TEST_F(ProjectTest, ACommitKilledMidwayLeavesTheProjectFileWhole)
 {
@@ -336,24 +306,22 @@ TEST_F(ProjectTest, ACommitKilledMidwayLeavesTheProjectFileWhole)
     ASSERT_EQ(WEXITSTATUS(status), 9);
 
     EXPECT_EQ(ReadAll(path), before);
-    EXPECT_EQ(groups(path).size(), 1);
+    EXPECT_EQ(column(path, "UserGroups", "GroupName").size(), 1);
     OpenProjectTables(g, g.project.ProjectWorkPath);
 }
 
+// A project of a model the program does not know keeps the limits of the one opened before.
 TEST_F(ProjectTest, ASecondProjectOfAnUnknownModelKeepsTheFirstOnesLimits)
 {
     newProject();
-    const qint16 maxTel = g.project.MaxTelNo;
-    const qint16 maxMem = g.project.MaxMemoryByte;
     g.project.rsBasic.setField("DeviceModelName", "XX9");
     g.project.rsBasic.Update();
     g.project.IsProjectModified = true;
     platform.expectBox(MsgBox::YesNoCancel, SavePrompt("Project1"), SaveTitle, MsgBox::Yes);
     ASSERT_EQ(CloseProject(g), ProjectResult::Done);
-
     ASSERT_TRUE(OpenProject(g, projectPath("Project1.cmb")));
-    EXPECT_EQ(g.project.MaxTelNo, maxTel);
-    EXPECT_EQ(g.project.MaxMemoryByte, maxMem);
+    note("reopened as model XX9");
+    expectLog();
 }
 
 TEST_F(ProjectTest, TheProposedNameIsEmptyWhenAllNinetyNineAreTaken)
@@ -367,7 +335,7 @@ TEST_F(ProjectTest, TheProposedNameIsEmptyWhenAllNinetyNineAreTaken)
 
 TEST_F(ProjectTest, FileExitWithCancelEndsTheProgramAndKeepsTheWorkingCopy)
 {
-    const QString path = newProject();
+    newProject();
     addGroup("Guards");
     platform.expectBox(MsgBox::YesNoCancel, SavePrompt("Project1"), SaveTitle, MsgBox::Cancel);
     try {
@@ -376,18 +344,6 @@ TEST_F(ProjectTest, FileExitWithCancelEndsTheProgramAndKeepsTheWorkingCopy)
     } catch (const ProcessEnded& e) {
         EXPECT_EQ(e.status, 0);
     }
-    EXPECT_TRUE(QFile::exists(projectPath("Project1.mir")));
-    EXPECT_FALSE(groups(path).contains("Guards"));
-}
-
-TEST_F(ProjectTest, TheDownloadCommitCopiesWithoutAskingAndKeepsTheModifiedFlag)
-{
-    const QString path = newProject();
-    addGroup("Guards");
-    CommitWorkingCopy(g);
-    EXPECT_TRUE(g.project.IsProjectModified);
-    EXPECT_EQ(g.project.rsBasic.State(), 1);
-    CloseProjectTables(g);
-    EXPECT_TRUE(groups(path).contains("Guards"));
-    OpenProjectTables(g, g.project.ProjectWorkPath);
+    note("exit cancelled");
+    expectLog();
 }

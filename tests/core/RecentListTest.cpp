@@ -1,50 +1,43 @@
 #include "CoreFixture.h"
 #include "SystemDB.h"
 
-struct RecentCase
+// The newest comes first and the table is written at once; the menu is rebuilt only when a
+// new path comes in.
+TEST_F(CoreTest, TheRecentListKeepsTheNewestFirstAndWritesTheTableAtOnce)
 {
-    const char* name;
-    QStringList before;
-    QString opened;
-    QStringList after;
-    int menuRebuilds; // the menu is rebuilt only when a new path comes in
-};
-
-class RecentListTest : public CoreTest, public ::testing::WithParamInterface<RecentCase>
-{ };
-
-TEST_P(RecentListTest, KeepsTheNewestFirstAndWritesTheTableAtOnce)
-{
-    const RecentCase c = GetParam();
-    start();
-    for (const QString& p : c.before) {
-        ++g.system.MRUCount;
-        g.system.MRUFilePath(g.system.MRUCount) = p;
-    }
-    if (g.system.MRUCount > 0)
-        SaveMRUList(g);
-    view.recentMenuCount = 0;
-
-    AddMRUFilePath(g, c.opened);
-
-    QStringList now;
-    for (int i = 1; i <= g.system.MRUCount; ++i)
-        now << g.system.MRUFilePath(i);
-    EXPECT_EQ(now, c.after);
-    EXPECT_EQ(column(folder.path("VORNA.sdb"), "MRUList", "FilePath"), c.after);
-    EXPECT_EQ(view.recentMenuCount, c.menuRebuilds);
-}
-
-INSTANTIATE_TEST_SUITE_P(Orders, RecentListTest,
-    ::testing::Values(RecentCase {"FirstIntoAnEmptyList", {}, "/p/a.cmb", {"/p/a.cmb"}, 1},
-        RecentCase {
-            "PlaceOneChangesNothing", {"/p/a.cmb", "/p/b.cmb"}, "/p/a.cmb", {"/p/a.cmb", "/p/b.cmb"}, 0},
-        RecentCase {"PlaceThreeMovesToTheTop", {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"}, "/p/3.cmb",
+    struct Case
+    {
+        const char* name;
+        QStringList before;
+        QString opened;
+        QStringList after;
+        int menuRebuilds;
+    };
+    const Case cases[] = {{"first into an empty list", {}, "/p/a.cmb", {"/p/a.cmb"}, 1},
+        {"place one changes nothing", {"/p/a.cmb", "/p/b.cmb"}, "/p/a.cmb", {"/p/a.cmb", "/p/b.cmb"}, 0},
+        {"place three moves to the top", {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"}, "/p/3.cmb",
             {"/p/3.cmb", "/p/1.cmb", "/p/2.cmb", "/p/4.cmb"}, 0},
-        RecentCase {"AFifthPushesOutTheOldest", {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"}, "/p/5.cmb",
+        {"a fifth pushes out the oldest", {"/p/1.cmb", "/p/2.cmb", "/p/3.cmb", "/p/4.cmb"}, "/p/5.cmb",
             {"/p/5.cmb", "/p/1.cmb", "/p/2.cmb", "/p/3.cmb"}, 1},
-        RecentCase {"CaseMakesAnotherEntry", {"/p/a.cmb"}, "/p/A.cmb", {"/p/A.cmb", "/p/a.cmb"}, 1}),
-    [](const auto& info) { return std::string(info.param.name); });
+        {"case makes another entry", {"/p/a.cmb"}, "/p/A.cmb", {"/p/A.cmb", "/p/a.cmb"}, 1}};
+    start();
+    for (const Case& c : cases) {
+        g.system.MRUCount = 0;
+        for (const QString& p : c.before)
+            g.system.MRUFilePath(++g.system.MRUCount) = p;
+        if (g.system.MRUCount > 0) // the empty list is the first case, on the empty table
+            SaveMRUList(g);
+        view.recentMenuCount = 0;
+
+        AddMRUFilePath(g, c.opened);
+        QStringList now;
+        for (int i = 1; i <= g.system.MRUCount; ++i)
+            now << g.system.MRUFilePath(i);
+        EXPECT_EQ(now, c.after) << c.name;
+        EXPECT_EQ(column(folder.path("VORNA.sdb"), "MRUList", "FilePath"), c.after) << c.name;
+        EXPECT_EQ(view.recentMenuCount, c.menuRebuilds) << c.name;
+    }
+}
 
 // Each program writes its whole list at once, so the last writer's list is what the next
 // start reads back, in its order.

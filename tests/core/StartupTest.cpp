@@ -4,39 +4,25 @@
 #include "frmAbout.h"
 #include "frmSplash.h"
 
-struct StartFailureCase
+// Started from elsewhere than the program folder, or without the language file, the start
+// ends with its English box.
+TEST_F(CoreTest, AMissingStartFileEndsTheStartWithItsEnglishBox)
 {
-    const char* name;
-    const char* removed; // nothing: the start is made from the project folder instead
-    const char* text;
-    const char* title;
-};
-
-class StartFailureTest : public CoreTest, public ::testing::WithParamInterface<StartFailureCase>
-{ };
-
-TEST_P(StartFailureTest, EndsTheStartWithItsEnglishBox)
-{
-    const StartFailureCase c = GetParam();
-    if (c.removed)
-        QFile::remove(folder.path(c.removed));
-    else
-        ChDir(folder.projectDir());
-    platform.expectBox(MsgBox::Critical, c.text, c.title);
-    try {
-        start();
-        FAIL() << "the start went on";
-    } catch (const ProcessEnded& e) {
-        EXPECT_NE(e.status, 0);
-    }
+    const auto expectEnd = [&](const char* text, const char* title) {
+        platform.expectBox(MsgBox::Critical, text, title);
+        try {
+            start();
+            ADD_FAILURE() << "the start went on";
+        } catch (const ProcessEnded& e) {
+            EXPECT_NE(e.status, 0);
+        }
+    };
+    ChDir(folder.projectDir());
+    expectEnd("ML system failed!\nFile [VORNA.set] not exist.", "ML system failed");
+    ChDir(folder.appPath());
+    QFile::remove(folder.path("VORNA.ml"));
+    expectEnd("ML System Error! \nFile [VORNA.ml] not found.", "ML System Error");
 }
-
-INSTANTIATE_TEST_SUITE_P(MissingFiles, StartFailureTest,
-    ::testing::Values(StartFailureCase {"StartedElsewhere", nullptr,
-                          "ML system failed!\nFile [VORNA.set] not exist.", "ML system failed"},
-        StartFailureCase {
-            "LanguageFile", "VORNA.ml", "ML System Error! \nFile [VORNA.ml] not found.", "ML System Error"}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(CoreTest, AMissingSystemDatabaseFailsAtTheRecentListWithoutABoxOfItsOwn)
 {
@@ -61,41 +47,35 @@ TEST_F(CoreTest, AFifthRecentRowIsASubscriptError)
     }
 }
 
-struct SplashWaitCase
+TEST_F(CoreTest, TheSplashWaitsForWholeSecondsOrAClick)
 {
-    const char* name;
-    int startMs;    // where in its second the wait begins
-    int clickAfter; // doEvents passes before a click; -1 for none
-    qint64 minWaitMs;
-    qint64 maxWaitMs;
-};
-
-class SplashWaitTest : public CoreTest, public ::testing::WithParamInterface<SplashWaitCase>
-{ };
-
-TEST_P(SplashWaitTest, WaitsForWholeSecondsOrAClick)
-{
-    const SplashWaitCase c = GetParam();
-    frmSplash splash(g);
-    splash.Form_Load();
-    platform.clock = QDateTime(QDate(2026, 11, 22), QTime(9, 30, 0, c.startMs));
-    platform.autoAdvanceMs = 10;
-    if (c.clickAfter >= 0)
+    struct Case
+    {
+        const char* name;
+        int startMs;    // where in its second the wait begins
+        int clickAfter; // doEvents passes before a click; -1 for none
+        qint64 minWaitMs;
+        qint64 maxWaitMs;
+    };
+    const Case cases[] = {{"start of a second", 0, -1, 3000, 3020}, {"end of a second", 990, -1, 2000, 2030},
+        {"clicked at once", 0, 1, 0, 40}};
+    for (const Case& c : cases) {
+        frmSplash splash(g);
+        splash.Form_Load();
+        platform.clock = QDateTime(QDate(2026, 11, 22), QTime(9, 30, 0, c.startMs));
+        platform.autoAdvanceMs = 10;
+        const int passes = platform.doEventsCount;
         platform.onDoEvents = [&] {
-            if (platform.doEventsCount == c.clickAfter)
+            if (platform.doEventsCount - passes == c.clickAfter)
                 splash.Label1_Click();
         };
-    const QDateTime begin = platform.clock;
-    WaitForSplash(g, [&] { return splash.clicked(); });
-    const qint64 waited = begin.msecsTo(platform.clock);
-    EXPECT_GE(waited, c.minWaitMs);
-    EXPECT_LE(waited, c.maxWaitMs);
+        const QDateTime begin = platform.clock;
+        WaitForSplash(g, [&] { return splash.clicked(); });
+        const qint64 waited = begin.msecsTo(platform.clock);
+        EXPECT_GE(waited, c.minWaitMs) << c.name;
+        EXPECT_LE(waited, c.maxWaitMs) << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Waits, SplashWaitTest,
-    ::testing::Values(SplashWaitCase {"StartOfASecond", 0, -1, 3000, 3020},
-        SplashWaitCase {"EndOfASecond", 990, -1, 2000, 2030}, SplashWaitCase {"ClickedAtOnce", 0, 1, 0, 40}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 // The splash's version line is English whatever the form table holds, and Label3, which has
 // no row, keeps its own caption; the about box appends the version to its caption from the table.

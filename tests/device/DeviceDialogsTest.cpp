@@ -1,6 +1,7 @@
 #include "CommUtil.h"
 #include "DeviceFixture.h"
 #include "DownloadTexts.h"
+#include "Golden.h"
 #include "SlaveIDEntry.h"
 #include "frmComPort.h"
 #include "frmCommSetting.h"
@@ -76,7 +77,8 @@ TEST_F(CommSettingTest, ADiallerThatDoesNotAnswerGoesOfflineWithoutTheDialog)
 // OK writes nothing unless the user changed something and agreed: with nothing changed it
 // closes at once, an "UnKnown" baud rate (a baud id without a row) is refused with a box that
 // closes the dialog too, and Cancel at the question keeps the dialog open with the change.
-TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
+// A write that the dialler takes says so and brings the link online.
+TEST_F(CommSettingTest, OKWritesOnlyAChangeTheUserConfirms)
 {
     struct Case
     {
@@ -94,6 +96,7 @@ TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
         {"unknown baud rate", 0x09, "UnKnown", "2",
             "通訊速率錯誤!\r\n通訊速率不得為 Unknown。\r\n請重新指定通訊速率!", MsgBox::OK, false},
         {"cancel at the question", 0x03, "9600", "2", nullptr, MsgBox::Cancel, true},
+        {"changed and confirmed", 0x03, "9600", "2", nullptr, MsgBox::OK, false},
     };
     for (const Case& c : cases) {
         answerLoad(1, c.settingByte);
@@ -106,6 +109,7 @@ TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
         EXPECT_EQ(form.cmbPortBaud.Text, QString::fromLatin1(c.shownBaud)) << c.name;
         EXPECT_EQ(form.cmbParityBit.Text, QStringLiteral("NONE"));
         const size_t written = platform.serial.written.size();
+        const bool writes = !c.box && c.answer == MsgBox::OK;
         platform.expectModal(form, [&](frmCommSetting& f) {
             if (c.typedSlaveID) {
                 f.txtSlaveID.Text = QString::fromLatin1(c.typedSlaveID);
@@ -115,6 +119,10 @@ TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
                 platform.expectBox(MsgBox::Critical, QString::fromUtf8(c.box), SettingTitle);
             else if (c.typedSlaveID)
                 platform.expectBox(MsgBox::OKCancel + MsgBox::Question, question, SettingTitle, c.answer);
+            if (writes) {
+                platform.serial.answer(WithCrc("F71000800002"));
+                platform.expectBox(MsgBox::OKOnly, QStringLiteral("設定報警機通訊參數成功!"), SettingTitle);
+            }
             f.CmdOK_Click();
             EXPECT_EQ(f.Visible, c.staysOpen) << c.name;
             if (f.Visible) {
@@ -123,8 +131,11 @@ TEST_F(CommSettingTest, OKWritesNothingWithoutAChangeAndAYes)
             }
         });
         platform.showModal(form);
-        EXPECT_EQ(platform.serial.written.size(), written) << c.name;
+        EXPECT_EQ(platform.serial.written.size(), written + (writes ? 1 : 0)) << c.name;
+        EXPECT_EQ(g.link.IsDeviceConnected, writes) << c.name;
     }
+    EXPECT_EQ(Hex(platform.serial.written.back().left(11)),
+        Hex(QByteArray::fromHex("F7100080000204000200") + '\x03'));
 }
 
 TEST_F(DeviceTest, ThePortListShowsEachNumbersDeviceAndThePortsNoNumberReaches)
@@ -144,27 +155,9 @@ TEST_F(DeviceTest, ThePortListShowsEachNumbersDeviceAndThePortsNoNumberReaches)
     for (const ListItem& row : form.lvPorts.ListItems)
         shown << (QStringList {row.Text} + QStringList(row.SubItems.begin(), row.SubItems.end())).join(u'|')
                 + (row.ForeColor == SystemColor::GrayText ? QStringLiteral(" (grey)") : QString());
-    const QStringList expected = {
-        "COM1|/dev/ttyUSB0|FT232R USB UART|A10K|usb-FTDI_FT232R_A10K-if00-port0",
-        "COM2|/dev/ttyUSB1|不存在|| (grey)",
-        "COM3|/dev/serial/by-id/usb-Prolific_PL2303-if00-port0|PL2303 Serial||usb-Prolific_PL2303-if00-port0",
-        "COM4|/dev/ttyUSB0|FT232R USB UART|A10K|usb-FTDI_FT232R_A10K-if00-port0",
-        "COM5|/tmp/dialler|||",
-        "COM6|/dev/ttyUSB5|不存在|| (grey)",
-        "COM7|/dev/ttyUSB6|不存在|| (grey)",
-        "COM8|/dev/ttyUSB7|不存在|| (grey)",
-        "COM9|/dev/ttyS0|不存在|| (grey)",
-        "COM10|/dev/ttyS1|不存在|| (grey)",
-        "COM11|/dev/ttyS2|不存在|| (grey)",
-        "COM12|/dev/ttyS3|||",
-        "COM13|/dev/ttyS4|不存在|| (grey)",
-        "COM14|/dev/ttyS5|不存在|| (grey)",
-        "COM15|/dev/ttyS6|不存在|| (grey)",
-        "COM16|/dev/ttyS7|不存在|| (grey)",
-        "COM18|/dev/ttyACM1|Modem|77|",
-        "無通訊埠編號: 請在 [Ports] 中指定|/dev/ttyUSB9|CH340||",
-    };
-    EXPECT_EQ(shown.join(u'\n').toStdString(), expected.join(u'\n').toStdString());
+    // Grey rows are numbers without a device; the path of a row comes from the profile's map,
+    // the run's own map or the number; a port that no number reaches closes the list.
+    ExpectGolden(QStringLiteral("device/golden/port-list.txt"), shown.join(u'\n') + u'\n');
     EXPECT_EQ(form.cmbCommPort.Text, QStringLiteral("COM4"));
     EXPECT_EQ(form.lvPorts.SelectedItem, 3);
 

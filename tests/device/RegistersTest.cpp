@@ -1,96 +1,53 @@
 #include <tuple>
-#include <vector>
 
-#include "CaseName.h"
 #include "CommUtil.h"
 #include "DeviceFixture.h"
 #include "DeviceRegisters.h"
 
-namespace {
-
-struct SettingCase
-{
-    const char* name;
-    int byte;
-    const char* parity;
-    int baudID;
-};
-
-const std::vector<SettingCase> SettingCases = {
-    {"odd", 0x81, "O", 1},
-    {"even", 0xC1, "E", 1},
-    {"none", 0x01, "N", 1},
-    {"none keeps seven bits of id", 0x7F, "N", 127},
-    {"odd keeps six bits of id", 0xBF, "O", 63},
-};
-
-class SettingByteTest : public DeviceTest, public ::testing::WithParamInterface<SettingCase>
-{ };
-
-} // namespace
-
 // Class 64 is T and 65 MT, exponent 0 gives 1; class 128 is BQ whatever the exponent, and
-// any other class is unknown.
-TEST(IdentityTest, NamesTheModelFromItsRegister)
+// any other class is unknown. The firmware text chooses the model's prefix.
+TEST(IdentityTest, NamesTheModelFromItsRegisters)
 {
     const std::tuple<int, int, const char*> models[]
         = {{64, 6, "RM64T"}, {65, 6, "RM64MT"}, {65, 0, "RM1MT"}, {128, 9, "BQ"}, {66, 6, "UnKnown"}};
     for (const auto& [high, low, code] : models)
         EXPECT_EQ(ModelCodeText(high, low).toStdString(), code) << high << " " << low;
-}
-
-// The serial number's odd order is checked through ReadDeviceComm below.
-TEST(IdentityTest, FirmwareChoosesThePrefix)
-{
-    EXPECT_EQ(FirmwareText(0x03, 0x01), QStringLiteral("0301"));
+    const std::tuple<int, int, const char*> firmwares[]
+        = {{0x03, 0x01, "KV570-"}, {0x04, 0x01, "KV470-"}, {0x30, 0x03, "KV470-"}, {0xAB, 0x0C, "KV470-"}};
+    for (const auto& [high, low, prefix] : firmwares)
+        EXPECT_EQ(ModelPrefix(FirmwareText(high, low)).toStdString(), prefix) << high << " " << low;
     EXPECT_EQ(FirmwareText(0xAB, 0x0C), QStringLiteral("AB0C"));
-    EXPECT_EQ(ModelPrefix(QStringLiteral("0301")), QStringLiteral("KV570-"));
-    EXPECT_EQ(ModelPrefix(QStringLiteral("0401")), QStringLiteral("KV470-"));
-    EXPECT_EQ(ModelPrefix(QStringLiteral("3003")), QStringLiteral("KV470-"));
 }
 
 // Read: the byte taken apart; write: the byte that the settings dialog's values make again.
-TEST_P(SettingByteTest, ParityAndBaudIDBothWays)
+TEST_F(DeviceTest, TheSettingByteHoldsParityAndBaudIDBothWays)
 {
-    const SettingCase& c = GetParam();
-    EXPECT_EQ(DecodeSettingByte(c.byte), (SettingByte {c.parity, c.baudID}));
-
-    AddRow(g.system.rsCommBaudList, {{"ModelName", "RM64T"}, {"BaudRate", "300"}, {"BaudID", c.baudID}});
-    platform.serial.answer(WithCrc("F71000800002"));
-    EXPECT_TRUE(WriteDeviceComm(g, QStringLiteral("KV470-rm64t"), QStringLiteral("5"), QStringLiteral("300"),
-        QString::fromLatin1(c.parity), false));
-    ASSERT_EQ(platform.serial.written.size(), 1u);
-    QByteArray frame = QByteArray::fromHex("F7100080000204000500");
-    frame.append(char(c.byte));
-    EXPECT_EQ(Hex(platform.serial.written[0].left(11)), Hex(frame));
+    const std::tuple<int, const char*, int> bytes[]
+        = {{0x81, "O", 1}, {0xC1, "E", 1}, {0x01, "N", 1}, {0x7F, "N", 127}, {0xBF, "O", 63}};
+    for (const auto& [byte, parity, baudID] : bytes) {
+        SCOPED_TRACE(byte);
+        EXPECT_EQ(DecodeSettingByte(byte), (SettingByte {parity, baudID}));
+        const QString rate = QString::number(100000 + baudID); // a row of its own for each id
+        AddRow(g.system.rsCommBaudList, {{"ModelName", "RM64T"}, {"BaudRate", rate}, {"BaudID", baudID}});
+        platform.serial.answer(WithCrc("F71000800002"));
+        EXPECT_TRUE(WriteDeviceComm(
+            g, QStringLiteral("KV470-rm64t"), QStringLiteral("5"), rate, QString::fromLatin1(parity), false));
+        QByteArray frame = QByteArray::fromHex("F7100080000204000500");
+        frame.append(char(byte));
+        EXPECT_EQ(Hex(platform.serial.written.back().left(11)), Hex(frame));
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, SettingByteTest, ::testing::ValuesIn(SettingCases),
-    [](const auto& info) { return CaseName(info.param.name); });
-
 // The model, the serial number in its odd order and the settings, under the busy box when
-// asked for; a baud id without a row reads as "UnKnown".
+// asked for. A baud id without a row is shown by the settings dialog's test.
 TEST_F(DeviceTest, ReadDeviceCommFillsTheRecord)
 {
-    struct Case
-    {
-        const char* model;
-        const char* settings;
-        DeviceInfo info;
-    };
-    const Case cases[] = {
-        {"F704024006", "F70304000500C3", {"RM64T", "", "07-08-0506-030401-02", "9600", "E", "5"}},
-        {"F704024106", "F7030400010009", {"RM64MT", "", "07-08-0506-030401-02", "UnKnown", "N", "1"}},
-    };
     ASSERT_TRUE(EnsureCommOpen(g, comm));
-    for (const Case& c : cases) {
-        platform.serial.answer(WithCrc(c.model));
-        platform.serial.answer(WithCrc("F704080102030405060708"));
-        platform.serial.answer(WithCrc(c.settings));
-        DeviceInfo info;
-        EXPECT_TRUE(ReadDeviceComm(g, info, &c == cases));
-        EXPECT_EQ(info, c.info);
-    }
+    for (const char* answer : {"F704024006", "F704080102030405060708", "F70304000500C3"})
+        platform.serial.answer(WithCrc(answer));
+    DeviceInfo info;
+    EXPECT_TRUE(ReadDeviceComm(g, info, true));
+    EXPECT_EQ(info, (DeviceInfo {"RM64T", "", "07-08-0506-030401-02", "9600", "E", "5"}));
     EXPECT_EQ(Hex(platform.serial.written.at(2)), Hex(WithCrc("F70300800002")));
     EXPECT_EQ(message.Caption, QStringLiteral("裝置通訊設定"));
     EXPECT_EQ(message.lblMessage.Caption, QStringLiteral("讀取裝置通訊設定中..."));

@@ -11,7 +11,7 @@
 // A flood on a bare pseudo-terminal into a port open and unread, the window's event loop
 // running as between two commands: what is kept stays bounded, and the send drops all of it,
 // the driver's queue included, before its request goes.
-TEST_F(PtyLinkTest, AFloodOnAnIdlePortStaysBoundedAndGoesBeforeTheNextSend)
+TEST_F(DevsimLinkTest, AFloodOnAnIdlePortStaysBoundedAndGoesBeforeTheNextSend)
 {
     const int master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
     grantpt(master);

@@ -1,6 +1,3 @@
-#include <vector>
-
-#include "CaseName.h"
 #include "CommPorts.h"
 #include "CommUtil.h"
 #include "DeviceFixture.h"
@@ -10,106 +7,72 @@ namespace {
 
 const QString CommError = QStringLiteral("Communicaiton Error");
 
-struct PortRangeCase
-{
-    const char* name;
-    int port;
-    bool ends;
-};
-
-const std::vector<PortRangeCase> PortRangeCases = {
-    {"port 0 ends the program", 0, true},
-    {"port 256 ends the program", 256, true},
-    {"a negative port ends the program", -1, true},
-    {"port 1 opens", 1, false},
-    {"port 255 opens", 255, false},
-};
-
-class PortRangeTest : public DeviceTest, public ::testing::WithParamInterface<PortRangeCase>
-{ };
-
-struct OpenFailureCase
-{
-    const char* name;
-    SerialLine::OpenFailure failure;
-    const char* advice;
-};
-
-const std::vector<OpenFailureCase> OpenFailureCases = {
-    {"absent", SerialLine::OpenFailure::NotFound, "plug in the serial adapter"},
-    {"no permission", SerialLine::OpenFailure::PermissionDenied, "dialout group"},
-    {"busy", SerialLine::OpenFailure::Busy, "modem manager"},
-};
-
-class OpenFailureTest : public DeviceTest, public ::testing::WithParamInterface<OpenFailureCase>
-{ };
-
 } // namespace
 
-TEST_P(PortRangeTest, ChecksThePortNumberBeforeOpening)
+// Port 0 is refused like 256 although the box speaks of 0 to 255; the program ends before
+// any open. 1 and 255 open at the fixed settings.
+TEST_F(DeviceTest, ChecksThePortNumberBeforeOpening)
 {
-    const PortRangeCase& c = GetParam();
-    g.link.CommPort = qint16(c.port);
-    if (c.ends) {
-        platform.expectBox(MsgBox::Critical,
-            "Unable to connect to VEK Controller.\r\nPlease check cable connection and communicaiton "
-            "parameter settings.",
-            CommError);
-        EXPECT_THROW(EnsureCommOpen(g, comm), ProcessEnded);
-        EXPECT_TRUE(platform.serial.openedPaths.empty());
-    } else {
-        EXPECT_TRUE(EnsureCommOpen(g, comm));
-        EXPECT_TRUE(comm.PortOpen());
-        EXPECT_EQ(platform.serial.openedSettings, (SerialSettings {9600, 'N', 8, 1}));
+    for (const auto& [port, ends] :
+        {std::pair {0, true}, {256, true}, {-1, true}, {1, false}, {255, false}}) {
+        SCOPED_TRACE(port);
+        CloseCommIfOpen(comm);
+        platform.serial.openedPaths.clear();
+        g.link.CommPort = qint16(port);
+        if (ends) {
+            platform.expectBox(MsgBox::Critical,
+                "Unable to connect to VEK Controller.\r\nPlease check cable connection and communicaiton "
+                "parameter settings.",
+                CommError);
+            EXPECT_THROW(EnsureCommOpen(g, comm), ProcessEnded);
+            EXPECT_TRUE(platform.serial.openedPaths.empty());
+        } else {
+            EXPECT_TRUE(EnsureCommOpen(g, comm));
+            EXPECT_EQ(platform.serial.openedSettings, (SerialSettings {9600, 'N', 8, 1}));
+        }
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Ports, PortRangeTest, ::testing::ValuesIn(PortRangeCases),
-    [](const auto& info) { return CaseName(info.param.name); });
-
-TEST_P(OpenFailureTest, SaysWhatToDoAndTriesAgainNextTime)
+// Each cause of a failed open says what to do; the program goes on, and the next operation
+// tries again.
+TEST_F(DeviceTest, AFailedOpenSaysWhatToDoAndTriesAgainNextTime)
 {
-    const OpenFailureCase& c = GetParam();
-    platform.serial.failOpen = c.failure;
-    platform.expectBoxWithAnyText(MsgBox::Critical, CommError);
-    EXPECT_FALSE(EnsureCommOpen(g, comm));
-    EXPECT_FALSE(comm.PortOpen());
-    const QString text = platform.boxTexts().at(0);
-    EXPECT_TRUE(text.startsWith("Unable to connect to Device.\r\nPlease check cable connection and "
-                                "communicaiton parameter settings.\r\n"))
-        << text.toStdString();
-    EXPECT_TRUE(text.contains(c.advice)) << text.toStdString();
-    EXPECT_TRUE(text.contains("/dev/ttyUSB0")) << text.toStdString();
-
-    platform.serial.failOpen = SerialLine::OpenFailure::None;
-    EXPECT_TRUE(EnsureCommOpen(g, comm));
-    EXPECT_EQ(platform.serial.openedPaths.size(), 2u);
+    const std::pair<SerialLine::OpenFailure, const char*> causes[] = {
+        {SerialLine::OpenFailure::NotFound, "請接上序列埠轉接器"},
+        {SerialLine::OpenFailure::PermissionDenied, "dialout 群組"},
+        {SerialLine::OpenFailure::Busy, "數據機管理程式"},
+    };
+    for (const auto& [failure, advice] : causes) {
+        SCOPED_TRACE(advice);
+        CloseCommIfOpen(comm);
+        platform.events.clear();
+        platform.serial.failOpen = failure;
+        platform.expectBoxWithAnyText(MsgBox::Critical, CommError);
+        EXPECT_FALSE(EnsureCommOpen(g, comm));
+        EXPECT_FALSE(comm.PortOpen());
+        const QString text = platform.boxTexts().at(0);
+        EXPECT_TRUE(text.startsWith("Unable to connect to Device.\r\nPlease check cable connection and "
+                                    "communicaiton parameter settings.\r\n"))
+            << text.toStdString();
+        EXPECT_TRUE(text.contains(advice) && text.contains("/dev/ttyUSB0")) << text.toStdString();
+        platform.serial.failOpen = SerialLine::OpenFailure::None;
+        EXPECT_TRUE(EnsureCommOpen(g, comm));
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Causes, OpenFailureTest, ::testing::ValuesIn(OpenFailureCases),
-    [](const auto& info) { return CaseName(info.param.name); });
-
-// COM1 to COM8 are the USB adapters, COM9 to COM16 the built-in ports, COM17 on the ACM devices.
+// COM1 to COM8 are the USB adapters, COM9 to COM16 the built-in ports, COM17 on the ACM
+// devices; a port is given as a number, a COM name or a device path, and anything else is
+// refused without a change.
 TEST(CommPortsTest, MapsPortNumbersToDevices)
 {
-    const std::pair<int, const char*> paths[] = {{1, "/dev/ttyUSB0"}, {8, "/dev/ttyUSB7"}, {9, "/dev/ttyS0"},
-        {16, "/dev/ttyS7"}, {17, "/dev/ttyACM0"}};
-    for (const auto& [port, path] : paths)
-        EXPECT_EQ(CommPortPath(LinkState(), port).toStdString(), path) << port;
-}
-
-TEST(CommPortsTest, APortIsGivenAsANumberOrADevicePath)
-{
+    const std::pair<const char*, const char*> ports[] = {{"1", "/dev/ttyUSB0"}, {"COM8", "/dev/ttyUSB7"},
+        {"9", "/dev/ttyS0"}, {"16", "/dev/ttyS7"}, {"com17", "/dev/ttyACM0"}, {"12", "/dev/ttyS3"},
+        {"/dev/ttyACM1", "/dev/ttyACM1"}, {"printer", "/dev/ttyACM1"}};
     LinkState link;
-    EXPECT_TRUE(SetCommPort(link, QStringLiteral("com3")));
-    EXPECT_EQ(CommDevicePath(link), QStringLiteral("/dev/ttyUSB2"));
-    EXPECT_TRUE(SetCommPort(link, QStringLiteral("/dev/ttyACM1")));
-    EXPECT_EQ(CommDevicePath(link), QStringLiteral("/dev/ttyACM1"));
-    EXPECT_TRUE(SetCommPort(link, QStringLiteral("12")));
-    EXPECT_EQ(link.CommPort, 12);
-    EXPECT_EQ(CommDevicePath(link), QStringLiteral("/dev/ttyS3"));
-    EXPECT_FALSE(SetCommPort(link, QStringLiteral("printer")));
-    EXPECT_EQ(link.CommPort, 12);
+    for (const auto& [given, path] : ports) {
+        EXPECT_EQ(SetCommPort(link, QString::fromLatin1(given)), QByteArray(given) != "printer") << given;
+        EXPECT_EQ(CommDevicePath(link).toStdString(), path) << given;
+    }
 }
 
 // A port mapped for the run only comes first and is never written back.
@@ -138,25 +101,19 @@ TEST_F(DeviceTest, TheProfileKeepsThePortMapAndTheCodePage)
     EXPECT_EQ(platform.serial.openedPaths.back(), QStringLiteral("/tmp/dialler"));
 }
 
+// A receive of nothing ends at once; half a frame ends the silent time-out after its last byte.
 TEST_F(DeviceTest, TheSilentTimeOutRunsFromTheLastByte)
 {
     ASSERT_TRUE(EnsureCommOpen(g, comm));
+    CommBuffer rsp(7);
     const QDateTime start = platform.clock;
+    EXPECT_EQ(ReceiveDataUseHandshaking(g, comm, rsp, 0, 2), 0);
+    EXPECT_EQ(platform.clock, start);
     platform.serial.answerInChunks({{0, QByteArray::fromHex("F704")}, {1500, QByteArray::fromHex("02")}});
     SendDataUseHandshaking(g, comm, Buffer(QByteArray::fromHex("F70400000001"), 6), 6);
-    CommBuffer rsp(7);
     EXPECT_EQ(ReceiveDataUseHandshaking(g, comm, rsp, 7, 2), 3);
     // The last byte came at 1.5 s; more than two whole seconds later is at 4 s.
     EXPECT_GE(platform.clock, start.addMSecs(4000));
     EXPECT_LT(platform.clock, start.addMSecs(4100));
     EXPECT_EQ(rsp(3), 0x02);
-}
-
-TEST_F(DeviceTest, AReceiveOfNothingEndsAtOnce)
-{
-    ASSERT_TRUE(EnsureCommOpen(g, comm));
-    const QDateTime start = platform.clock;
-    CommBuffer rsp(7);
-    EXPECT_EQ(ReceiveDataUseHandshaking(g, comm, rsp, 0, 2), 0);
-    EXPECT_EQ(platform.clock, start);
 }

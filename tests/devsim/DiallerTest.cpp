@@ -1,10 +1,10 @@
-#include <QJsonArray>
 #include <QJsonDocument>
 
 #include <gtest/gtest.h>
 
 #include "Dialler.h"
 #include "Frames.h"
+#include "Golden.h"
 #include "Options.h"
 
 using namespace devsim;
@@ -22,12 +22,6 @@ QByteArray Answer(Dialler& dialler, const QByteArray& request)
         out += reply.bytes;
     return out;
 }
-
-// The record frames of the image builder with their CRC as it computes it: the phone-book
-// record, and the alarm text AB of zone 3 to all groups, in Unicode and in 8 bits.
-const QByteArray PhoneBookFrame = QByteArray::fromHex("F75043020E00020A02303931323334353637388A65");
-const QByteArray UnicodeMessageFrame = QByteArray::fromHex("F7505304084100040000410042B490");
-const QByteArray ByteMessageFrame = QByteArray::fromHex("F7505304064000020041422CCB");
 
 // Records whose length bytes disagree with their contents: a number of 9 digits under a
 // length of 0x0E, and a text of two bytes with one byte more in the frame.
@@ -86,68 +80,65 @@ TEST(DiallerTest, AnswersAsTheDevice)
     }
 }
 
-// The records of the image builder as the dump shows them, frames without their CRC. The 8-bit
-// form of the same text replaces the record of the same number, and an 8-bit text in the code
-// page of the dialler's users is dumped readable.
-TEST(DiallerTest, KeepsTheRecordsOfTheImageBuilder)
+struct SessionCase
 {
-    Dialler dialler {DiallerSettings {}};
-    const auto records = [&dialler] {
-        const QJsonObject json = dialler.toJson();
-        return QString::fromUtf8(QJsonDocument(QJsonArray {json["phoneBook"], json["shortMessages"]})
-                                     .toJson(QJsonDocument::Compact))
-            .toStdString();
-    };
-    EXPECT_EQ(Answer(dialler, PhoneBookFrame), Sealed("F7504302"));
-    EXPECT_EQ(Answer(dialler, UnicodeMessageFrame), Sealed("F7505304"));
-    EXPECT_EQ(dialler.memory().phoneBook().at(2).spare, 2);
-    const std::string phoneBook = R"([{"data":"30393132333435363738","disabled":false,"flags":0,)"
-                                  R"("frame":"F75043020E00020A0230393132333435363738","group":2,"number":2,)"
-                                  R"("phoneNumber":"0912345678"}])";
-    EXPECT_EQ(records(),
-        "[" + phoneBook
-            + R"(,[{"data":"00410042","disabled":false,"flags":65,)"
-              R"("frame":"F7505304084100040000410042","group":0,"number":4,"text":"AB",)"
-              R"("unicode":true}]])");
-    EXPECT_EQ(Answer(dialler, ByteMessageFrame), Sealed("F7505304"));
-    EXPECT_EQ(Answer(dialler, Sealed("F75053420840000400C4B5B3F8")), Sealed("F7505342"));
-    EXPECT_EQ(dialler.memory().usedBytes(), 14 + 6 + 8);
-    EXPECT_EQ(records(),
-        "[" + phoneBook
-            + R"(,[{"data":"4142","disabled":false,"flags":64,)"
-              R"("frame":"F750530406400002004142","group":0,"number":4,"text":"AB","unicode":false},)"
-              R"({"data":"C4B5B3F8","disabled":false,"flags":64,"frame":"F75053420840000400C4B5B3F8",)"
-              R"("group":0,"number":66,"text":"警報","unicode":false}]])");
+    const char* name;
+    QStringList options;
+    std::vector<QByteArray> frames; // as they go on the line
+};
+
+// The record frames of the image builder with their CRC as it computes it: the phone-book
+// record, and the alarm text AB of zone 3 to all groups, in Unicode and in 8 bits; then the
+// alarm text of zone 65 in the dialler users' code page.
+const QByteArray PhoneBookFrame = QByteArray::fromHex("F75043020E00020A02303931323334353637388A65");
+const QByteArray UnicodeMessageFrame = QByteArray::fromHex("F7505304084100040000410042B490");
+const QByteArray ByteMessageFrame = QByteArray::fromHex("F7505304064000020041422CCB");
+const QByteArray ChineseMessageFrame = Sealed("F75053420840000400C4B5B3F8");
+
+// The Unicode form of a text replaces the 8-bit record of the same number; each erase clears its own
+// store only; SW2 off answers nothing but counts; a retry sends the same record again and
+// keeps its number, so a record struck on its first attempt only differs from one struck on all.
+const SessionCase SessionCases[] = {
+    {"records of the image builder", {},
+        {PhoneBookFrame, ByteMessageFrame, UnicodeMessageFrame, ChineseMessageFrame}},
+    {"erases", {},
+        {PhoneBookFrame, UnicodeMessageFrame, Sealed("F75050FF"), ChineseMessageFrame, Sealed("F75040FF"),
+            Sealed("F75040FF")}},
+    {"sw2 off", {"--sw2-off"}, {Sealed(Probe), PhoneBookFrame}},
+    {"records named across retries", {"--drop-response", "@record:1x1,record:2"},
+        {Sealed("F75040FF"), PhoneBookFrame, PhoneBookFrame, ByteMessageFrame, ByteMessageFrame,
+            ByteMessageFrame}},
+};
+
+QString Numbers(const std::map<int, StoredRecord>& records)
+{
+    QStringList numbers;
+    for (const auto& [number, record] : records)
+        numbers << QStringLiteral("%1/%2").arg(number).arg(record.spare);
+    return numbers.join(u' ');
 }
 
-TEST(DiallerTest, ErasesAreKeptApartAndCounted)
+// Each request with its answer and the two stores after it (number/spare byte), then the dump.
+TEST(DiallerTest, KeepsRecordsAndCountsAsTheDumpShows)
 {
-    Dialler dialler {DiallerSettings {}};
-    Answer(dialler, PhoneBookFrame);
-    Answer(dialler, UnicodeMessageFrame);
-    Answer(dialler, Sealed("F75050FF"));
-    EXPECT_EQ(dialler.memory().phoneBook().size(), 1u);
-    EXPECT_TRUE(dialler.memory().shortMessages().empty());
-    Answer(dialler, Sealed("F75040FF"));
-    Answer(dialler, Sealed("F75040FF"));
-    EXPECT_TRUE(dialler.memory().phoneBook().empty());
-
-    const QJsonObject erases = dialler.toJson()["erases"].toObject();
-    EXPECT_EQ(erases["phoneBook"].toInt(), 2);
-    EXPECT_EQ(erases["shortMessages"].toInt(), 1);
-}
-
-TEST(DiallerTest, SilentWithSw2OffButCounts)
-{
-    DiallerSettings settings;
-    settings.sw2On = false;
-    Dialler dialler(settings);
-    EXPECT_TRUE(Answer(dialler, Sealed(Probe)).isEmpty());
-    EXPECT_TRUE(Answer(dialler, PhoneBookFrame).isEmpty());
-    EXPECT_TRUE(dialler.memory().phoneBook().empty());
-    const QJsonObject requests = dialler.toJson()["requests"].toObject();
-    EXPECT_EQ(requests["received"].toInt(), 2);
-    EXPECT_EQ(requests["answered"].toInt(), 0);
+    QString text;
+    for (const SessionCase& c : SessionCases) {
+        Options options;
+        QString message;
+        ASSERT_EQ(ParseOptions(QStringList {"vorna-devsim"} + c.options, options, message), ParseResult::Run);
+        Dialler dialler(options.dialler);
+        text += QStringLiteral("== %1\n").arg(QString::fromLatin1(c.name));
+        for (const QByteArray& frame : c.frames) {
+            const QByteArray answer = Answer(dialler, frame);
+            text += QStringLiteral("%1 -> %2 | phone book [%3] messages [%4] %5 bytes\n")
+                        .arg(QString::fromLatin1(frame.toHex().toUpper()),
+                            QString::fromLatin1(answer.isEmpty() ? "-" : answer.toHex().toUpper()),
+                            Numbers(dialler.memory().phoneBook()), Numbers(dialler.memory().shortMessages()))
+                        .arg(dialler.memory().usedBytes());
+        }
+        text += QString::fromUtf8(QJsonDocument(dialler.toJson()).toJson(QJsonDocument::Indented));
+    }
+    ExpectGolden(QStringLiteral("devsim/golden/dialler-sessions.txt"), text);
 }
 
 } // namespace

@@ -94,20 +94,6 @@ TEST(DiallerTest, RatesAreRepeatableBySeed)
     EXPECT_NE(Struck(0.5, 8), half);
 }
 
-TEST(DiallerTest, HangsUpAfterTheChosenRecord)
-{
-    DiallerSettings settings;
-    settings.closeAfterRecord = 2;
-    Dialler dialler(settings);
-    EXPECT_FALSE(dialler.receive(Sealed("F75040FF"), 0)[0].closeLine);
-    EXPECT_FALSE(dialler.receive(Record, 1'000'000)[0].closeLine);
-    const std::vector<Reply> second = dialler.receive(Sealed("F750530406400002004142"), 2'000'000);
-    ASSERT_EQ(second.size(), 1u);
-    EXPECT_TRUE(second[0].closeLine);
-    EXPECT_EQ(second[0].bytes, Sealed("F7505304"));
-    EXPECT_TRUE(dialler.receive(Sealed(Probe), 3'000'000).empty());
-}
-
 TEST(DiallerTest, FaultSelectors)
 {
     EXPECT_EQ(ParseFaultSelector("0.25"), (FaultSelector {0.25, {}, {}}));
@@ -117,25 +103,6 @@ TEST(DiallerTest, FaultSelectors)
     for (const char* bad : {"1.5", "-0.1", "@0", "@", "@3,", "often", "@record:", "@record:0", "@record:2x0",
              "@record:2x", "@record:2x1x1", "@records:2"})
         EXPECT_FALSE(ParseFaultSelector(bad)) << bad;
-}
-
-// A retry sends the same record again and keeps its number: the first record is struck on
-// its first attempt only, the second on every attempt, and the erase is no record.
-TEST(DiallerTest, RecordsAreNamedAcrossRetries)
-{
-    DiallerSettings settings;
-    settings.faults[int(Fault::DropResponse)] = *ParseFaultSelector("@record:1x1,record:2");
-    Dialler dialler(settings);
-    const QByteArray message = Sealed("F750530406400002004142");
-    const QByteArray sent[] = {Sealed("F75040FF"), Record, Record, message, message, message};
-    QStringList answered;
-    for (const QByteArray& frame : sent)
-        answered << (dialler.receive(frame, dialler.requestCount() * 1'000'000).empty() ? "-" : "answer");
-    EXPECT_EQ(answered, (QStringList {"answer", "-", "answer", "-", "-", "-"}));
-    QStringList recordAttempts;
-    for (const QJsonValue& entry : dialler.toJson()["log"].toArray())
-        recordAttempts << QStringLiteral("%1/%2").arg(entry["record"].toInt()).arg(entry["attempt"].toInt());
-    EXPECT_EQ(recordAttempts, (QStringList {"0/0", "1/1", "1/2", "2/1", "2/2", "2/3"}));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include <cerrno>
+#include <vector>
 
 #include <modbus.h>
 
@@ -41,26 +42,23 @@ TEST_F(ModbusTest, ReadsAndWritesTheRegisters)
 {
     uint16_t input[12] = {};
     ASSERT_EQ(modbus_read_input_registers(m_modbus, 0x0000, 6, input), 6) << modbus_strerror(errno);
-    const uint16_t identity[6] = {0x4106, 0x0412, 0xA1B2, 0xC3D4, 0xE5F6, 0x0718};
-    for (int i = 0; i < 6; ++i)
-        EXPECT_EQ(input[i], identity[i]) << i;
+    EXPECT_EQ(std::vector(input, input + 6),
+        (std::vector<uint16_t> {0x4106, 0x0412, 0xA1B2, 0xC3D4, 0xE5F6, 0x0718}));
     ASSERT_EQ(modbus_read_input_registers(m_modbus, 0x0006, 6, input + 6), 6) << modbus_strerror(errno);
 
     uint16_t holding[3] = {};
     ASSERT_EQ(modbus_read_registers(m_modbus, 0x0080, 3, holding), 3) << modbus_strerror(errno);
-    EXPECT_EQ(holding[0], 9);
-    EXPECT_EQ(holding[1], 0x81);
-    EXPECT_EQ(holding[2], 0xFFFF);
+    EXPECT_EQ(std::vector(holding, holding + 3), (std::vector<uint16_t> {9, 0x81, 0xFFFF}));
     const uint16_t settings[2] = {5, 0xC3};
     ASSERT_EQ(modbus_write_registers(m_modbus, 0x0080, 2, settings), 2) << modbus_strerror(errno);
     ASSERT_EQ(modbus_read_registers(m_modbus, 0x0080, 2, holding), 2) << modbus_strerror(errno);
-    EXPECT_EQ(holding[0], 5);
-    EXPECT_EQ(holding[1], 0xC3);
+    EXPECT_EQ(std::vector(holding, holding + 2), (std::vector<uint16_t> {5, 0xC3}));
 
     uint8_t bits[64] = {};
     ASSERT_EQ(modbus_read_bits(m_modbus, 0, 64, bits), 64) << modbus_strerror(errno);
-    for (int i = 0; i < 64; ++i)
-        EXPECT_EQ(bits[i], (i == 0 || i == 2 || i == 63) ? 1 : 0) << i;
+    std::vector<uint8_t> alarms(64, 0);
+    alarms[0] = alarms[2] = alarms[63] = 1;
+    EXPECT_EQ(std::vector(bits, bits + 64), alarms);
 
     // Request 7: an address outside the map comes back as libmodbus's own exception.
     EXPECT_EQ(modbus_read_input_registers(m_modbus, 0x000C, 1, input), -1);

@@ -1,50 +1,35 @@
 #include <string>
 
 #include <QComboBox>
-#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "MainWindowView.h"
 #include "ProjectRows.h"
-#include "ProjectTreeModel.h"
 
 namespace {
 
 // The template project with two more groups and three contacts, in the real window.
-class ContextMenuViewTest : public VornaWindowTest
+class ContextMenuViewTest : public ProjectWindowTest
 {
 protected:
     ContextMenuViewTest()
     {
-        openTemplateProject();
-        AddGroupRow(vorna.g.project, QStringLiteral("Night"));
-        AddGroupRow(vorna.g.project, QStringLiteral("Day"));
-        AddUserRow(vorna.g.project, QStringLiteral("Ann"), QStringLiteral("UserGroup1"));
-        AddUserRow(vorna.g.project, QStringLiteral("Bob"), QStringLiteral("UserGroup1"));
-        AddUserRow(vorna.g.project, QStringLiteral("Cid"), QStringLiteral("Night"));
+        AddGroupRow(vorna.g.project, "Night");
+        AddGroupRow(vorna.g.project, "Day");
+        AddUserRow(vorna.g.project, "Ann", "UserGroup1");
+        AddUserRow(vorna.g.project, "Bob", "UserGroup1");
+        AddUserRow(vorna.g.project, "Cid", "Night");
         vorna.mainForm.RefreshFormObj();
-        tree->expand(node(QStringLiteral("Users")));
-        tree->expand(node(QStringLiteral("UserGroups")));
+        tree->expand(node("Users"));
+        tree->expand(node("UserGroups"));
     }
 
-    QModelIndex node(const QString& tag) const
-    {
-        return window->treeModel()->indexOfNode(FindNodeByTag(vorna.mainForm, tag));
-    }
-
-    // Selects the node by the left button, then presses and releases the right one on it.
+    // Selects the node by the left button, then clicks the right one on it.
     QMenu* rightClick(const QString& tag)
     {
-        const QPoint at = tree->visualRect(node(tag)).center();
-        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, at);
-        QTest::mouseClick(tree->viewport(), Qt::RightButton, {}, at);
-        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        click(Qt::LeftButton, tag);
+        return click(Qt::RightButton, tag);
     }
 
     // The captions of the menu's visible entries, "|" between.
@@ -84,23 +69,19 @@ protected:
             lines << b.data().toString();
             for (int row = 0; row < model->rowCount(b); ++row) {
                 const QModelIndex n = model->index(row, 0, b);
-                QString line = QStringLiteral("  ") + n.data().toString();
+                QString line = "  " + n.data().toString();
                 if (QLatin1String(branch) == QLatin1String("UserGroups")) {
                     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(n).center());
                     QStringList members;
                     for (int r = 0; r < list->model()->rowCount(); ++r)
                         members << list->model()->index(r, 0).data().toString();
-                    line += QStringLiteral(": ") + members.join(QStringLiteral(", "));
+                    line += ": " + members.join(", ");
                 }
                 lines << line;
             }
         }
         return lines.join(u'\n').toStdString();
     }
-
-    MainWindowView* window = vorna.mainView();
-    QTreeView* tree = child<QTreeView>(window, "tvProjectContent");
-    QTreeView* list = child<QTreeView>(window, "lvNodeContent");
 };
 
 } // namespace
@@ -109,22 +90,22 @@ protected:
 // the first group's members, and deletes a contact by the Delete key.
 TEST_F(ContextMenuViewTest, RightClicksEditMembershipsAndDeleteDeletesAContact)
 {
-    QMenu* menu = rightClick(QStringLiteral("Users,Ann"));
+    QMenu* menu = rightClick("Users,Ann");
     ASSERT_NE(menu, nullptr) << "a right click on a contact pops a menu up";
     EXPECT_EQ(
         entries(menu), "New Contact...|Delete Contact [Ann]|Edit Contact [Ann]...|Add to Contact Group...");
-    choose(menu, "mnuProjConentAddGroup", "cmbUserGroups", QStringLiteral("Night"));
+    choose(menu, "mnuProjConentAddGroup", "cmbUserGroups", "Night");
 
-    menu = rightClick(QStringLiteral("UserGroups,Day"));
+    menu = rightClick("UserGroups,Day");
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(entries(menu),
         "New Contact Group...|Delete Contact Group [Day]|Edit Contact Group [Day]...|Add Existing "
         "Contacts...|Move to Another Group...");
-    choose(menu, "mnuProjConentAddUser", "cmbAddUser", QStringLiteral("Cid"));
+    choose(menu, "mnuProjConentAddUser", "cmbAddUser", "Cid");
 
-    menu = rightClick(QStringLiteral("UserGroups,UserGroup1"));
+    menu = rightClick("UserGroups,UserGroup1");
     ASSERT_NE(menu, nullptr);
-    choose(menu, "mnuProjConentMoveUser", "cmbMoveGroup", QStringLiteral("Day"));
+    choose(menu, "mnuProjConentMoveUser", "cmbMoveGroup", "Day");
 
     // The keys open the same menu on the selected node, and Escape closes it.
     QTest::keyClick(tree, Qt::Key_F10, Qt::ShiftModifier);
@@ -134,7 +115,7 @@ TEST_F(ContextMenuViewTest, RightClicksEditMembershipsAndDeleteDeletesAContact)
     QTest::keyClick(menu, Qt::Key_Escape);
 
     // On the list, a row's menu is its contact's; the empty part below the rows has the list's own.
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(node("Users")).center());
+    click(Qt::LeftButton, "Users");
     QTest::mouseClick(
         list->viewport(), Qt::RightButton, {}, list->visualRect(list->model()->index(0, 0)).center());
     menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -148,7 +129,7 @@ TEST_F(ContextMenuViewTest, RightClicksEditMembershipsAndDeleteDeletesAContact)
     EXPECT_EQ(entries(menu), "New Contact...");
     QTest::keyClick(menu, Qt::Key_Escape);
 
-    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(node("Users,Bob")).center());
+    click(Qt::LeftButton, "Users,Bob");
     QString asked;
     atNextModal([&asked](QWidget* box) {
         asked = box->windowTitle();

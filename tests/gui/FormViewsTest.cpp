@@ -1,22 +1,14 @@
 #include <QClipboard>
-#include <QDir>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabWidget>
-#include <QTest>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
 
 #include "FormBinder.h"
 #include "FormView.h"
 #include "GuiApp.h"
-#include "QtPlatform.h"
-#include "TestFolder.h"
-#include "VornaApp.h"
 
 namespace {
 
@@ -46,7 +38,7 @@ QStringList shownTexts(const QObject* w)
     QStringList texts;
     for (const char* property : {"text", "title", "plainText", "currentText"})
         if (const QVariant text = w->property(property); text.isValid())
-            texts << text.toString().replace(u'\n', QStringLiteral("\r\n"));
+            texts << text.toString().replace(u'\n', "\r\n");
     if (const auto* tabs = qobject_cast<const QTabWidget*>(w))
         for (int i = 0; i < tabs->count(); ++i)
             texts << tabs->tabText(i);
@@ -61,7 +53,7 @@ QStringList shownTexts(const QObject* w)
 class frmSample : public FormModel
 {
 public:
-    QString formName() const override { return QStringLiteral("frmSample"); }
+    QString formName() const override { return "frmSample"; }
     Frame fraPort {*this, "fraPort"};
     TabStrip sstPages {*this, "sstPages"};
     TextBox txtLine {*this, "txtLine"};
@@ -94,8 +86,8 @@ struct SampleView
 TEST(FormBinderTest, AFrameAndATabStripShowTheirCaptions)
 {
     SampleView v;
-    v.form.fraPort.Caption = QStringLiteral("Port");
-    v.form.sstPages.TabCaptions = {QStringLiteral("Line"), QStringLiteral("Dialler")};
+    v.form.fraPort.Caption = "Port";
+    v.form.sstPages.TabCaptions = {"Line", "Dialler"};
     v.binder.paint();
     EXPECT_EQ(shownTexts(&v.frame), controlTexts(v.form.fraPort));
     EXPECT_EQ(shownTexts(&v.tabs), controlTexts(v.form.sstPages));
@@ -187,7 +179,7 @@ TEST_F(FormViewsTest, TheSplashEndsItsWaitOnlyOnTheControlsThatTakeAClick)
     for (const Case& c : cases) {
         vorna.splash.Unload();
         platform.showModeless(vorna.splash);
-        QWidget* window = platform.existingView(QStringLiteral("frmSplash"))->widget();
+        QWidget* window = platform.existingView("frmSplash")->widget();
         QWidget* target = window->objectName() == QLatin1String(c.control)
             ? window
             : window->findChild<QWidget*>(QString::fromLatin1(c.control));
@@ -206,9 +198,7 @@ TEST_F(FormViewsTest, EscapeClosesTheAboutBoxWhichLoadsAfreshAtEachShowing)
         platform.showModal(vorna.about);
         EXPECT_FALSE(vorna.about.isLoaded()) << "closing the box unloads it";
     }
-    const auto* version = platform.existingView(QStringLiteral("frmAbout"))
-                              ->widget()
-                              ->findChild<QLabel*>(QStringLiteral("lblVersion"));
+    const auto* version = platform.existingView("frmAbout")->widget()->findChild<QLabel*>("lblVersion");
     ASSERT_NE(version, nullptr);
     EXPECT_EQ(version->text().count(u'.'), 2)
         << "the version is appended once: " << version->text().toStdString();

@@ -1,15 +1,23 @@
 #pragma once
 
 #include <functional>
+#include <memory>
+#include <vector>
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QMenu>
+#include <QPointer>
+#include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 #include <gtest/gtest.h>
 
+#include "MainWindowView.h"
 #include "ProjectFiles.h"
+#include "ProjectTreeModel.h"
 #include "QtPlatform.h"
 #include "TestFolder.h"
 #include "VORNAUtil.h"
@@ -35,21 +43,41 @@ template<class W> W* child(QWidget* window, const char* name)
     return w;
 }
 
-// Plays the user at the next modal window: waits for it to come up, then hands it over.
-// The action must close it, or the test hangs where a user would be left looking at it.
-inline void atNextModal(std::function<void(QWidget*)> action)
+// Plays the user at each modal window in turn, in the order given: a window is handed over
+// once, when it comes up, and its action must close it, or the test hangs where a user would
+// be left looking at it.
+inline void atModals(std::vector<std::function<void(QWidget*)>> actions)
 {
+    struct Play
+    {
+        std::vector<std::function<void(QWidget*)>> actions;
+        size_t next = 0;
+        QPointer<QWidget> handled {};
+    };
+    auto play = std::make_shared<Play>(Play {std::move(actions)});
     auto* poll = new QTimer;
     poll->setInterval(10);
-    QObject::connect(poll, &QTimer::timeout, [poll, action] {
+    QObject::connect(poll, &QTimer::timeout, [poll, play] {
         QWidget* modal = QApplication::activeModalWidget();
-        if (!modal || !modal->isVisible())
+        if (play->handled && !play->handled->isVisible())
+            play->handled = nullptr;
+        if (!modal || !modal->isVisible() || modal == play->handled)
             return;
-        poll->stop();
-        poll->deleteLater();
-        action(modal);
+        play->handled = modal;
+        // Stopped before the last action runs: a window that it opens belongs to the player
+        // that the action itself starts.
+        if (play->next + 1 == play->actions.size()) {
+            poll->stop();
+            poll->deleteLater();
+        }
+        play->actions[play->next++](modal);
     });
     poll->start();
+}
+
+inline void atNextModal(std::function<void(QWidget*)> action)
+{
+    atModals({std::move(action)});
 }
 
 // The program started in a fresh installation, its main window shown, the splash's wait skipped.
@@ -57,19 +85,27 @@ class VornaWindowTest : public ::testing::Test
 {
 protected:
     VornaWindowTest()
-        : platform(QDir(folder.root()).filePath(QStringLiteral("settings.ini")))
+        : platform(QDir(folder.root()).filePath("settings.ini"))
         , vorna(platform)
     {
         guiApp();
         vorna.Main({folder.appPath(), false});
     }
-    ~VornaWindowTest() override { InstallToolkitTranslation(QStringLiteral("English")); }
+    ~VornaWindowTest() override { InstallToolkitTranslation("English"); }
 
+    // Opens the menu, which sets its entries up, and chooses the entry, which must be enabled.
+    void chooseMenu(const char* menu, const char* entry)
+    {
+        QMetaObject::invokeMethod(child<QMenu>(vorna.mainView(), menu), "aboutToShow");
+        auto* action = child<QAction>(vorna.mainView(), entry);
+        ASSERT_TRUE(action && action->isEnabled()) << entry;
+        action->trigger();
+    }
     // Opens a copy of the shipped template as the project Site.cmb.
     void openTemplateProject()
     {
-        const QString cmb = QDir(folder.projectDir()).filePath(QStringLiteral("Site.cmb"));
-        ASSERT_TRUE(QFile::copy(folder.path(QStringLiteral("RM64.mdb")), cmb));
+        const QString cmb = QDir(folder.projectDir()).filePath("Site.cmb");
+        ASSERT_TRUE(QFile::copy(folder.path("RM64.mdb"), cmb));
         ASSERT_TRUE(OpenProject(vorna.g, cmb));
     }
     // Opens the editor of the tree node with the tag, as a double click does, the user at the
@@ -85,4 +121,28 @@ protected:
     TestFolder folder;
     QtPlatform platform;
     VornaApp vorna;
+};
+
+// The started program with the template project open (one group, no contact, zones 0 to 63),
+// its tree and list at hand.
+class ProjectWindowTest : public VornaWindowTest
+{
+protected:
+    ProjectWindowTest() { openTemplateProject(); }
+
+    QModelIndex node(const QString& tag) const
+    {
+        return window->treeModel()->indexOfNode(FindNodeByTag(vorna.mainForm, tag));
+    }
+    // A press and release of the button on the node; the menu that it pops up, if any.
+    QMenu* click(Qt::MouseButton button, const QString& tag)
+    {
+        const QPoint at = tree->visualRect(node(tag)).center();
+        QTest::mouseClick(tree->viewport(), button, {}, at);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    }
+
+    MainWindowView* window = vorna.mainView();
+    QTreeView* tree = child<QTreeView>(window, "tvProjectContent");
+    QTreeView* list = child<QTreeView>(window, "lvNodeContent");
 };

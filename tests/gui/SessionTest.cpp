@@ -1,21 +1,18 @@
 #include <algorithm>
 #include <tuple>
-#include <vector>
 
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTest>
-#include <QTreeView>
-
-#include <gtest/gtest.h>
 
 #include "GuiApp.h"
-#include "MainWindowView.h"
-#include "ProjectFiles.h"
-#include "ProjectTreeModel.h"
+#include "ProjectRows.h"
 #include "VBUtil.h"
 
 namespace {
@@ -27,6 +24,13 @@ void retype(QLineEdit* box, const QString& text)
     QTest::keyClicks(box, text);
 }
 
+// Types the name into the file dialog and presses its button.
+void answerFileDialog(QWidget* dialog, const char* name, QDialogButtonBox::StandardButton button)
+{
+    child<QLineEdit>(dialog, "fileNameEdit")->setText(name);
+    dialog->findChild<QDialogButtonBox*>()->button(button)->click();
+}
+
 using SessionTest = VornaWindowTest;
 
 } // namespace
@@ -36,58 +40,56 @@ using SessionTest = VornaWindowTest;
 TEST_F(SessionTest, ANewProjectEditedInTheWindowComesBackWholeFromTheRecentList)
 {
     MainWindowView* window = vorna.mainView();
-    ASSERT_NE(window, nullptr);
-    // A menu's entries are set up as it opens, then the entry is chosen.
-    const auto choose = [&](const char* top, const char* entry) {
-        QMetaObject::invokeMethod(child<QMenu>(window, top), "aboutToShow");
-        child<QAction>(window, entry)->trigger();
-    };
 
-    atNextModal([](QWidget* dialog) {
+    // The file dialog belongs to the window, shows each filter's caption once and proposes a
+    // name that is free.
+    atNextModal([&](QWidget* dialog) {
+        EXPECT_EQ(dialog->parentWidget(), window);
+        const auto* types = child<QComboBox>(dialog, "fileTypeCombo");
+        QStringList filters;
+        for (int i = 0; i < types->count(); ++i)
+            filters << types->itemText(i);
+        EXPECT_EQ(filters, QStringList({"Quillbeacon configuration files,(*.cmb)", "All files,(*.*)"}));
         auto* name = child<QLineEdit>(dialog, "fileNameEdit");
-        retype(name, QStringLiteral("Site.cmb"));
+        EXPECT_EQ(name->text(), "Project1");
+        retype(name, "Site.cmb");
         QTest::keyClick(name, Qt::Key_Return);
     });
-    choose("mnuFile", "mnuFileNew");
-    ASSERT_EQ(vorna.g.project.ProjectName, QStringLiteral("Site"));
+    chooseMenu("mnuFile", "mnuFileNew");
+    ASSERT_EQ(vorna.g.project.ProjectName, "Site");
 
     atNextModal([](QWidget* input) {
         atNextModal([](QWidget* editor) {
-            QTest::keyClicks(child<QPlainTextEdit>(editor, "txtGroupDsc"), QStringLiteral("Brigade"));
+            QTest::keyClicks(child<QPlainTextEdit>(editor, "txtGroupDsc"), "Brigade");
             child<QPushButton>(editor, "cmdOK")->click();
         });
         auto* name = child<QLineEdit>(input, "txtKeyInString");
-        retype(name, QStringLiteral("Fire"));
+        retype(name, "Fire");
         QTest::keyClick(name, Qt::Key_Return);
     });
-    choose("mnuProj", "mnuProjAddGroupList");
+    chooseMenu("mnuProj", "mnuProjAddGroupList");
 
     atNextModal([](QWidget* add) {
         atNextModal([](QWidget* editor) {
-            QTest::keyClicks(child<QLineEdit>(editor, "txtTelNo"), QStringLiteral("0911222333"));
+            QTest::keyClicks(child<QLineEdit>(editor, "txtTelNo"), "0911222333");
             child<QPushButton>(editor, "cmdOK")->click();
         });
         auto* name = child<QLineEdit>(add, "txtAddUserName");
-        retype(name, QStringLiteral("Ann"));
+        retype(name, "Ann");
         QTest::keyClick(name, Qt::Key_Return);
     });
-    choose("mnuProj", "mnuProjAddTelList");
+    chooseMenu("mnuProj", "mnuProjAddTelList");
 
-    const auto& nodes = vorna.mainForm.tvProjectContent.Nodes;
-    int zone = -1;
-    for (int i = 0; i < static_cast<int>(nodes.size()); ++i)
-        if (nodes[i].Tag == QLatin1String("Zones,3"))
-            zone = i;
-    ASSERT_GE(zone, 0);
-    child<QTreeView>(window, "tvProjectContent")->setCurrentIndex(window->treeModel()->indexOfNode(zone));
+    child<QTreeView>(window, "tvProjectContent")
+        ->setCurrentIndex(window->treeModel()->indexOfNode(FindNodeByTag(vorna.mainForm, "Zones,3")));
     atNextModal([](QWidget* editor) {
-        retype(child<QLineEdit>(editor, "txtZoneName"), QStringLiteral("Hall"));
-        QTest::keyClicks(child<QPlainTextEdit>(editor, "txtAlarmSMS"), QStringLiteral("Fire in the hall"));
+        retype(child<QLineEdit>(editor, "txtZoneName"), "Hall");
+        QTest::keyClicks(child<QPlainTextEdit>(editor, "txtAlarmSMS"), "Fire in the hall");
         child<QPushButton>(editor, "cmdOK")->click();
     });
-    choose("mnuProj", "mnuProjEditZoneList");
+    chooseMenu("mnuProj", "mnuProjEditZoneList");
 
-    choose("mnuFile", "mnuFileSave");
+    chooseMenu("mnuFile", "mnuFileSave");
     // The tree as the user sees it: each node under its parent, siblings in their order. Nodes
     // added while editing come last in the collection, those of a rebuilt tree in table order.
     const auto shown = [&] {
@@ -103,14 +105,71 @@ TEST_F(SessionTest, ANewProjectEditedInTheWindowComesBackWholeFromTheRecentList)
     EXPECT_EQ(CloseProject(vorna.g), 0) << "saved: nothing to ask";
     EXPECT_TRUE(vorna.mainForm.tvProjectContent.Nodes.empty());
 
-    choose("mnuFile", "mnuFileMRU(1)");
+    chooseMenu("mnuFile", "mnuFileMRU(1)");
     EXPECT_EQ(shown(), before);
     ProjectState& p = vorna.g.project;
-    ASSERT_TRUE(FindRecord(p.rsUsers, QStringLiteral("UserName"), QStringLiteral("Ann"), false));
-    EXPECT_EQ(NullToEmpty(p.rsUsers.Fields(QStringLiteral("PhoneNumber"))), QStringLiteral("0911222333"));
-    ASSERT_TRUE(FindRecord(p.rsUserGroups, QStringLiteral("GroupName"), QStringLiteral("Fire"), false));
-    EXPECT_EQ(NullToEmpty(p.rsUserGroups.Fields(QStringLiteral("GroupDsc"))), QStringLiteral("Brigade"));
-    ASSERT_TRUE(FindRecord(p.rsZones, QStringLiteral("ZoneNo"), QStringLiteral("3"), false));
-    EXPECT_EQ(NullToEmpty(p.rsZones.Fields(QStringLiteral("ZoneName"))), QStringLiteral("Hall"));
-    EXPECT_EQ(NullToEmpty(p.rsZones.Fields(QStringLiteral("AlarmSMS"))), QStringLiteral("Fire in the hall"));
+    EXPECT_EQ(Column(p.rsUsers, "PhoneNumber"), QStringList {"0911222333"});
+    EXPECT_EQ(Column(p.rsUserGroups, "GroupDsc"), QStringList({"", "Brigade"}));
+    EXPECT_EQ(Column(p.rsZones, "ZoneName").at(3), "Hall");
+    EXPECT_EQ(Column(p.rsZones, "AlarmSMS").at(3), "Fire in the hall");
+}
+
+TEST_F(SessionTest, FileOpenOfAMissingNameReachesTheProgramsOwnBox)
+{
+    atNextModal([](QWidget* dialog) {
+        ASSERT_NE(qobject_cast<QFileDialog*>(dialog), nullptr);
+        atNextModal([](QWidget* box) {
+            ASSERT_NE(qobject_cast<QMessageBox*>(box), nullptr);
+            EXPECT_TRUE(box->windowTitle() == "專案開啟失敗" || box->windowTitle() == "Project Open Failed")
+                << box->windowTitle().toStdString();
+            qobject_cast<QMessageBox*>(box)->button(QMessageBox::Ok)->click();
+        });
+        answerFileDialog(dialog, "Gone.cmb", QDialogButtonBox::Open);
+    });
+    vorna.mainForm.clickMenu("mnuFileOpen");
+    EXPECT_TRUE(vorna.g.project.ProjectName.isEmpty());
+}
+
+// A box belongs to the main window and has the flags' buttons, icon and default; the toolkit's
+// own button texts follow the program's language.
+TEST_F(SessionTest, ABoxBelongsToTheMainWindowAndSpeaksTheProgramsLanguage)
+{
+    atNextModal([&](QWidget* modal) {
+        auto* box = qobject_cast<QMessageBox*>(modal);
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->windowTitle(), "是否儲存專案");
+        EXPECT_EQ(box->parentWidget(), vorna.mainView());
+        EXPECT_EQ(box->icon(), QMessageBox::Warning);
+        EXPECT_FALSE(box->windowIcon().isNull());
+        EXPECT_EQ(box->buttons().size(), 3);
+        EXPECT_EQ(box->defaultButton() ? box->defaultButton()->text() : QString(), "&Yes");
+        box->button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(
+        platform.msgBox("Save?", MsgBox::YesNoCancel | MsgBox::Exclamation, "是否儲存專案"), MsgBox::No);
+
+    InstallToolkitTranslation("ChineseBig5");
+    atNextModal([](QWidget* modal) {
+        QAbstractButton* yes = qobject_cast<QMessageBox*>(modal)->button(QMessageBox::Yes);
+        EXPECT_TRUE(yes->text().contains("是")) << yes->text().toStdString();
+        yes->click();
+    });
+    EXPECT_EQ(platform.msgBox("?", MsgBox::YesNo, "t"), MsgBox::Yes);
+}
+
+// The filter's caption shows as written even where it differs from its pattern.
+TEST_F(SessionTest, TheSaveDialogProposesTheNameAndTakesANewOne)
+{
+    FileDialogOptions options;
+    options.DialogTitle = "另存專案";
+    options.InitDir = "..\\Project";
+    options.FileName = "Project1";
+    options.Filter = "Quillbeacon設定檔案,(*.cbm)|*.cmb|所有檔案,(*.*)|*.*";
+    atNextModal([](QWidget* dialog) {
+        EXPECT_EQ(dialog->windowTitle(), "另存專案");
+        EXPECT_EQ(child<QComboBox>(dialog, "fileTypeCombo")->itemText(0), "Quillbeacon設定檔案,(*.cbm)");
+        EXPECT_EQ(child<QLineEdit>(dialog, "fileNameEdit")->text(), "Project1");
+        answerFileDialog(dialog, "New.cmb", QDialogButtonBox::Save);
+    });
+    EXPECT_EQ(platform.showSave(options), QDir(folder.projectDir()).filePath("New.cmb"));
 }

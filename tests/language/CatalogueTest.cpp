@@ -44,7 +44,7 @@ Rows ShippedTable(const QString& table, const QString& keyColumns)
     Rows rows;
     {
         QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "catalogue");
-        db.setDatabaseName(ShippedFilesDir() + "/VORNA.ml");
+        db.setDatabaseName(QStringLiteral(VORNA_SHIPPED_DIR "/VORNA.ml"));
         EXPECT_TRUE(db.open());
         QSqlQuery q(QString("SELECT %1, %2 FROM \"%3\"").arg(keyColumns, Languages.join(','), table), db);
         const int keys = keyColumns.count(',') + 1;
@@ -89,9 +89,10 @@ std::map<QStringList, QString> ReadCallSites(QStringList& unreadable)
                 + R"re((?:\(\s*[\w.]+\s*,|\(|\.key\()\s*"((?:[^"\\]|\\.)*)"\s*,\s*(\d+)\s*,\s*(\d+)\s*\))re");
             for (const QRegularExpressionMatch& m : literal.globalMatch(s)) {
                 const QStringList key {module, m.captured(3), m.captured(2)};
-                if (keys.contains(key) && keys[key] != m.captured(1))
+                const QString text = m.captured(1).replace("\\\"", "\"");
+                if (keys.contains(key) && keys[key] != text)
                     unreadable << file + ": a second default for " + key.join(' ');
-                keys[key] = m.captured(1);
+                keys[key] = text;
             }
             if (s.count(QRegularExpression("\\b" + name + "(\\(|\\.key\\()")) != s.count(literal))
                 unreadable << file + ": a lookup of " + name + " without literal text, seq and id";
@@ -123,7 +124,7 @@ TEST(CatalogueTest, EveryCallSiteHasItsRowAndEveryRowItsCallSite)
             EXPECT_FALSE(cell.trimmed().isEmpty()) << where;
             EXPECT_TRUE(!Untranslatable.contains(key) || cell == cells[0]) << where;
             // The patterns between the bars of a file filter are not text to translate.
-            for (qsizetype i = 1; i <= cells[0].count('|'); i += 2)
+            for (qsizetype i = 1; cells[0].contains("|*.") && i <= cells[0].count('|'); i += 2)
                 EXPECT_EQ(cell.section('|', i, i), cells[0].section('|', i, i)) << where;
         }
     }

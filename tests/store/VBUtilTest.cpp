@@ -1,8 +1,10 @@
 #include <array>
-#include <optional>
+#include <functional>
+#include <map>
 
 #include <gtest/gtest.h>
 
+#include "Golden.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 
@@ -50,104 +52,72 @@ TEST(GetFnameTest, OtherModeStopsTheProgram)
     }
 }
 
-TEST(LastInStrTest, FindsTheLastOccurrenceFromOne)
+// Each conversion of a value, or the error that stops it, into one transcript.
+TEST(ConversionTest, NumbersRoundToEvenAndCheckTheirRangeAndTextsKeepTheirForm)
 {
-    EXPECT_EQ(LastInStr("a.b.c", "."), 4);
-    EXPECT_EQ(LastInStr("aaaa", "aa"), 3);
-    EXPECT_EQ(LastInStr("", "."), 0);
-}
-
-TEST(NullToEmptyTest, GivesTheTextOfEachKind)
-{
-    EXPECT_EQ(NullToEmpty(QVariant()), "");
-    EXPECT_EQ(NullToEmpty(QVariant(QMetaType::fromType<QString>())), "");
-    EXPECT_EQ(NullToEmpty(true), "True");
-    EXPECT_EQ(NullToEmpty(false), "False");
-    EXPECT_EQ(NullToEmpty(QDate(2026, 1, 5)), "2026-01-05");
-    EXPECT_EQ(NullToEmpty(-1.5), "-1.5");
-    EXPECT_EQ(NullToEmpty(QString("  as is ")), "  as is ");
-}
-
-struct NumberCase
-{
-    const char* name;
-    QVariant input;
-    std::optional<int> expected; // nothing: an unhandled error with this text
-    const char* error = "";
-};
-
-struct ValCase
-{
-    const char* text;
-    double expected;
-};
-
-TEST(ValTest, TakesTheLeadingNumber)
-{
-    const std::array cases = {
-        ValCase {"12abc", 12},
-        ValCase {"  -3.5e2x", -350},
-        ValCase {"", 0},
-        ValCase {"1 2", 12},
-        ValCase {"1.2.3", 1.2},
-        ValCase {".5", 0.5},
-        ValCase {"2D3", 2000},
-        ValCase {"4e-1x", 0.4},
-        ValCase {"\t9", 9},
+    const std::map<QString, std::function<QString(const QVariant&)>> convert = {
+        {"NullToEmpty", [](const QVariant& v) { return NullToEmpty(v); }},
+        {"Val", [](const QVariant& v) { return QString::number(Val(v.toString())); }},
+        {"CInt", [](const QVariant& v) { return QString::number(CInt(v)); }},
+        {"CByte", [](const QVariant& v) { return QString::number(CByte(v)); }},
+        {"ValToInt16", [](const QVariant& v) { return QString::number(ValToInt16(v.toString())); }},
     };
-    for (const ValCase& c : cases)
-        EXPECT_DOUBLE_EQ(Val(c.text), c.expected) << c.text;
-}
-
-const std::array CIntCases = {
-    NumberCase {"half rounds down to even", 2.5, 2},
-    NumberCase {"half rounds up to even", 3.5, 4},
-    NumberCase {"numeric text with blanks", QString(" 7 "), 7},
-    NumberCase {"upper bound", 32767, 32767},
-    NumberCase {"lower bound", -32768, -32768},
-    NumberCase {"above the range", 32768, std::nullopt, "Overflow"},
-    NumberCase {"rounds out of the range", 32767.5, std::nullopt, "Overflow"},
-    NumberCase {"text with a trailing word", QString("12abc"), std::nullopt, "Type mismatch"},
-    NumberCase {"empty text", QString(""), std::nullopt, "Type mismatch"},
-    NumberCase {"True", true, -1},
-};
-
-const std::array CByteCases = {
-    NumberCase {"upper bound", 255, 255},
-    NumberCase {"above the range", 256, std::nullopt, "Overflow"},
-    NumberCase {"negative", -1, std::nullopt, "Overflow"},
-    NumberCase {"half to even stays in range", 254.5, 254},
-    NumberCase {"half to even leaves the range", 255.5, std::nullopt, "Overflow"},
-    NumberCase {"small negative rounds to zero", -0.4, 0},
-    NumberCase {"empty text", QString(""), std::nullopt, "Type mismatch"},
-};
-
-template<typename Convert> void CheckConversion(const NumberCase& c, Convert convert)
-{
-    try {
-        const int got = convert(c.input);
-        ASSERT_TRUE(c.expected.has_value()) << c.name << ": gave " << got;
-        EXPECT_EQ(got, *c.expected) << c.name;
-    } catch (const UnhandledError& e) {
-        EXPECT_FALSE(c.expected.has_value()) << c.name << ": " << e.text().toStdString();
-        EXPECT_EQ(e.text(), c.error) << c.name;
+    struct Case
+    {
+        const char* function;
+        const char* name;
+        QVariant input;
+    };
+    const Case cases[] = {
+        {"NullToEmpty", "null", QVariant()},
+        {"NullToEmpty", "null text", QVariant(QMetaType::fromType<QString>())},
+        {"NullToEmpty", "true", true},
+        {"NullToEmpty", "false", false},
+        {"NullToEmpty", "date", QDate(2026, 1, 5)},
+        {"NullToEmpty", "number", -1.5},
+        {"NullToEmpty", "text keeps its blanks", QString("  as is ")},
+        {"Val", "leading number", "12abc"},
+        {"Val", "blanks, sign and exponent", "  -3.5e2x"},
+        {"Val", "empty", ""},
+        {"Val", "blanks inside are skipped", "1 2"},
+        {"Val", "second dot ends it", "1.2.3"},
+        {"Val", "leading dot", ".5"},
+        {"Val", "D exponent", "2D3"},
+        {"Val", "negative exponent", "4e-1x"},
+        {"Val", "leading tab", "\t9"},
+        {"CInt", "half rounds down to even", 2.5},
+        {"CInt", "half rounds up to even", 3.5},
+        {"CInt", "numeric text with blanks", QString(" 7 ")},
+        {"CInt", "upper bound", 32767},
+        {"CInt", "lower bound", -32768},
+        {"CInt", "above the range", 32768},
+        {"CInt", "rounds out of the range", 32767.5},
+        {"CInt", "text with a trailing word", QString("12abc")},
+        {"CInt", "empty text", QString("")},
+        {"CInt", "True", true},
+        {"CByte", "upper bound", 255},
+        {"CByte", "above the range", 256},
+        {"CByte", "negative", -1},
+        {"CByte", "half to even stays in range", 254.5},
+        {"CByte", "half to even leaves the range", 255.5},
+        {"CByte", "small negative rounds to zero", -0.4},
+        {"CByte", "empty text", QString("")},
+        {"ValToInt16", "number", "2"},
+        {"ValToInt16", "no number", "abc"},
+        {"ValToInt16", "leading number rounded", "3.5 seconds"},
+        {"ValToInt16", "out of range", "99999"},
+    };
+    QString log;
+    for (const Case& c : cases) {
+        QString result;
+        try {
+            result = "[" + convert.at(c.function)(c.input) + "]";
+        } catch (const UnhandledError& e) {
+            result = "error: " + e.text();
+        }
+        log += QString("%1, %2: %3\n").arg(c.function, c.name, result);
     }
-}
-
-TEST(CIntCByteTest, RoundToEvenAndCheckTheRange)
-{
-    for (const NumberCase& c : CIntCases)
-        CheckConversion(c, [](const QVariant& v) { return int(CInt(v)); });
-    for (const NumberCase& c : CByteCases)
-        CheckConversion(c, [](const QVariant& v) { return int(CByte(v)); });
-}
-
-TEST(ValToInt16Test, ReadsTheLeadingNumberRounded)
-{
-    EXPECT_EQ(ValToInt16("2"), 2);
-    EXPECT_EQ(ValToInt16("abc"), 0);
-    EXPECT_EQ(ValToInt16("3.5 seconds"), 4);
-    EXPECT_THROW(ValToInt16("99999"), UnhandledError);
+    ExpectGolden("store/golden/conversions.txt", log);
 }
 
 TEST(DateDiffSecondsTest, CountsSecondBoundaries)

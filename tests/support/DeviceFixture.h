@@ -2,8 +2,6 @@
 
 #include <functional>
 #include <map>
-#include <utility>
-#include <vector>
 
 #include <QByteArray>
 #include <QStringList>
@@ -17,14 +15,12 @@
 
 // A window stand-in with the command pause: startSleep sets the delay flag, and the sleep
 // timer clears it 30 ms later on the fake clock, unless timerRuns is false. It also keeps the
-// status pictures, and marks each panel text and pointer among the platform's events.
+// status pictures, and adds each panel text and pointer to the journal when there is one.
 class PauseView : public RecordingView
 {
 public:
     std::map<QString, QString> pictures;
-    // What the window was told, each after the count of platform events before it.
-    std::vector<std::pair<size_t, QString>> marks;
-    std::function<size_t()> eventCount;
+    QStringList* journal = nullptr;
     void setStatusText(const QString& key, const QString& text) override
     {
         RecordingView::setStatusText(key, text);
@@ -36,7 +32,11 @@ public:
         RecordingView::setMousePointer(pointer);
         mark(QStringLiteral("pointer %1").arg(pointer));
     }
-    void mark(const QString& what) { marks.emplace_back(eventCount ? eventCount() : 0, what); }
+    void mark(const QString& what)
+    {
+        if (journal)
+            *journal << what;
+    }
 
     bool inDelay = false;
     bool timerRuns = true;
@@ -86,7 +86,15 @@ protected:
         g.link.CommCtl = &comm;
         g.link.BusyForm = &message;
         pause.clockNow = [this] { return platform.clock; };
-        pause.eventCount = [this] { return platform.events.size(); };
+        pause.journal = &journalLines;
+        platform.onEvent = [this](const ScriptedPlatform::Event& e) {
+            if (e.kind == ScriptedPlatform::Event::Box)
+                journalLines << QStringLiteral("box ") + e.title;
+            else if (e.kind == ScriptedPlatform::Event::Modeless)
+                journalLines << QStringLiteral("show ") + e.text;
+            else if (e.kind == ScriptedPlatform::Event::Hide)
+                journalLines << QStringLiteral("hide ") + e.text;
+        };
         platform.onDoEvents = [this] {
             platform.clock = platform.clock.addMSecs(doEventsStepMs);
             if (pause.timerRuns && pause.inDelay && pause.sleepStarted.msecsTo(platform.clock) >= 30)
@@ -108,33 +116,14 @@ protected:
     void startJournal()
     {
         platform.events.clear();
-        pause.marks.clear();
+        journalLines.clear();
         pause.pointerHistory.clear();
     }
-    // Since startJournal: the boxes (by title), the shown and hidden windows and the window's marks, in
-    // order.
-    QStringList journal() const
-    {
-        QStringList lines;
-        size_t m = 0;
-        const auto marksUpTo = [&](size_t count) {
-            for (; m < pause.marks.size() && pause.marks[m].first <= count; ++m)
-                lines << pause.marks[m].second;
-        };
-        for (size_t k = 0; k < platform.events.size(); ++k) {
-            marksUpTo(k);
-            const ScriptedPlatform::Event& e = platform.events[k];
-            if (e.kind == ScriptedPlatform::Event::Box)
-                lines << QStringLiteral("box ") + e.title;
-            else if (e.kind == ScriptedPlatform::Event::Modeless)
-                lines << QStringLiteral("show ") + e.text;
-            else if (e.kind == ScriptedPlatform::Event::Hide)
-                lines << QStringLiteral("hide ") + e.text;
-        }
-        marksUpTo(platform.events.size());
-        return lines;
-    }
+    // Since startJournal: the boxes (by title), the shown and hidden windows and the window's
+    // panel texts and pointers, in order.
+    const QStringList& journal() const { return journalLines; }
 
+    QStringList journalLines;
     int doEventsStepMs = 1;
     PauseView pause;
     CommControl comm {platform};

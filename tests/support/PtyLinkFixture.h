@@ -15,11 +15,13 @@
 
 // The link through the real QSerialPort line on a pseudo-terminal, on the wall clock: the
 // clock follows it at each yield, and the command pause ends 30 ms after it began. A silent
-// time-out of 1 s and no retries, unless a test sets others.
-class PtyLinkTest : public DeviceTest
+// time-out of 1 s and no retries, unless a test sets others. vorna-devsim, an independent
+// dialler, runs as a child process at the other end when a test starts it: the line opened on
+// the path it prints, and its JSON dump read once it has counted the requests sent.
+class DevsimLinkTest : public DeviceTest
 {
 protected:
-    PtyLinkTest()
+    DevsimLinkTest()
     {
         // QSerialPort wants an application object, and the suite has no main of its own.
         static int argc = 1;
@@ -43,26 +45,7 @@ protected:
         g.link.CommDevice = path;
         return EnsureCommOpen(g, comm);
     }
-};
 
-// The named fields of each element of an array of the dump, one line for each element.
-inline QStringList Lines(const QJsonValue& array, std::initializer_list<const char*> keys)
-{
-    QStringList lines;
-    for (const QJsonValue& element : array.toArray()) {
-        QStringList fields;
-        for (const char* key : keys)
-            fields << element[QLatin1String(key)].toVariant().toString();
-        lines << fields.join(u' ');
-    }
-    return lines;
-}
-
-// The link against vorna-devsim, an independent dialler, as a child process: the line opened
-// on the path it prints, and its JSON dump read once it has counted the requests sent.
-class DevsimLinkTest : public PtyLinkTest
-{
-protected:
     // Unpaced unless the options give a --baud of their own.
     void startDevsim(const QStringList& options)
     {
@@ -81,3 +64,16 @@ protected:
     QString dumpPath;
     std::optional<DevsimProcess> devsim;
 };
+
+// The named fields of each element of an array of the dump, one line for each element.
+inline QStringList Lines(const QJsonValue& array, std::initializer_list<const char*> keys)
+{
+    QStringList lines;
+    for (const QJsonValue& element : array.toArray()) {
+        QStringList fields;
+        for (const char* key : keys)
+            fields << element[QLatin1String(key)].toVariant().toString();
+        lines << fields.join(u' ');
+    }
+    return lines;
+}

@@ -6,18 +6,8 @@ namespace {
 
 QString kindName(ScriptedPlatform::Event::Kind kind)
 {
-    switch (kind) {
-    case ScriptedPlatform::Event::Box:
-        return QStringLiteral("box");
-    case ScriptedPlatform::Event::OpenDialog:
-        return QStringLiteral("open dialog");
-    case ScriptedPlatform::Event::SaveDialog:
-        return QStringLiteral("save dialog");
-    case ScriptedPlatform::Event::Modal:
-        return QStringLiteral("modal form");
-    default:
-        return QStringLiteral("event");
-    }
+    static const char* const names[] = {"box", "open dialog", "save dialog", "modal form"};
+    return QString::fromLatin1(kind <= ScriptedPlatform::Event::Modal ? names[kind] : "event");
 }
 
 // A handle on the platform's one scripted line.
@@ -64,16 +54,20 @@ QString ScriptedPlatform::describe(const Expectation& e)
 
 void ScriptedPlatform::expectBox(int flags, const QString& text, const QString& title, int answer)
 {
-    EXPECT_TRUE(MsgBox::HasButton(flags, answer))
-        << "scripted answer " << answer << " is not a button of a box with flags " << flags;
-    m_expected.push_back({Event::Box, flags, text, title, answer, false, {}, {}, {}});
+    expectBoxOf(flags, text, title, answer, false);
 }
 
 void ScriptedPlatform::expectBoxWithAnyText(int flags, const QString& title, int answer)
 {
+    expectBoxOf(flags, {}, title, answer, true);
+}
+
+void ScriptedPlatform::expectBoxOf(
+    int flags, const QString& text, const QString& title, int answer, bool anyText)
+{
     EXPECT_TRUE(MsgBox::HasButton(flags, answer))
         << "scripted answer " << answer << " is not a button of a box with flags " << flags;
-    m_expected.push_back({Event::Box, flags, {}, title, answer, true, {}, {}, {}});
+    m_expected.push_back({Event::Box, flags, text, title, answer, anyText, {}, {}, {}});
 }
 
 void ScriptedPlatform::expectOpenDialog(
@@ -102,42 +96,45 @@ std::vector<QString> ScriptedPlatform::boxTexts() const
     return texts;
 }
 
-int ScriptedPlatform::msgBox(const QString& text, int flags, const QString& title)
+std::optional<ScriptedPlatform::Expectation> ScriptedPlatform::take(Event::Kind kind, const QString& shown)
 {
-    events.push_back({Event::Box, text, title, flags, {}});
-    if (m_expected.empty() || m_expected.front().kind != Event::Box) {
-        ADD_FAILURE() << "unexpected box [" << title.toStdString() << "] flags " << flags << ": "
-                      << text.toStdString()
+    // A modal form must be the one expected; its name is the text of the expectation.
+    if (m_expected.empty() || m_expected.front().kind != kind
+        || (kind == Event::Modal && m_expected.front().text != shown)) {
+        ADD_FAILURE() << "unexpected " << kindName(kind).toStdString() << " " << shown.toStdString()
                       << (m_expected.empty()
                                  ? std::string()
                                  : "\n  while expecting " + describe(m_expected.front()).toStdString());
-        return (flags & MsgBox::ButtonMask) == MsgBox::OKOnly ? MsgBox::OK : MsgBox::Cancel;
+        return std::nullopt;
     }
-    Expectation e = m_expected.front();
+    Expectation e = std::move(m_expected.front());
     m_expected.pop_front();
-    EXPECT_EQ(e.flags, flags) << "box: " << text.toStdString();
-    if (!e.anyText) {
-        EXPECT_EQ(e.text.toStdString(), text.toStdString());
+    return e;
+}
+
+int ScriptedPlatform::msgBox(const QString& text, int flags, const QString& title)
+{
+    record({Event::Box, text, title, flags, {}});
+    const auto e = take(Event::Box, QStringLiteral("[%1] flags %2: %3").arg(title).arg(flags).arg(text));
+    if (!e)
+        return (flags & MsgBox::ButtonMask) == MsgBox::OKOnly ? MsgBox::OK : MsgBox::Cancel;
+    EXPECT_EQ(e->flags, flags) << "box: " << text.toStdString();
+    if (!e->anyText) {
+        EXPECT_EQ(e->text.toStdString(), text.toStdString());
     }
-    EXPECT_EQ(e.title.toStdString(), title.toStdString());
-    EXPECT_TRUE(MsgBox::HasButton(flags, e.answer))
-        << "answer " << e.answer << " is not a button of the box shown (flags " << flags << ")";
-    return e.answer;
+    EXPECT_EQ(e->title.toStdString(), title.toStdString());
+    EXPECT_TRUE(MsgBox::HasButton(flags, e->answer))
+        << "answer " << e->answer << " is not a button of the box shown (flags " << flags << ")";
+    return e->answer;
 }
 
 std::optional<QString> ScriptedPlatform::fileDialog(Event::Kind kind, const FileDialogOptions& options)
 {
-    events.push_back({kind, {}, options.DialogTitle, 0, options});
-    if (m_expected.empty() || m_expected.front().kind != kind) {
-        ADD_FAILURE() << "unexpected " << kindName(kind).toStdString() << " ["
-                      << options.DialogTitle.toStdString() << "]";
-        return std::nullopt;
-    }
-    Expectation e = m_expected.front();
-    m_expected.pop_front();
-    if (e.check)
-        e.check(options);
-    return e.path;
+    record({kind, {}, options.DialogTitle, 0, options});
+    const auto e = take(kind, QStringLiteral("[%1]").arg(options.DialogTitle));
+    if (e && e->check)
+        e->check(options);
+    return e ? e->path : std::nullopt;
 }
 
 std::optional<QString> ScriptedPlatform::showOpen(const FileDialogOptions& options)
@@ -152,37 +149,37 @@ std::optional<QString> ScriptedPlatform::showSave(const FileDialogOptions& optio
 
 void ScriptedPlatform::runModal(FormModel& form)
 {
-    events.push_back({Event::Modal, form.formName(), {}, 0, {}});
-    if (m_expected.empty() || m_expected.front().kind != Event::Modal
-        || m_expected.front().text != form.formName()) {
-        ADD_FAILURE() << "unexpected modal form " << form.formName().toStdString();
+    record({Event::Modal, form.formName(), {}, 0, {}});
+    const auto e = take(Event::Modal, form.formName());
+    if (!e || !e->action)
         return;
-    }
-    Expectation e = m_expected.front();
-    m_expected.pop_front();
-    if (!e.action)
-        return;
-    e.action(form);
+    e->action(form);
     // In the window a form that stays shown never returns from its modal loop.
     EXPECT_FALSE(form.Visible) << "the script left " << form.formName().toStdString() << " shown";
 }
 
 void ScriptedPlatform::showWindow(FormModel& form)
 {
-    events.push_back({Event::Modeless, form.formName(), {}, 0, {}});
+    record({Event::Modeless, form.formName(), {}, 0, {}});
 }
 
 void ScriptedPlatform::hideWindow(FormModel& form)
 {
-    events.push_back({Event::Hide, form.formName(), {}, 0, {}});
+    record({Event::Hide, form.formName(), {}, 0, {}});
 }
 
 void ScriptedPlatform::refreshForm(FormModel&) { }
 
+void ScriptedPlatform::record(Event event)
+{
+    events.push_back(std::move(event));
+    if (onEvent)
+        onEvent(events.back());
+}
+
 void ScriptedPlatform::setMousePointer(int pointer)
 {
-    mousePointer = pointer;
-    events.push_back({Event::Pointer, {}, {}, pointer, {}});
+    record({Event::Pointer, {}, {}, pointer, {}});
 }
 
 void ScriptedPlatform::doEvents()
@@ -216,7 +213,7 @@ void ScriptedPlatform::saveSetting(
 
 void ScriptedPlatform::endProcess(int status)
 {
-    events.push_back({Event::EndProcess, {}, {}, status, {}});
+    record({Event::EndProcess, {}, {}, status, {}});
     throw ProcessEnded {status};
 }
 

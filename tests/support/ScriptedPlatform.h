@@ -60,6 +60,8 @@ public:
     void clearExpectations() { m_expected.clear(); }
 
     std::vector<Event> events;
+    // Runs on each event as it is recorded (a journal that interleaves the window's own).
+    std::function<void(const Event&)> onEvent;
     std::vector<QString> boxTexts() const;
 
     // Clock: starts at a fixed moment; each now() advances it by autoAdvanceMs.
@@ -72,7 +74,6 @@ public:
 
     std::map<QString, QString> settings; // "section/key" -> value
     QString localeName = QStringLiteral("en_US");
-    int mousePointer = 0;
 
     // The line that createSerialLine hands out (each line made is a handle on this one),
     // unless makeSerialLine is set, as for a real port.
@@ -117,6 +118,9 @@ private:
         std::function<void(const FileDialogOptions&)> check;
         std::function<void(FormModel&)> action;
     };
+    void record(Event event);
+    std::optional<Expectation> take(Event::Kind kind, const QString& shown);
+    void expectBoxOf(int flags, const QString& text, const QString& title, int answer, bool anyText);
     std::optional<QString> fileDialog(Event::Kind kind, const FileDialogOptions& options);
     static QString describe(const Expectation& e);
     std::deque<Expectation> m_expected;

@@ -5,11 +5,6 @@
 
 #include <gtest/gtest.h>
 
-QString ShippedFilesDir()
-{
-    return QStringLiteral(VORNA_SHIPPED_DIR);
-}
-
 TestFolder::TestFolder(bool withShippedFiles)
     : m_previousDir(QDir::currentPath())
 {
@@ -19,7 +14,7 @@ TestFolder::TestFolder(bool withShippedFiles)
     root.mkpath(QStringLiteral("System"));
     if (withShippedFiles) {
         for (const char* name : {"VORNA.sdb", "RM64.mdb", "VORNA.ml", "VORNA.set"}) {
-            const QString from = QDir(ShippedFilesDir()).filePath(QString::fromLatin1(name));
+            const QString from = QDir(QStringLiteral(VORNA_SHIPPED_DIR)).filePath(QString::fromLatin1(name));
             EXPECT_TRUE(QFile::copy(from, path(QString::fromLatin1(name))))
                 << "cannot copy " << from.toStdString();
             QFile::setPermissions(

@@ -28,6 +28,3 @@ private:
 QByteArray ReadAll(const QString& path);
 // The file made anew with the given content.
 void WriteAll(const QString& path, const QByteArray& bytes);
-
-// The folder where the build lays out the shipped databases.
-QString ShippedFilesDir();
