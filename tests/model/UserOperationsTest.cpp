@@ -103,67 +103,48 @@ TEST_P(AddUserLimitTest, LimitsAreTestedBeforeTheDialog)
 INSTANTIATE_TEST_SUITE_P(Limits, AddUserLimitTest, ::testing::ValuesIn(LimitCases),
     [](const auto& info) { return CaseName(info.param.name); });
 
-TEST_F(ModelTest, AddUserStoresTheContactBeforeItsEditorAndCountsOneTarget)
+class UserModel : public FreshModel<ModelTest>
 {
-    addUser("Old", "UserGroup1\r\nB");
-    expectAddUser(*this, "User1", "Ann");
-    expectDialog<frmEditTelList>([](frmEditTelList& f) {
-        EXPECT_EQ(f.lblTelUser.Caption, "Ann");
-        f.cmdCancel_Click();
-    });
+public:
+    // AddUser answered with the name; a stored contact opens its editor, which Cancel closes.
+    QString add(const QString& typed, const QString& refusal = {})
+    {
+        addUser("Old", "UserGroup1\r\nB");
+        expectAddUser(*this, "User1", typed);
+        if (!refusal.isEmpty())
+            platform.expectBoxWithAnyText(16, refusal);
+        else if (!typed.isEmpty())
+            expectDialog<frmEditTelList>([typed](frmEditTelList& f) {
+                EXPECT_EQ(f.lblTelUser.Caption, typed);
+                f.cmdCancel_Click();
+            });
+        AddUser(g);
+        return QStringLiteral("== add \"%1\", events: %2\n").arg(typed).arg(platform.doEventsCount) + state();
+    }
+    // DeleteUser on A, a contact of two groups, answered; the count of targets goes down by one
+    // whatever its groups.
+    QString remove(int answer)
+    {
+        addUser("A", "UserGroup1\r\nB", "0911");
+        addUser("Bob", "UserGroup1");
+        view.addNode(1, {}, "A", "UserName", "Users,A");
+        view.addNode(1, {}, "Bob", "UserName", "Users,Bob");
+        CountTelNo(p());
+        FindRecord(p().rsUsers, "UserName", "A", false);
+        platform.expectBoxWithAnyText(52, "是否確定刪除這個連絡人", answer);
+        const bool deleted = DeleteUser(g);
+        return QStringLiteral("== delete, answer %1: %2\n").arg(answer).arg(deleted) + state()
+            + "current contact: " + FieldText(p().rsUsers, "UserName") + "\n";
+    }
+};
 
-    AddUser(g);
-
-    EXPECT_EQ(rows(p().rsUsers), QStringList({"Old|0912||UserGroup1\r\nB|False", "Ann|||UserGroup1|"}));
-    EXPECT_EQ(p().TelNoCount, 3);
-    const RecordingView::Node added {1, {}, "Ann", "UserName", "Users,Ann"};
-    EXPECT_EQ(view.nodes.back(), added);
-    EXPECT_EQ(view.selectedNode, 5);
-    EXPECT_EQ(platform.doEventsCount, 1);
-    EXPECT_EQ(view.listFillCount, 2);
-    EXPECT_TRUE(p().IsProjectModified);
-}
-
-TEST_F(ModelTest, AddUserStopsSilentlyOnAnEmptyNameAndWithABoxOnAReservedOne)
+TEST(AddAndDeleteUser, StoreTheContactBeforeItsEditorAndMoveTheCountOfTargets)
 {
-    expectAddUser(*this, "User1", QString());
-    AddUser(g);
-    expectAddUser(*this, "User1", "none");
-    platform.expectBoxWithAnyText(16, "不合法的使用者群組名稱");
-    AddUser(g);
-    EXPECT_EQ(p().rsUsers.RecordCount(), 0);
-    EXPECT_EQ(view.nodes.size(), 5u);
-}
-
-TEST_F(ModelTest, DeleteUserLowersTheCountByOneWhateverItsGroups)
-{
-    addUser("A", "UserGroup1\r\nB", "0911");
-    addUser("Bob", "UserGroup1");
-    view.addNode(1, {}, "A", "UserName", "Users,A");
-    view.addNode(1, {}, "Bob", "UserName", "Users,Bob");
-    CountTelNo(p());
-    FindRecord(p().rsUsers, "UserName", "A", false);
-    platform.expectBox(52, "確定是否要刪除這個連絡人[A:0911]?", "是否確定刪除這個連絡人", MsgBox::Yes);
-
-    EXPECT_TRUE(DeleteUser(g));
-
-    EXPECT_EQ(column(p().rsUsers, "UserName"), QStringList {"Bob"});
-    EXPECT_EQ(p().TelNoCount, 2);
-    EXPECT_EQ(CountTelNo(p()), 1);
-    EXPECT_EQ(view.tags().back(), "Users,Bob");
-    EXPECT_EQ(view.nodes.size(), 6u);
-    EXPECT_EQ(view.statusHistory, (std::vector<QString> {"正在刪除這筆連絡人資料[A]中...", QString()}));
-    EXPECT_EQ(NullToEmpty(p().rsUsers.Fields("UserName")), "Bob");
-    EXPECT_TRUE(p().IsProjectModified);
-}
-
-TEST_F(ModelTest, DeleteUserAnsweredNoKeepsTheContact)
-{
-    addUser("A", QString(), QString());
-    p().rsUsers.MoveFirst();
-    platform.expectBox(52, "確定是否要刪除這個連絡人[A:]?", "是否確定刪除這個連絡人", MsgBox::No);
-    EXPECT_FALSE(DeleteUser(g));
-    EXPECT_EQ(p().rsUsers.RecordCount(), 1);
+    // An empty name stops silently, a reserved one with a box.
+    QString out
+        = UserModel().add("Ann") + UserModel().add("") + UserModel().add("none", "不合法的使用者群組名稱");
+    out += UserModel().remove(MsgBox::Yes) + UserModel().remove(MsgBox::No);
+    ExpectGolden("model/golden/add-delete-contact.txt", out);
 }
 
 TEST_F(ModelTest, DeletingWithoutACurrentContactEndsTheProgram)
