@@ -106,18 +106,30 @@ public:
         return value;
     }
 
+    // A table's rows, fields between bars; skipBare leaves out the rows that hold nothing but a
+    // number (the zones that the template made).
+    static QString table(const QString& name, const Recordset& rs, bool skipBare = false)
+    {
+        QString out = name + ":\n";
+        for (const QString& row : rs.RecordCount() ? rows(rs) : QStringList())
+            if (!skipBare || !QString(row).remove(QRegularExpression("^\\d+\\||\\||False")).isEmpty())
+                out += "  " + QString(row).replace("\r\n", "\\r\\n") + "\n";
+        return out;
+    }
+    // A combo's rows, the row chosen and whether it is enabled.
+    static QString combo(const ComboBox& c)
+    {
+        return "offered: " + QStringList(c.List.begin(), c.List.end()).join(" / ")
+            + QStringLiteral(", row %1 \"%2\"%3\n")
+                  .arg(c.ListIndex)
+                  .arg(c.Text, c.Enabled ? "" : ", disabled");
+    }
+
     // The project after an operation, for a golden text: every contact and group row, the zones
     // that hold more than their number, the nodes past the seeded branches, what the window was
     // asked, and every box shown.
     QString state()
     {
-        auto table = [](const QString& name, const Recordset& rs, bool skipBare) {
-            QString out = name + ":\n";
-            for (const QString& row : rs.RecordCount() ? rows(rs) : QStringList())
-                if (!skipBare || !QString(row).remove(QRegularExpression("^\\d+\\||\\||False")).isEmpty())
-                    out += "  " + QString(row).replace("\r\n", "\\r\\n") + "\n";
-            return out;
-        };
         QString out = table("Users", p().rsUsers, false) + table("UserGroups", p().rsUserGroups, false)
             + table("Zones", p().rsZones, true) + "nodes:\n";
         for (int i = 4; i < static_cast<int>(view.nodes.size()); ++i) {
