@@ -149,6 +149,12 @@ public:
                   .arg(view.listFillCount)
                   .arg(p().IsProjectModified)
                   .arg(p().TelNoCount);
+        return out + boxes();
+    }
+    // Every box shown, flags, title and text.
+    QString boxes() const
+    {
+        QString out;
         for (const ScriptedPlatform::Event& e : platform.events)
             if (e.kind == ScriptedPlatform::Event::Box)
                 out += QStringLiteral("box %1 %2: %3\n")
