@@ -48,10 +48,10 @@ class GroupProposalTest : public ModelTest, public ::testing::WithParamInterface
 TEST_P(GroupProposalTest, KeyInStringOpensWithTheProposal)
 {
     GetParam().setUp(*this);
-    const QStringList before = column(p().rsUserGroups, "GroupName");
+    const QString before = table("UserGroups", p().rsUserGroups);
     expectKeyInString(AddTitle, AddPrompt, QString::fromUtf8(GetParam().proposal), Cancel);
     EXPECT_FALSE(AddUserGroup(g));
-    EXPECT_EQ(column(p().rsUserGroups, "GroupName"), before);
+    EXPECT_EQ(table("UserGroups", p().rsUserGroups), before);
     EXPECT_FALSE(p().IsProjectModified);
 }
 
@@ -90,7 +90,7 @@ TEST_F(ModelTest, AGroupNamePastTheProposalsIsStillAccepted)
     expectKeyInString(AddTitle, AddPrompt, QString(), "UserGroup100");
     expectGroupEditor(true);
     EXPECT_TRUE(AddUserGroup(g));
-    EXPECT_EQ(column(p().rsUserGroups, "GroupName").last(), "UserGroup100");
+    EXPECT_TRUE(table("UserGroups", p().rsUserGroups).endsWith("\n  UserGroup100|\n"));
 }
 
 struct DeleteCase

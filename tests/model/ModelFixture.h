@@ -51,7 +51,6 @@ public:
     {
         SetZoneRow(p(), zoneNo, zoneName, target);
     }
-    QStringList column(Recordset& rs, const QString& field) { return Column(rs, field); }
 
     // Expects the dialog shown modally; user plays it and must close it.
     template<class Form> void expectDialog(std::function<void(Form&)> user)
