@@ -2,7 +2,6 @@
 
 #include "CaseName.h"
 #include "ModelFixture.h"
-#include "UnhandledError.h"
 #include "VORNAUtil.h"
 
 namespace {
@@ -151,22 +150,6 @@ TEST(DeleteUserGroup, ListsWhatGoesAndRemovesItWithoutRegardToCase)
     for (const DeleteCase& c : DeleteCases)
         out += DeleteGroupModel().remove(c);
     ExpectGolden("model/golden/delete-group.txt", out);
-}
-
-TEST_F(ModelTest, DeletingWithoutACurrentGroupEndsTheProgram)
-{
-    addGroup("Spare");
-    p().rsUserGroups.MoveLast();
-    p().rsUserGroups.MoveNext();
-    try {
-        DeleteUserGroup(g);
-        FAIL() << "no current row must end the program";
-    } catch (const UnhandledError& e) {
-        EXPECT_EQ(e.text(), "GroupList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人群組失敗。");
-        EXPECT_EQ(e.title(), "刪除連絡人群組失敗");
-        EXPECT_EQ(e.flags(), 16);
-    }
-    EXPECT_EQ(p().rsUserGroups.RecordCount(), 2);
 }
 
 } // namespace

@@ -147,16 +147,29 @@ TEST(AddAndDeleteUser, StoreTheContactBeforeItsEditorAndMoveTheCountOfTargets)
     ExpectGolden("model/golden/add-delete-contact.txt", out);
 }
 
-TEST_F(ModelTest, DeletingWithoutACurrentContactEndsTheProgram)
+// Without a current row each delete ends the program with a critical box of its own, and
+// deletes nothing.
+TEST_F(ModelTest, DeletingWithoutACurrentRowEndsTheProgram)
 {
-    try {
-        DeleteUser(g);
-        FAIL() << "no current row must end the program";
-    } catch (const UnhandledError& e) {
-        EXPECT_EQ(e.text(), "TelList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人名稱失敗。");
-        EXPECT_EQ(e.title(), "刪除連絡人名稱失敗");
-        EXPECT_EQ(e.flags(), 16);
+    addGroup("Spare");
+    p().rsUserGroups.MoveLast();
+    p().rsUserGroups.MoveNext();
+    const std::pair<bool (*)(VORNAGlobal&), const char*> cases[] = {
+        {DeleteUserGroup,
+            "GroupList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人群組失敗。|刪除連絡人群組失敗|16"},
+        {DeleteUser,
+            "TelList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人名稱失敗。|刪除連絡人名稱失敗|16"},
+    };
+    for (const auto& [remove, box] : cases) {
+        try {
+            remove(g);
+            ADD_FAILURE() << "no current row must end the program";
+        } catch (const UnhandledError& e) {
+            EXPECT_EQ(
+                QStringLiteral("%1|%2|%3").arg(e.text(), e.title()).arg(e.flags()), QString::fromUtf8(box));
+        }
     }
+    EXPECT_EQ(p().rsUserGroups.RecordCount(), 2);
 }
 
 TEST_F(ModelTest, FindNodeByTagComparesTheWholeTagExactly)
