@@ -25,6 +25,17 @@ protected:
     ProjectWindowTest() { start(); }
 };
 
+// A top menu's entries as the user sees them after its set-up: the visible ones but the bars,
+// each marked when it is disabled or checked.
+inline std::string MenuEntries(const frmMain& main, const QString& top)
+{
+    QStringList shown;
+    for (const Menu& e : main.Menus)
+        if (e.Parent == top && e.Visible && e.Caption != QLatin1String("-"))
+            shown << e.Name.mid(top.size()) + (e.Enabled ? "" : "(off)") + (e.Checked ? "(checked)" : "");
+    return shown.join(' ').toStdString();
+}
+
 // The editor a double click must open.
 enum class Editor { None, TelList, GroupList, ZoneList };
 
