@@ -1,6 +1,6 @@
 #include "ContextMenu.h"
 #include "CaseName.h"
-#include "ProjectContentFixture.h"
+#include "MainWindowFixture.h"
 #include "VORNAUtil.h"
 #include "frmAddOtherUser.h"
 #include "frmAddUserGroup.h"
@@ -21,8 +21,6 @@ struct ContextMenuCase
     const char* name;
     Click before; // a right click that runs first, leaving its entries
     Click click;
-    const char* menu;   // the visible entries, "Entry=caption" or a bar's name, "|" between; null for no menu
-    const char* record; // "Table=name" current after the click; "" when not checked
     const char* nodeText = nullptr;
 };
 
@@ -36,70 +34,76 @@ Click list(const char* tag, const char* row = nullptr)
     return {true, tag, row};
 }
 
-#define ONE_CONTACT(name)                                                                                    \
-    "AddTelList=新增連絡人...|Bar1|DeleteTelList=刪除連絡人[" name "]|EditTelList=編輯連絡人[" name          \
-    "]...|Bar2|AddGroup=加入新群組..."
-#define ONE_GROUP(name)                                                                                      \
-    "AddGroupList=新增連絡人群組...|Bar1|DeleteGroupList=刪除連絡人群組[" name                               \
-    "]|EditGroupList=編輯連絡人群組[" name "]...|Bar2|AddUser=加入其它連絡人...|MoveUser=轉移到其它群組..."
-
-const char* const Design
-    = "AddGroupList=新增群組|AddTelList=新增電話|Bar1|DeleteTelList=刪除電話|"
-      "DeleteGroupList=刪除群組|EditGroupList=編輯群組|EditTelList=編輯電話|"
-      "EditZoneList=編輯警報點|Bar2|AddUser=加入連絡人|AddGroup=加入新群組|MoveUser=轉移到其它群組";
-
 const ContextMenuCase kCases[] = {
-    {"tree project root no menu", None, tree("ProjName"), nullptr, ""},
-    {"tree zone branch no menu", None, tree("Zones"), nullptr, ""},
-    {"tree contact branch", None, tree("Users"), "AddTelList=新增連絡人...", ""},
-    {"tree group branch", None, tree("UserGroups"), "AddGroupList=新增連絡人群組...", ""},
-    {"tree contact", None, tree("Users,Ann"), ONE_CONTACT("Ann"), "Users=Ann"},
-    {"tree name with a comma shows its first part", None, tree("Users,A,B"), ONE_CONTACT("A"), ""},
-    {"tree group", None, tree("UserGroups,Fire"), ONE_GROUP("Fire"), "UserGroups=Fire"},
-    {"tree zone", None, tree("Zones,3"), "EditZoneList=編輯警報點[3]...", "Zones=3"},
+    {"tree project root no menu", None, tree("ProjName")},
+    {"tree zone branch no menu", None, tree("Zones")},
+    {"tree contact branch", None, tree("Users")},
+    {"tree group branch", None, tree("UserGroups")},
+    {"tree contact", None, tree("Users,Ann")},
+    {"tree name with a comma shows its first part", None, tree("Users,A,B")},
+    {"tree group", None, tree("UserGroups,Fire")},
+    {"tree zone", None, tree("Zones,3")},
 
-    {"list root contacts row", None, list("ProjName", "連絡人"), "AddTelList=新增連絡人...", ""},
-    {"list root groups row", None, list("ProjName", "群組"), "AddGroupList=新增連絡人群組...", ""},
-    {"list root zones row no menu", None, list("ProjName", "警報區"), nullptr, ""},
-    {"list root row translated falls to the contact rule", None, list("ProjName", "Contacts"),
-        ONE_CONTACT("Contacts"), ""},
-    {"list contact named Users gets AddContact", None, list("Users", "Users"), "AddTelList=新增連絡人...",
-        ""},
-    {"list contact row", None, list("Users", "Ann"), ONE_CONTACT("Ann"), "Users=Ann"},
-    {"list group row", None, list("UserGroups", "Fire"), ONE_GROUP("Fire"), "UserGroups=Fire"},
+    {"list root contacts row", None, list("ProjName", "連絡人")},
+    {"list root groups row", None, list("ProjName", "群組")},
+    {"list root zones row no menu", None, list("ProjName", "警報區")},
+    {"list root row translated falls to the contact rule", None, list("ProjName", "Contacts")},
+    {"list contact named Users gets AddContact", None, list("Users", "Users")},
+    {"list contact row", None, list("Users", "Ann")},
+    {"list group row", None, list("UserGroups", "Fire")},
     {"list group row under a translated branch gets the contact menu", None, list("UserGroups", "Fire"),
-        ONE_CONTACT("Fire"), "", "Groups"},
-    {"list contact sheet row", None, list("Users,Ann", "電話號碼:"), ONE_CONTACT("Ann"), "Users=Ann"},
-    {"list member row of a group no menu", None, list("UserGroups,Fire", "Ann"), nullptr, ""},
-    {"list zone row", None, list("Zones", "7"), "EditZoneList=編輯警報點[7]...", "Zones=7"},
-    {"list zone sheet row", None, list("Zones,3", "警報區:"), "EditZoneList=編輯警報點[3]...", "Zones=3"},
+        "Groups"},
+    {"list contact sheet row", None, list("Users,Ann", "電話號碼:")},
+    {"list member row of a group no menu", None, list("UserGroups,Fire", "Ann")},
+    {"list zone row", None, list("Zones", "7")},
+    {"list zone sheet row", None, list("Zones,3", "警報區:")},
 
-    {"empty list under the root no menu", None, list("ProjName"), nullptr, ""},
-    {"empty list of contacts", tree("UserGroups,Fire"), list("Users"), "AddTelList=新增連絡人...", ""},
-    {"empty list of groups", None, list("UserGroups"), "AddGroupList=新增連絡人群組...", ""},
-    {"empty zone list at first use shows the design", None, list("Zones"), Design, ""},
-    {"empty zone list shows what the last click left", tree("UserGroups,Fire"), list("Zones"),
-        ONE_GROUP("Fire"), ""},
-    {"empty contact sheet leaves the zone entry", tree("Zones,3"), list("Users,Ann"),
-        "AddTelList=新增連絡人...|Bar1|DeleteTelList=刪除連絡人[Ann]|EditTelList=編輯連絡人[Ann]...|"
-        "EditZoneList=編輯警報點[3]...|Bar2|AddGroup=加入新群組...",
-        "Users=Ann"},
-    {"empty member list no menu", None, list("UserGroups,Fire"), nullptr, ""},
-    {"empty zone sheet hides the edits", tree("UserGroups,Fire"), list("Zones,3"),
-        "AddGroupList=新增連絡人群組...|Bar1|Bar2|AddUser=加入其它連絡人...|MoveUser=轉移到其它群組...",
-        "Zones=3"},
-    {"empty sheet of a name with a comma hides the edits", tree("Users,Ann"), list("Users,A,B"),
-        "AddTelList=新增連絡人...|Bar1|Bar2|AddGroup=加入新群組...", ""},
+    {"empty list under the root no menu", None, list("ProjName")},
+    {"empty list of contacts", tree("UserGroups,Fire"), list("Users")},
+    {"empty list of groups", None, list("UserGroups")},
+    {"empty zone list at first use shows the design", None, list("Zones")},
+    {"empty zone list shows what the last click left", tree("UserGroups,Fire"), list("Zones")},
+    {"empty contact sheet leaves the zone entry", tree("Zones,3"), list("Users,Ann")},
+    {"empty member list no menu", None, list("UserGroups,Fire")},
+    {"empty zone sheet hides the edits", tree("UserGroups,Fire"), list("Zones,3")},
+    {"empty sheet of a name with a comma hides the edits", tree("Users,Ann"), list("Users,A,B")},
 };
 
-class ContextMenuTest : public ProjectContentTest, public ::testing::WithParamInterface<ContextMenuCase>
+class ContextMenuWindow : public FreshWindow<ProjectContentTest>
 {
-protected:
-    ContextMenuTest()
+public:
+    ContextMenuWindow()
     {
         main.onPopupMenu = [this](const QString& name) { popups << name; };
     }
 
+    // The right click of the case after its first one, if any, from records away from any that
+    // the click makes current: the menu that pops up, its visible entries, the current records.
+    QString play(const ContextMenuCase& c)
+    {
+        if (c.before.tag)
+            rightClick(c.before);
+        const QStringList popupsBefore = popups;
+        const QString left = visibleEntries();
+        g.project.rsUsers.MoveLast();
+        g.project.rsUserGroups.MoveLast();
+        g.project.rsZones.MoveLast();
+        rightClick(c.click, c.nodeText);
+        QString out = QStringLiteral("== %1\n").arg(c.name);
+        if (popups == popupsBefore)
+            return out + "no menu, "
+                + (visibleEntries() == left ? "entries unchanged\n" : "entries changed\n");
+        out += "popup: " + popups.mid(popupsBefore.size()).join(", ") + "\n";
+        for (const char* name : ContextMenuEntryNames) {
+            const Menu& e = main.menu(QString::fromLatin1(name));
+            if (e.Visible)
+                out += "  " + QString::fromLatin1(name).mid(13) + (e.Caption == "-" ? "" : " " + e.Caption)
+                    + "\n";
+        }
+        return out + currentRecords();
+    }
+
+private:
     void rightClick(const Click& c, const char* nodeText = nullptr)
     {
         click(QString::fromUtf8(c.tag));
@@ -108,10 +112,7 @@ protected:
                 = QString::fromUtf8(nodeText);
         if (c.row)
             selectRow(QString::fromUtf8(c.row));
-        if (c.onList)
-            main.lvNodeContent_MouseUp(2, 0);
-        else
-            main.tvProjectContent_MouseUp(2, 0);
+        c.onList ? main.lvNodeContent_MouseUp(2, 0) : main.tvProjectContent_MouseUp(2, 0);
     }
 
     void selectRow(const QString& text)
@@ -130,56 +131,26 @@ protected:
 
     QString visibleEntries() const
     {
-        QStringList shown;
-        for (const char* name : ContextMenuEntryNames) {
-            const Menu& e = main.menu(QString::fromLatin1(name));
-            const QString entry = QString::fromLatin1(name).mid(13);
-            if (e.Visible)
-                shown << (e.Caption == QLatin1String("-") ? entry : entry + u'=' + e.Caption);
-        }
-        return shown.join(u'|');
+        QString shown;
+        for (const char* name : ContextMenuEntryNames)
+            if (main.menu(QString::fromLatin1(name)).Visible)
+                shown += main.menu(QString::fromLatin1(name)).Caption + "|";
+        return shown;
     }
 
     QStringList popups;
 };
 
-} // namespace
-
-TEST_P(ContextMenuTest, ShowsTheEntriesOfTheClickAndMakesItsRecordCurrent)
+TEST(ContextMenu, ShowsTheEntriesOfTheClickAndMakesItsRecordCurrent)
 {
-    const ContextMenuCase& c = GetParam();
-    if (c.before.tag) {
-        rightClick(c.before);
-        ASSERT_EQ(popups.size(), 1);
-    }
-    const QString left = visibleEntries();
-    // Away from any record a click makes current.
-    g.project.rsUsers.MoveLast();
-    g.project.rsUserGroups.MoveLast();
-    g.project.rsZones.MoveLast();
-
-    rightClick(c.click, c.nodeText);
-
-    if (!c.menu) {
-        EXPECT_EQ(popups.size(), c.before.tag ? 1 : 0) << "no menu pops up";
-        EXPECT_EQ(visibleEntries(), left) << "no entry changes";
-        return;
-    }
-    ASSERT_EQ(popups.size(), c.before.tag ? 2 : 1);
-    EXPECT_EQ(popups.back(), "mnuProjConent");
-    EXPECT_EQ(visibleEntries(), QString::fromUtf8(c.menu));
-    if (*c.record) {
-        const QStringList record = QString::fromUtf8(c.record).split(u'=');
-        ProjectState& p = g.project;
-        const QString current = record[0] == QLatin1String("Users") ? this->current(p.rsUsers, "UserName")
-            : record[0] == QLatin1String("UserGroups") ? this->current(p.rsUserGroups, "GroupName")
-                                                       : this->current(p.rsZones, "ZoneNo");
-        EXPECT_EQ(current, record[1]);
-    }
+    QString out;
+    for (const ContextMenuCase& c : kCases)
+        out += ContextMenuWindow().play(c);
+    ExpectGolden("mainwindow/golden/context-menu.txt", out);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, ContextMenuTest, ::testing::ValuesIn(kCases),
-    [](const auto& info) { return CaseName(info.param.name); });
+} // namespace
+
 namespace {
 
 // A contact of further groups brings the project's notification targets to the case's count.

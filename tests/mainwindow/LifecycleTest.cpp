@@ -5,25 +5,27 @@
 
 namespace {
 
-struct LoadCase
-{
-    const char* name;
-    std::array<const char*, 4> stored; // MainLeft, MainTop, MainWidth, MainHeight; nullptr: absent
-    std::array<double, 4> expected;
-};
-
-const std::array kLoadCases = {
-    LoadCase {"EmptyStoreGivesTheDefaults", {nullptr, nullptr, nullptr, nullptr}, {200, 200, 10800, 6900}},
-    LoadCase {"StoredValuesWin", {"15", "-30", "9000.5", "4500"}, {15, -30, 9000.5, 4500}},
-    LoadCase {"EachKeyFallsBackAlone", {"600", nullptr, nullptr, "3000"}, {600, 200, 10800, 3000}},
-};
-
 const char* const PlaceKeys[] = {"MainLeft", "MainTop", "MainWidth", "MainHeight"};
 
-TEST_F(MainWindowTest, FormLoadRestoresThePlaceFromTheSettingsStore)
+// The window's place, as the settings store spells it.
+QString Place(const frmMain& m)
 {
-    for (const LoadCase& c : kLoadCases) {
-        SCOPED_TRACE(c.name);
+    return QStringLiteral("%1 %2 %3 %4").arg(m.Left).arg(m.Top).arg(m.Width).arg(m.Height);
+}
+
+TEST_F(MainWindowTest, FormLoadRestoresThePlaceFromTheSettingsStoreKeyByKey)
+{
+    const struct
+    {
+        std::array<const char*, 4> stored; // MainLeft, MainTop, MainWidth, MainHeight; nullptr: absent
+        const char* place;
+    } cases[] = {
+        {{nullptr, nullptr, nullptr, nullptr}, "200 200 10800 6900"},
+        {{"15", "-30", "9000.5", "4500"}, "15 -30 9000.5 4500"},
+        {{"600", nullptr, nullptr, "3000"}, "600 200 10800 3000"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.place);
         for (int i = 0; i < 4; ++i) {
             const QString key = "Settings/" + QString::fromLatin1(PlaceKeys[i]);
             platform.settings.erase(key);
@@ -31,13 +33,8 @@ TEST_F(MainWindowTest, FormLoadRestoresThePlaceFromTheSettingsStore)
                 platform.settings[key] = QString::fromLatin1(c.stored[i]);
         }
         main.mIsInDelay = true;
-
         main.Form_Load();
-
-        EXPECT_EQ(main.Left, c.expected[0]);
-        EXPECT_EQ(main.Top, c.expected[1]);
-        EXPECT_EQ(main.Width, c.expected[2]);
-        EXPECT_EQ(main.Height, c.expected[3]);
+        EXPECT_EQ(Place(main), c.place);
         EXPECT_FALSE(main.mIsInDelay);
         EXPECT_FALSE(main.Visible) << "the load does not show the window";
     }
@@ -95,40 +92,26 @@ TEST_F(ProjectWindowTest, ClosingWithEditsCancelKeepsTheProjectAndNoClosesItAndE
     EXPECT_TRUE(g.project.ProjectName.isEmpty());
 }
 
-struct ExitCase
-{
-    const char* name;
-    int windowState;
-    bool placeWritten;
-};
-
-const ExitCase ExitCases[] = {{"Normal", 0, true}, {"Minimised", 1, false}, {"Maximised", 2, true}};
-
+// Exit stores the place unless the window is minimised, and always the view mode.
 TEST_F(MainWindowTest, ExitStoresThePlaceUnlessMinimisedAndAlwaysTheViewMode)
 {
-    for (const ExitCase& c : ExitCases) {
-        SCOPED_TRACE(c.name);
-        for (const char* key : PlaceKeys)
-            platform.settings.erase("Settings/" + QString::fromLatin1(key));
-        platform.settings.erase("Settings/ViewMode");
+    for (const auto& [windowState, stored] :
+        {std::pair {0, "300 450 9000.5 5000 3"}, {1, "1234 - - - 3"}, {2, "300 450 9000.5 5000 3"}}) {
+        SCOPED_TRACE(windowState);
+        platform.settings.clear();
         platform.settings["Settings/MainLeft"] = "1234";
         main.Left = 300;
         main.Top = 450;
         main.Width = 9000.5;
         main.Height = 5000;
-        main.WindowState = c.windowState;
-
+        main.WindowState = windowState;
         EXPECT_THROW(main.mnuFileExit_Click(), ProcessEnded);
-
-        auto stored = [&](const char* key) {
+        QStringList values;
+        for (const char* key : {"MainLeft", "MainTop", "MainWidth", "MainHeight", "ViewMode"}) {
             const auto it = platform.settings.find("Settings/" + QString::fromLatin1(key));
-            return it == platform.settings.end() ? "<none>" : it->second;
-        };
-        EXPECT_EQ(stored("MainLeft"), c.placeWritten ? "300" : "1234");
-        EXPECT_EQ(stored("MainTop"), c.placeWritten ? "450" : "<none>");
-        EXPECT_EQ(stored("MainWidth"), c.placeWritten ? "9000.5" : "<none>");
-        EXPECT_EQ(stored("MainHeight"), c.placeWritten ? "5000" : "<none>");
-        EXPECT_EQ(stored("ViewMode"), "3");
+            values << (it == platform.settings.end() ? "-" : it->second);
+        }
+        EXPECT_EQ(values.join(' '), stored);
     }
 }
 

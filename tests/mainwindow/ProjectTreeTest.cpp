@@ -1,38 +1,8 @@
-#include <array>
-
-#include "CaseName.h"
-#include "ProjectContentFixture.h"
 #include "ProjectTree.h"
+#include "MainWindowFixture.h"
 #include "UnhandledError.h"
 
 namespace {
-
-constexpr quint32 Grey = SystemColor::GrayText;
-constexpr quint32 Default = SystemColor::WindowText;
-
-TEST_F(ProjectContentTest, TheTreeShowsTheThreeBranchesInRecordsetOrder)
-{
-    const auto& nodes = main.tvProjectContent.Nodes;
-    ASSERT_EQ(nodes.size(), 10u + 64u);
-    const std::vector<Node> head(nodes.begin(), nodes.begin() + 10);
-    const std::vector<Node> expected {
-        {-1, "", "專案(Project1)", "Proj", "ProjName", Default, true},
-        {0, "Users", "連絡人", "UserName", "Users", Default, false},
-        {1, "", "Ann", "UserName", "Users,Ann", Grey, false},
-        {1, "", "Bob", "UserName", "Users,Bob", 0, false},
-        {1, "", "A,B", "UserName", "Users,A,B", 0, false},
-        {0, "UserGroups", "群組", "UserGroups", "UserGroups", Default, false},
-        {5, "", "UserGroup1", "UserGroups", "UserGroups,UserGroup1", Default, false},
-        {5, "", "Fire", "UserGroups", "UserGroups,Fire", Default, false},
-        {5, "", "A,B", "UserGroups", "UserGroups,A,B", Default, false},
-        {0, "Zones", "警報區", "Zones", "Zones", Default, false},
-    };
-    EXPECT_EQ(head, expected);
-    EXPECT_EQ(nodes[10], (Node {9, "Zones0", "#0", "Alarm", "Zones,0", 0, false}));
-    EXPECT_EQ(nodes[13], (Node {9, "Zones3", "#3-Hall", "Alarm", "Zones,3", Grey, false}));
-    EXPECT_EQ(main.tvProjectContent.SelectedItem, -1);
-    EXPECT_TRUE(g.project.rsUsers.IsEOF()) << "the rebuild leaves no current record";
-}
 
 TEST_F(MainWindowTest, WithoutAProjectTheTreeAndListAreEmptyAndTheEventsDoNothing)
 {
@@ -64,7 +34,7 @@ const ParseCase ParseCases[] = {
     {"four fields fill the items", "a,b,,d", 4, {"a", "b", "", "d"}},
 };
 
-TEST(ParseNodeTag, SplitsOnCommas)
+TEST(ParseNodeTag, SplitsOnCommasIntoFourFieldsAtMost)
 {
     for (const ParseCase& c : ParseCases) {
         SCOPED_TRACE(c.name);
@@ -77,91 +47,35 @@ TEST(ParseNodeTag, SplitsOnCommas)
         for (int i = 1; i <= 4; ++i)
             EXPECT_EQ(Items(i), QString::fromUtf8(c.items[i - 1])) << i;
     }
-}
-
-TEST(ParseNodeTag, AFifthFieldIsASubscriptOutOfRange)
-{
     NodeTagItems Items;
     qint16 count = 0;
-    EXPECT_THROW(ParseNodeTag("Users,a,b,c,d", Items, count), UnhandledError);
+    EXPECT_THROW(ParseNodeTag("Users,a,b,c,d", Items, count), UnhandledError) << "a fifth field";
 }
 
-// The current row of each recordset after the search: rsUsers' UserName, rsUserGroups'
-// GroupName, rsZones' ZoneNo; nullptr where the case does not look. A record found, and the
-// part before a comma, are seen in the double-click tables by the record current at the editor.
-struct LocateCase
+// Where a record is found the double-click and context-menu tables see it current at the editor.
+TEST_F(ProjectContentTest, LocateMovesTheRecordsetOfTheKindOnlyOnAnExactName)
 {
-    const char* name;
-    const char* tag;
-    bool found;
-    std::array<const char*, 3> rows;
-};
-
-const LocateCase LocateCases[] = {
-    {"the name is compared exactly", "UserGroups,fire", false, {nullptr, "<none>", nullptr}},
-    {"a branch moves nothing", "Users", false, {"<none>", "<none>", nullptr}},
-    {"another kind word is found without moving", "ProjName,x", true, {"<none>", "<none>", nullptr}},
-};
-
-class LocateTest : public ProjectContentTest, public ::testing::WithParamInterface<LocateCase>
-{ };
-
-TEST_P(LocateTest, MovesTheRecordsetOfTheKind)
-{
-    const LocateCase& c = GetParam();
-    NodeTagItems Items;
-    qint16 count = 0;
-    ParseNodeTag(QString::fromUtf8(c.tag), Items, count);
-    bool found = !c.found;
-    main.LocateCurRecord(Items, count, found);
-    EXPECT_EQ(found, c.found);
-    const std::pair<Recordset*, const char*> tables[] = {{&g.project.rsUsers, "UserName"},
-        {&g.project.rsUserGroups, "GroupName"}, {&g.project.rsZones, "ZoneNo"}};
-    for (int i = 0; i < 3; ++i) {
-        if (c.rows[i]) {
-            const auto& [rs, field] = tables[i];
-            EXPECT_EQ(current(*rs, QString::fromLatin1(field)), QString::fromUtf8(c.rows[i])) << field;
-        }
+    const struct
+    {
+        const char* tag;
+        bool found;
+        const char* current;
+    } cases[] = {
+        {"UserGroups,fire", false, "current: Users=<none> UserGroups=<none> Zones=<none>\n"},
+        {"Users", false, "current: Users=<none> UserGroups=<none> Zones=<none>\n"},
+        {"ProjName,x", true, "current: Users=<none> UserGroups=<none> Zones=<none>\n"},
+        {"UserGroups,Fire", true, "current: Users=<none> UserGroups=Fire Zones=<none>\n"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.tag);
+        NodeTagItems Items;
+        qint16 count = 0;
+        ParseNodeTag(QString::fromUtf8(c.tag), Items, count);
+        bool found = !c.found;
+        main.LocateCurRecord(Items, count, found);
+        EXPECT_EQ(found, c.found);
+        EXPECT_EQ(currentRecords(), QString::fromUtf8(c.current));
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Tags, LocateTest, ::testing::ValuesIn(LocateCases),
-    [](const auto& info) { return CaseName(info.param.name); });
-
-struct DblClickCase
-{
-    const char* name;
-    const char* tag;
-    Editor editor;
-    const char* record; // current when the editor opens; nullptr: none, and its load fails
-};
-
-const DblClickCase TreeDblClickCases[] = {
-    {"a contact opens its editor", "Users,Bob", Editor::TelList, "Bob"},
-    {"a contact with a comma opens nothing", "Users,A,B", Editor::None, ""},
-    // Only the part before the comma is searched, so no group is current for the editor to read.
-    {"a group with a comma still opens its editor", "UserGroups,A,B", Editor::GroupList, nullptr},
-    {"a zone opens its editor", "Zones,3", Editor::ZoneList, "3"},
-    {"a branch opens nothing", "Zones", Editor::None, ""},
-    {"the root opens nothing", "ProjName", Editor::None, ""},
-};
-
-class TreeDblClickTest : public ProjectContentTest, public ::testing::WithParamInterface<DblClickCase>
-{ };
-
-TEST_P(TreeDblClickTest, OpensTheEditorOfTheSelectedRecord)
-{
-    const DblClickCase& c = GetParam();
-    main.tvProjectContent.SelectedItem = nodeIndex(QString::fromUtf8(c.tag));
-    if (!c.record) {
-        EXPECT_THROW(main.tvProjectContent_DblClick(), UnhandledError);
-        return;
-    }
-    expectEditor(c.editor, c.record);
-    main.tvProjectContent_DblClick();
-}
-
-INSTANTIATE_TEST_SUITE_P(Nodes, TreeDblClickTest, ::testing::ValuesIn(TreeDblClickCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 } // namespace

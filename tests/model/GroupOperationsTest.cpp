@@ -2,7 +2,6 @@
 
 #include "CaseName.h"
 #include "ModelFixture.h"
-#include "UnhandledError.h"
 #include "VORNAUtil.h"
 
 namespace {
@@ -48,70 +47,40 @@ class GroupProposalTest : public ModelTest, public ::testing::WithParamInterface
 TEST_P(GroupProposalTest, KeyInStringOpensWithTheProposal)
 {
     GetParam().setUp(*this);
-    const QStringList before = column(p().rsUserGroups, "GroupName");
+    const QString before = table("UserGroups", p().rsUserGroups);
     expectKeyInString(AddTitle, AddPrompt, QString::fromUtf8(GetParam().proposal), Cancel);
     EXPECT_FALSE(AddUserGroup(g));
-    EXPECT_EQ(column(p().rsUserGroups, "GroupName"), before);
+    EXPECT_EQ(table("UserGroups", p().rsUserGroups), before);
     EXPECT_FALSE(p().IsProjectModified);
 }
 
 INSTANTIATE_TEST_SUITE_P(Proposals, GroupProposalTest, ::testing::ValuesIn(ProposalCases),
     [](const auto& info) { return CaseName(info.param.name); });
 
-struct AnswerCase
+class GroupAnswerModel : public FreshModel<ModelTest>
 {
-    const char* name;
-    const char* typed;
-    const char* stored; // nullptr: nothing is added
-    const char* boxText = nullptr;
-    const char* boxTitle = nullptr;
+public:
+    // Adds a group answered with the typed name; the row exists while its editor is open, and
+    // stays whatever the editor does.
+    QString add(const QString& typed, int boxFlags, const QString& boxTitle)
+    {
+        expectKeyInString(AddTitle, AddPrompt, "UserGroup2", typed);
+        if (boxFlags)
+            platform.expectBoxWithAnyText(boxFlags, boxTitle);
+        else
+            expectGroupEditor(true, [this] { EXPECT_EQ(FieldText(p().rsUserGroups, "GroupName"), "A"); });
+        const bool added = AddUserGroup(g);
+        return QStringLiteral("== typed \"%1\": %2\n").arg(typed).arg(added) + state();
+    }
 };
 
-const AnswerCase AnswerCases[] = {
-    {"blanks around the name are removed", "  A  ", "A"},
-    {"blanks alone are empty", "   ", nullptr, "新增連絡人群組名稱不得為空白。\r\n新增連絡人群組失敗。",
-        "新增連絡人群組失敗"},
-    {"a name taken in another case is refused", "usergroup1", nullptr,
-        "本使用者群組名稱[usergroup1]已經存在。", "本使用者群組名稱已經存在"},
-};
-
-class GroupAnswerTest : public ModelTest, public ::testing::WithParamInterface<AnswerCase>
-{ };
-
-TEST_P(GroupAnswerTest, TheAnswerIsTrimmedCheckedAndStored)
+TEST(AddUserGroup, TheAnswerIsTrimmedCheckedAndStored)
 {
-    const AnswerCase& c = GetParam();
-    expectKeyInString(AddTitle, AddPrompt, "UserGroup2", QString::fromUtf8(c.typed));
-    if (c.boxText)
-        platform.expectBox(16, QString::fromUtf8(c.boxText), QString::fromUtf8(c.boxTitle));
-    const QString stored = QString::fromUtf8(c.stored);
-    if (c.stored) {
-        // The row exists while the editor is open, and stays whatever the editor does.
-        expectGroupEditor(
-            true, [&] { EXPECT_EQ(NullToEmpty(p().rsUserGroups.Fields("GroupName")), stored); });
-    }
-
-    EXPECT_EQ(AddUserGroup(g), c.stored != nullptr);
-
-    QStringList groups {"UserGroup1"};
-    if (c.stored)
-        groups << stored;
-    EXPECT_EQ(column(p().rsUserGroups, "GroupName"), groups);
-    EXPECT_EQ(p().IsProjectModified, c.stored != nullptr);
-    if (c.stored) {
-        EXPECT_EQ(field(p().rsUserGroups, "GroupName", stored, "GroupDsc"), QString());
-        const RecordingView::Node added {2, {}, stored, "UserGroups", "UserGroups," + stored};
-        ASSERT_EQ(view.nodes.size(), 6u);
-        EXPECT_EQ(view.nodes.back(), added);
-        EXPECT_EQ(view.selectedNode, 5);
-        EXPECT_EQ(view.listFillCount, 2);
-    } else {
-        EXPECT_EQ(view.nodes.size(), 5u);
-    }
+    QString out = GroupAnswerModel().add("  A  ", 0, {});
+    out += GroupAnswerModel().add("   ", 16, "新增連絡人群組失敗");
+    out += GroupAnswerModel().add("usergroup1", 16, "本使用者群組名稱已經存在");
+    ExpectGolden("model/golden/add-group.txt", out);
 }
-
-INSTANTIATE_TEST_SUITE_P(Answers, GroupAnswerTest, ::testing::ValuesIn(AnswerCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 TEST_F(ModelTest, AGroupNamePastTheProposalsIsStillAccepted)
 {
@@ -120,99 +89,67 @@ TEST_F(ModelTest, AGroupNamePastTheProposalsIsStillAccepted)
     expectKeyInString(AddTitle, AddPrompt, QString(), "UserGroup100");
     expectGroupEditor(true);
     EXPECT_TRUE(AddUserGroup(g));
-    EXPECT_EQ(column(p().rsUserGroups, "GroupName").last(), "UserGroup100");
+    EXPECT_TRUE(table("UserGroups", p().rsUserGroups).endsWith("\n  UserGroup100|\n"));
 }
 
-// Fire is used by zone 3 and by Ann and Cy; zone 7 and Bob name it in another case.
-class DeleteGroupTest : public ModelTest
+struct DeleteCase
+{
+    const char* name;
+    std::function<void(ModelTest&)> setUp;
+    int flags;
+    int answer;
+};
+
+// Fire is used by zone 3 and by Ann and Cy; zone 7 and Bob name it in another case, and stay
+// out of the lists, but Bob's list goes with it.
+void FireInUse(ModelTest& t)
+{
+    t.addGroup("Fire");
+    t.view.addNode(2, {}, "Fire", "UserGroups", "UserGroups,Fire");
+    t.setZoneTarget(3, "Fire", "Hall");
+    t.setZoneTarget(5, "ALL");
+    t.setZoneTarget(7, "fire");
+    t.addUser("Ann", "Fire" + CRLF + "UserGroup1", "0911");
+    t.addUser("Bob", "fire", "0912");
+    t.addUser("Cy", "Fire", "0913");
+    FindRecord(t.p().rsUserGroups, "GroupName", "Fire", false);
+    CountTelNo(t.p());
+}
+
+const DeleteCase DeleteCases[] = {
+    // The count of targets is left for the next CountTelNo.
+    {"a group in use, Yes", FireInUse, 52, MsgBox::Yes},
+    {"a group in use, No changes nothing", FireInUse, 52, MsgBox::No},
+    {"an unused group is asked for with both line breaks",
+        [](ModelTest& t) {
+            t.addGroup("Spare");
+            t.view.addNode(2, {}, "Spare", "UserGroups", "UserGroups,Spare");
+        },
+        52, MsgBox::Yes},
+    {"the last group is kept", [](ModelTest& t) { t.p().rsUserGroups.MoveFirst(); }, 48, MsgBox::OK},
+};
+
+class DeleteGroupModel : public FreshModel<ModelTest>
 {
 public:
-    DeleteGroupTest()
+    QString remove(const DeleteCase& c)
     {
-        addGroup("Fire");
-        view.addNode(2, {}, "Fire", "UserGroups", "UserGroups,Fire");
-        setZoneTarget(3, "Fire", "Hall");
-        setZoneTarget(5, "ALL");
-        setZoneTarget(7, "fire");
-        addUser("Ann", "Fire" + CRLF + "UserGroup1", "0911");
-        addUser("Bob", "fire", "0912");
-        addUser("Cy", "Fire", "0913");
-        FindRecord(p().rsUserGroups, "GroupName", "Fire", false);
-        CountTelNo(p());
+        c.setUp(*this);
+        view.statusHistory.clear();
+        platform.expectBoxWithAnyText(
+            c.flags, c.flags == 48 ? "不可刪除群組" : "是否確定刪除這個連絡人群組", c.answer);
+        const bool deleted = DeleteUserGroup(g);
+        return QStringLiteral("== %1: %2\n").arg(c.name).arg(deleted) + state()
+            + "current group: " + FieldText(p().rsUserGroups, "GroupName") + "\n";
     }
 };
 
-TEST_F(DeleteGroupTest, ListsExactlyAndRemovesWithoutRegardToCase)
+TEST(DeleteUserGroup, ListsWhatGoesAndRemovesItWithoutRegardToCase)
 {
-    platform.expectBox(52,
-        QStringLiteral("確定是否要刪除這個連絡人群組[Fire]?\r\n"
-                       "下列警報點對應本連絡人群組之參照將被移除:\r\n3 ,Hall\r\n"
-                       "下列隸屬於本連絡人群組之連絡人[2]將被移除:\r\nAnn ,0911 ,\r\nCy ,0913 ,"),
-        "是否確定刪除這個連絡人群組", MsgBox::Yes);
-
-    EXPECT_TRUE(DeleteUserGroup(g));
-
-    EXPECT_EQ(column(p().rsUserGroups, "GroupName"), QStringList {"UserGroup1"});
-    // Zone 7's target differs in case and stays; Bob's list differs in case and goes.
-    EXPECT_EQ(
-        column(p().rsZones, "GroupName").mid(0, 8), QStringList({"", "", "", "", "", "ALL", "", "fire"}));
-    EXPECT_EQ(column(p().rsUsers, "GroupName"), QStringList({"UserGroup1", "", ""}));
-    EXPECT_EQ(p().TelNoCount, 4) << "left for the next CountTelNo";
-
-    EXPECT_EQ(NullToEmpty(p().rsUserGroups.Fields("GroupName")), "UserGroup1");
-    EXPECT_EQ(view.tags(),
-        (std::vector<QString> {"ProjName", "Users", "UserGroups", "Zones", "UserGroups,UserGroup1"}));
-    EXPECT_EQ(view.statusHistory,
-        (std::vector<QString> {"正在刪除有關這個連絡人群組[Fire]中的相關資料...", QString()}));
-    EXPECT_EQ(view.pointerHistory, (std::vector<int> {Pointer::Hourglass, Pointer::Default}));
-    EXPECT_EQ(view.listFillCount, 1);
-    EXPECT_TRUE(p().IsProjectModified);
-}
-
-TEST_F(DeleteGroupTest, NoChangesNothing)
-{
-    const QStringList groups = rows(p().rsUserGroups), users = rows(p().rsUsers), zones = rows(p().rsZones);
-    platform.expectBoxWithAnyText(52, "是否確定刪除這個連絡人群組", MsgBox::No);
-    EXPECT_FALSE(DeleteUserGroup(g));
-    EXPECT_EQ(rows(p().rsUserGroups), groups);
-    EXPECT_EQ(rows(p().rsUsers), users);
-    EXPECT_EQ(rows(p().rsZones), zones);
-    EXPECT_EQ(view.nodes.size(), 6u);
-    EXPECT_FALSE(p().IsProjectModified);
-}
-
-TEST_F(ModelTest, AnUnusedGroupIsAskedForWithBothLineBreaks)
-{
-    addGroup("Spare");
-    view.addNode(2, {}, "Spare", "UserGroups", "UserGroups,Spare");
-    platform.expectBox(
-        52, "確定是否要刪除這個連絡人群組[Spare]?\r\n\r\n", "是否確定刪除這個連絡人群組", MsgBox::Yes);
-    EXPECT_TRUE(DeleteUserGroup(g));
-    EXPECT_EQ(p().rsUserGroups.RecordCount(), 1);
-}
-
-TEST_F(ModelTest, TheLastGroupIsKept)
-{
-    p().rsUserGroups.MoveFirst();
-    platform.expectBox(48, "不可刪除群組！\r\n群組至少留一組，不可全刪除。", "不可刪除群組");
-    EXPECT_FALSE(DeleteUserGroup(g));
-    EXPECT_EQ(p().rsUserGroups.RecordCount(), 1);
-}
-
-TEST_F(ModelTest, DeletingWithoutACurrentGroupEndsTheProgram)
-{
-    addGroup("Spare");
-    p().rsUserGroups.MoveLast();
-    p().rsUserGroups.MoveNext();
-    try {
-        DeleteUserGroup(g);
-        FAIL() << "no current row must end the program";
-    } catch (const UnhandledError& e) {
-        EXPECT_EQ(e.text(), "GroupList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人群組失敗。");
-        EXPECT_EQ(e.title(), "刪除連絡人群組失敗");
-        EXPECT_EQ(e.flags(), 16);
-    }
-    EXPECT_EQ(p().rsUserGroups.RecordCount(), 2);
+    QString out;
+    for (const DeleteCase& c : DeleteCases)
+        out += DeleteGroupModel().remove(c);
+    ExpectGolden("model/golden/delete-group.txt", out);
 }
 
 } // namespace

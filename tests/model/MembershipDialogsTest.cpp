@@ -1,6 +1,3 @@
-#include <vector>
-
-#include "CaseName.h"
 #include "ModelFixture.h"
 #include "UnhandledError.h"
 #include "frmAddOtherUser.h"
@@ -10,11 +7,12 @@
 namespace {
 
 // The dialogs that change memberships, on the template's "UserGroup1" and the groups "B" and
-// "C"; the window locates contacts and groups as the real one does, and every group has its node.
-class MembershipTest : public ModelTest
+// "C", each case on a project of its own; the window locates contacts and groups as the real one
+// does, and every group has its node.
+class MembershipModel : public FreshModel<ModelTest>
 {
 public:
-    MembershipTest()
+    MembershipModel()
     {
         view.locate = [this](const QString& kind, const QString& name) {
             if (kind == "Users")
@@ -36,186 +34,125 @@ public:
         for (const QString& row : rows)
             addUser(row.section('=', 0, 0), row.section('=', 1), "0912", false);
     }
-    // The Users rows of contacts added with users().
-    static QStringList expected(const QStringList& rows)
+
+    // Ann of the list, and Bob of "C" whose row the window may have left current; the group made
+    // on the spot is "UserGroup2". The dialog is answered on its first row.
+    QString addUserGroup(const char* list, bool onBob, bool addGroup, bool ok)
     {
-        QStringList all;
-        for (const QString& row : rows)
-            all << row.section('=', 0, 0) + "|0912||" + row.section('=', 1) + "|False";
-        return all;
+        users({QStringLiteral("Ann=") + list, "Bob=C"});
+        FindRecord(p().rsUsers, "UserName", onBob ? "Bob" : "Ann", false);
+        QString out = QStringLiteral("== frmAddUserGroup, Ann of \"%1\"%2%3, %4\n")
+                          .arg(QString(list).replace("\r\n", "\\r\\n"), onBob ? ", on Bob's row" : "",
+                              addGroup ? ", a group added" : "", ok ? "OK" : "Cancel");
+        expectDialog<frmAddUserGroup>([&](frmAddUserGroup& f) {
+            out += f.lblUserName.Caption + ": ";
+            if (addGroup)
+                f.cmdAddGroup_Click();
+            out += combo(f.cmbUserGroups);
+            ok ? f.cmdOK_Click() : f.cmdCancel_Click();
+        });
+        if (addGroup) {
+            expectKeyInString("新增連絡人群組", "請輸入新連絡人群組名稱:", "UserGroup2", "UserGroup2");
+            expectGroupEditor(true);
+        }
+        ShowDialog<frmAddUserGroup>(g, "Ann");
+        return out + table("Users", p().rsUsers) + table("UserGroups", p().rsUserGroups);
+    }
+
+    // Group B offers the contacts outside it; the choice is written at the recordset's next move.
+    QString addOtherUser(const char* typed)
+    {
+        users({"Ann=B", "Bob=", "Cy=b", "Dee=UserGroup1\r\nb"});
+        AddUserRow(p(), "Eve", "UserGroup1", "0912", false, "night (shift)");
+        const QString before = table("Users", p().rsUsers);
+        frmAddOtherUser& f = g.form<frmAddOtherUser>();
+        f.LoadFormObj("B");
+        QString out = QStringLiteral("== frmAddOtherUser, \"%1\" typed\n").arg(typed) + f.lblGroupName.Caption
+            + ": " + combo(f.cmbAddUser);
+        f.cmbAddUser.SetText(typed);
+        try {
+            f.cmdOK_Click();
+        } catch (const UnhandledError& e) {
+            return out + "unhandled: " + e.text() + "\n";
+        }
+        out += QStringLiteral("stored before the move: %1, located: %2\n")
+                   .arg(table("Users", p().rsUsers) == before ? "nothing" : "something",
+                       view.locatedTags.back());
+        p().rsUsers.MoveFirst();
+        return out + table("Users", p().rsUsers);
+    }
+
+    // Group A's contacts move to the chosen row or the typed name; zones and groups stay, and a
+    // target that no group bears exactly is written, and then its node is missing.
+    QString moveUsers(const char* typed)
+    {
+        group("A");
+        users({"m1=A", "m2=A\r\nB", "m3=\r\nA", "m4=a\r\nb", "m5=UserGroup1", "m6="});
+        setZoneTarget(1, "A");
+        frmMoveUsers& f = g.form<frmMoveUsers>();
+        f.LoadFormObj("A");
+        QString out = QStringLiteral("== frmMoveUsers, %1\n")
+                          .arg(typed ? "\"" + QString(typed) + "\" typed" : "row 1")
+            + f.lblGroupName.Caption + ": " + combo(f.cmbMoveGroup);
+        typed ? f.cmbMoveGroup.SetText(typed) : f.cmbMoveGroup.SelectRow(1);
+        try {
+            f.cmdOK_Click();
+            out += "selected: " + view.nodes.at(view.selectedNode).Tag + ", current group "
+                + FieldText(p().rsUserGroups, "GroupName") + "\n";
+        } catch (const UnhandledError& e) {
+            out += "unhandled: " + e.text() + "\n";
+        }
+        return out + state();
+    }
+
+    // With one group and one contact in it there is nothing to choose: each dialog shows its
+    // placeholder, disabled, and OK on it only closes.
+    QString placeholders()
+    {
+        for (int i = 0; i < 2; ++i) {
+            p().rsUserGroups.MoveLast();
+            p().rsUserGroups.Delete();
+        }
+        users({"Ann=UserGroup1"});
+        QString out = "== one group, one contact\n";
+        frmAddUserGroup& addGroup = g.form<frmAddUserGroup>();
+        addGroup.LoadFormObj("Ann");
+        out += combo(addGroup.cmbUserGroups);
+        addGroup.cmdOK_Click();
+        frmAddOtherUser& addOther = g.form<frmAddOtherUser>();
+        addOther.LoadFormObj("UserGroup1");
+        out += combo(addOther.cmbAddUser);
+        addOther.cmdOK_Click();
+        frmMoveUsers& move = g.form<frmMoveUsers>();
+        move.LoadFormObj("UserGroup1");
+        out += combo(move.cmbMoveGroup);
+        move.cmdOK_Click();
+        return out + state();
     }
 };
 
-struct AddGroupCase
+TEST(MembershipDialogs, OfferWhatIsMissingAndRewriteTheGroupLists)
 {
-    const char* name;
-    const char* list; // Ann's groups; Bob is in "C"
-    bool onBob;       // the window left rsUsers on Bob's row
-    bool addGroup;    // "UserGroup2" made with the dialog's button
-    std::vector<const char*> offered;
-    bool ok;            // OK on the first row, or Cancel
-    const char* stored; // Ann's groups afterwards
-};
-
-const AddGroupCase AddGroupCases[] = {
-    {"offers the groups the contact lacks whatever their case", "userGROUP1\r\nb", false, false, {"C"}, true,
-        "userGROUP1\r\nb\r\nC"},
-    {"a description shows in brackets and the name is cut at the first", "UserGroup1", false, false,
-        {"B(night (shift))", "C"}, true, "UserGroup1\r\nB"},
-    {"an empty list gets a leading CR LF", "", false, false, {"UserGroup1", "B(night (shift))", "C"}, true,
-        "\r\nUserGroup1"},
-    {"a group made on the spot replaces the placeholder", "UserGroup1\r\nB\r\nC", false, true, {"UserGroup2"},
-        true, "UserGroup1\r\nB\r\nC\r\nUserGroup2"},
-    {"a group made on the spot joins the offer last unchosen", "UserGroup1", false, true,
-        {"B(night (shift))", "C", "UserGroup2"}, false, "UserGroup1"},
-    {"the offer follows the row the window left but the contact is written", "UserGroup1", true, false,
-        {"UserGroup1", "B(night (shift))"}, true, "UserGroup1\r\nUserGroup1"},
-};
-
-class AddUserGroupTest : public MembershipTest, public ::testing::WithParamInterface<AddGroupCase>
-{ };
-
-TEST_P(AddUserGroupTest, OffersTheGroupsTheContactLacksAndAppendsThePickedOne)
-{
-    const AddGroupCase& c = GetParam();
-    addUser("Ann", c.list);
-    users({"Bob=C"});
-    ASSERT_TRUE(FindRecord(p().rsUsers, "UserName", c.onBob ? "Bob" : "Ann", false));
-    const QStringList groupsBefore = rows(p().rsUserGroups);
-    expectDialog<frmAddUserGroup>([&c](frmAddUserGroup& f) {
-        EXPECT_EQ(f.lblUserName.Caption, "Ann");
-        if (c.addGroup)
-            f.cmdAddGroup_Click();
-        EXPECT_EQ(f.cmbUserGroups.List, std::vector<QString>(c.offered.begin(), c.offered.end()));
-        EXPECT_EQ(f.cmbUserGroups.ListIndex, 0);
-        EXPECT_TRUE(f.cmbUserGroups.Enabled);
-        c.ok ? f.cmdOK_Click() : f.cmdCancel_Click();
-    });
-    if (c.addGroup) {
-        expectKeyInString("新增連絡人群組", "請輸入新連絡人群組名稱:", "UserGroup2", "UserGroup2");
-        expectGroupEditor(true);
-    }
-    ShowDialog<frmAddUserGroup>(g, "Ann");
-    EXPECT_EQ(rows(p().rsUsers), expected({"Ann=" + QString(c.stored), "Bob=C"}));
-    EXPECT_EQ(
-        rows(p().rsUserGroups), groupsBefore + (c.addGroup ? QStringList {"UserGroup2|"} : QStringList()));
-}
-
-INSTANTIATE_TEST_SUITE_P(AddUserGroup, AddUserGroupTest, ::testing::ValuesIn(AddGroupCases),
-    [](const auto& info) { return CaseName(info.param.name); });
-
-struct AddOtherCase
-{
-    const char* typed;
-    const char* bob; // Bob's and Eve's groups afterwards; nullptr: the dialog fails
-    const char* eve;
-};
-
-const AddOtherCase AddOtherCases[]
-    = {{"Bob", "B", "UserGroup1"}, {"Eve(night (shift))", "", "UserGroup1\r\nB"}, {"Zed", nullptr, nullptr}};
-
-class AddOtherUserTest : public MembershipTest, public ::testing::WithParamInterface<AddOtherCase>
-{ };
-
-TEST_P(AddOtherUserTest, OffersContactsOutsideTheGroupAndWritesAtTheRecordsetsNextMove)
-{
-    const AddOtherCase& c = GetParam();
-    users({"Ann=B", "Bob=", "Cy=b", "Dee=UserGroup1\r\nb"});
-    AddUserRow(p(), "Eve", "UserGroup1", "0912", false, "night (shift)");
-    const QStringList before = rows(p().rsUsers);
-    frmAddOtherUser& f = g.form<frmAddOtherUser>();
-    f.LoadFormObj("B");
-    EXPECT_EQ(f.lblGroupName.Caption, "目前群組名稱:B");
-    EXPECT_EQ(f.cmbAddUser.List, std::vector<QString>({"Bob", "Eve(night (shift))"}));
-    f.cmbAddUser.SetText(c.typed);
-    if (!c.bob) {
-        EXPECT_THROW(f.cmdOK_Click(), UnhandledError);
-        return;
-    }
-    f.cmdOK_Click();
-    EXPECT_EQ(rows(p().rsUsers), before) << "nothing is stored before rsUsers moves";
-    EXPECT_EQ(view.locatedTags.back(), "UserGroups,B");
-    p().rsUsers.MoveFirst();
-    QStringList after = expected({"Ann=B", "Bob=", "Cy=b", "Dee=UserGroup1\r\nb"});
-    after[1] = "Bob|0912||" + QString(c.bob) + "|False";
-    after << "Eve|0912|night (shift)|" + QString(c.eve) + "|False";
-    EXPECT_EQ(rows(p().rsUsers), after);
-}
-
-INSTANTIATE_TEST_SUITE_P(AddOtherUser, AddOtherUserTest, ::testing::ValuesIn(AddOtherCases),
-    [](const auto& info) { return CaseName(info.param.typed); });
-
-struct MoveCase
-{
-    const char* typed; // nullptr: the row of "B"
-    QStringList after;
-};
-
-const MoveCase MoveCases[] = {
-    {nullptr, {"m1=B", "m2=B", "m3=\r\nB", "m4=b", "m5=UserGroup1", "m6="}},
-    {"Nowhere",
-        {"m1=Nowhere", "m2=Nowhere\r\nB", "m3=\r\nNowhere", "m4=Nowhere\r\nb", "m5=UserGroup1", "m6="}},
-    {"b", {"m1=b", "m2=B", "m3=\r\nb", "m4=b", "m5=UserGroup1", "m6="}},
-};
-
-class MoveUsersTest : public MembershipTest, public ::testing::WithParamInterface<MoveCase>
-{ };
-
-TEST_P(MoveUsersTest, RewritesEveryListAndSelectsTheTargetGroupWhichMayNotExist)
-{
-    const MoveCase& c = GetParam();
-    group("A");
-    users({"m1=A", "m2=A\r\nB", "m3=\r\nA", "m4=a\r\nb", "m5=UserGroup1", "m6="});
-    setZoneTarget(1, "A");
-    const QStringList groups = rows(p().rsUserGroups);
-    frmMoveUsers& f = g.form<frmMoveUsers>();
-    f.LoadFormObj("A");
-    EXPECT_EQ(f.lblGroupName.Caption, "目前群組名稱:A");
-    EXPECT_EQ(f.cmbMoveGroup.List, std::vector<QString>({"UserGroup1", "B(night (shift))", "C"}));
-    c.typed ? f.cmbMoveGroup.SetText(c.typed) : f.cmbMoveGroup.SelectRow(1);
-    // A target that no group bears exactly is written, and then its node is missing.
-    if (c.typed)
-        EXPECT_THROW(f.cmdOK_Click(), UnhandledError);
-    else
-        f.cmdOK_Click();
-    EXPECT_EQ(rows(p().rsUsers), expected(c.after));
-    EXPECT_EQ(rows(p().rsUserGroups), groups) << "the old group stays";
-    EXPECT_EQ(field(p().rsZones, "ZoneNo", "1", "GroupName"), "A") << "zones stay on the old group";
-    if (!c.typed) {
-        EXPECT_EQ(view.nodes.at(view.selectedNode).Tag, "UserGroups,B");
-        EXPECT_EQ(FieldText(p().rsUserGroups, "GroupName"), "B");
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(MoveUsers, MoveUsersTest, ::testing::ValuesIn(MoveCases),
-    [](const auto& info) { return CaseName(info.param.typed ? info.param.typed : "row"); });
-
-// With one group and one contact in it there is nothing to choose: each dialog shows its
-// placeholder, disabled, and OK on it only closes.
-TEST_F(MembershipTest, APlaceholderRowIsShownDisabledAndOKOnItOnlyCloses)
-{
-    for (int i = 0; i < 2; ++i) {
-        p().rsUserGroups.MoveLast();
-        p().rsUserGroups.Delete();
-    }
-    users({"Ann=UserGroup1"});
-    const auto check = [this](auto& f, ComboBox& combo, const char* placeholder) {
-        EXPECT_EQ(combo.List, std::vector<QString>({placeholder}));
-        EXPECT_EQ(combo.Text, placeholder);
-        EXPECT_FALSE(combo.Enabled);
-        f.cmdOK_Click();
-        EXPECT_EQ(rows(p().rsUsers), expected({"Ann=UserGroup1"})) << placeholder;
-        EXPECT_FALSE(p().IsProjectModified) << placeholder;
-    };
-    frmAddUserGroup& addGroup = g.form<frmAddUserGroup>();
-    addGroup.LoadFormObj("Ann");
-    check(addGroup, addGroup.cmbUserGroups, "無");
-    frmAddOtherUser& addOther = g.form<frmAddOtherUser>();
-    addOther.LoadFormObj("UserGroup1");
-    check(addOther, addOther.cmbAddUser, "無其它連絡人");
-    frmMoveUsers& move = g.form<frmMoveUsers>();
-    move.LoadFormObj("UserGroup1");
-    check(move, move.cmbMoveGroup, "無其它群組");
+    QString out;
+    // Offered whatever the case of the contact's entries; a description shows in brackets, and
+    // the name is cut at the first; an empty list gets a leading CR LF; a group made on the spot
+    // replaces the placeholder or joins the offer last, unchosen; the offer follows the row the
+    // window left, but the contact is written.
+    const struct
+    {
+        const char* list;
+        bool onBob, addGroup, ok;
+    } addGroupCases[] = {{"userGROUP1\r\nb", false, false, true}, {"UserGroup1", false, false, true},
+        {"", false, false, true}, {"UserGroup1\r\nB\r\nC", false, true, true},
+        {"UserGroup1", false, true, false}, {"UserGroup1", true, false, true}};
+    for (const auto& c : addGroupCases)
+        out += MembershipModel().addUserGroup(c.list, c.onBob, c.addGroup, c.ok);
+    for (const char* typed : {"Bob", "Eve(night (shift))", "Zed"})
+        out += MembershipModel().addOtherUser(typed);
+    for (const char* typed : {static_cast<const char*>(nullptr), "Nowhere", "b"})
+        out += MembershipModel().moveUsers(typed);
+    out += MembershipModel().placeholders();
+    ExpectGolden("model/golden/membership.txt", out);
 }
 
 } // namespace

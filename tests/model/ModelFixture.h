@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QDir>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
 #include "ADOUtil.h"
+#include "Golden.h"
 #include "ProjectFiles.h"
 #include "ProjectRows.h"
 #include "RecordingView.h"
@@ -49,7 +51,6 @@ public:
     {
         SetZoneRow(p(), zoneNo, zoneName, target);
     }
-    QStringList column(Recordset& rs, const QString& field) { return Column(rs, field); }
 
     // Expects the dialog shown modally; user plays it and must close it.
     template<class Form> void expectDialog(std::function<void(Form&)> user)
@@ -104,8 +105,72 @@ public:
         return value;
     }
 
+    // A table's rows, fields between bars; skipBare leaves out the rows that hold nothing but a
+    // number (the zones that the template made).
+    static QString table(const QString& name, const Recordset& rs, bool skipBare = false)
+    {
+        QString out = name + ":\n";
+        for (const QString& row : rs.RecordCount() ? rows(rs) : QStringList())
+            if (!skipBare || !QString(row).remove(QRegularExpression("^\\d+\\||\\||False")).isEmpty())
+                out += "  " + QString(row).replace("\r\n", "\\r\\n") + "\n";
+        return out;
+    }
+    // A combo's rows, the row chosen and whether it is enabled.
+    static QString combo(const ComboBox& c)
+    {
+        return "offered: " + QStringList(c.List.begin(), c.List.end()).join(" / ")
+            + QStringLiteral(", row %1 \"%2\"%3\n")
+                  .arg(c.ListIndex)
+                  .arg(c.Text, c.Enabled ? "" : ", disabled");
+    }
+
+    // The project after an operation, for a golden text: every contact and group row, the zones
+    // that hold more than their number, the nodes past the seeded branches, what the window was
+    // asked, and every box shown.
+    QString state()
+    {
+        QString out = table("Users", p().rsUsers, false) + table("UserGroups", p().rsUserGroups, false)
+            + table("Zones", p().rsZones, true) + "nodes:\n";
+        for (int i = 4; i < static_cast<int>(view.nodes.size()); ++i) {
+            const RecordingView::Node& n = view.nodes[i];
+            out += QStringLiteral("  %1 [%2] under %3 image=%4%5%6\n")
+                       .arg(n.Text, n.Tag)
+                       .arg(n.Parent)
+                       .arg(n.Image, n.ForeColor == SystemColor::GrayText ? " grey" : "",
+                           i == view.selectedNode ? " selected" : "");
+        }
+        QStringList pointers;
+        for (int pointer : view.pointerHistory)
+            pointers << QString::number(pointer);
+        out += "status: " + QStringList(view.statusHistory.begin(), view.statusHistory.end()).join(" / ")
+            + "\npointer: " + pointers.join(" ")
+            + QStringLiteral("\nlist fills: %1, modified: %2, TelNoCount: %3\n")
+                  .arg(view.listFillCount)
+                  .arg(p().IsProjectModified)
+                  .arg(p().TelNoCount);
+        return out + boxes();
+    }
+    // Every box shown, flags, title and text.
+    QString boxes() const
+    {
+        QString out;
+        for (const ScriptedPlatform::Event& e : platform.events)
+            if (e.kind == ScriptedPlatform::Event::Box)
+                out += QStringLiteral("box %1 %2: %3\n")
+                           .arg(e.value)
+                           .arg(e.title, QString(e.text).replace("\r\n", "\\r\\n"));
+        return out;
+    }
+
     TestFolder folder;
     ScriptedPlatform platform;
     RecordingView view;
     VORNAGlobal g {platform};
+};
+
+// A project of its own for each case of a loop that prints all its cases into one text.
+template<class Fixture> class FreshModel : public Fixture
+{
+public:
+    void TestBody() override { }
 };

@@ -89,7 +89,7 @@ TEST_F(ModelTest, ProjBasicOkWritesTheRowAndStampsTheDay)
         p().IsProjectModified = false;
         platform.clock = QDateTime(QDate(2027, 2, 28), QTime(23, 59, 59));
         expectDialog<frmProjBasic>([&](frmProjBasic& f) {
-            EXPECT_EQ(f.lblCreatedDate.Caption, "2020-01-02");
+            EXPECT_EQ(f.lblCreatedDate.Caption + f.txtPorjName.Text, "2020-01-02Chen");
             f.txtPorjName.Text = QString::fromUtf8(typed);
             f.txtProjDsc.Text = "1\r\n2";
             f.chkIsUnicode.Value = CheckBox::Unchecked;

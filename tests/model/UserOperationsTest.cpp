@@ -103,79 +103,73 @@ TEST_P(AddUserLimitTest, LimitsAreTestedBeforeTheDialog)
 INSTANTIATE_TEST_SUITE_P(Limits, AddUserLimitTest, ::testing::ValuesIn(LimitCases),
     [](const auto& info) { return CaseName(info.param.name); });
 
-TEST_F(ModelTest, AddUserStoresTheContactBeforeItsEditorAndCountsOneTarget)
+class UserModel : public FreshModel<ModelTest>
 {
-    addUser("Old", "UserGroup1\r\nB");
-    expectAddUser(*this, "User1", "Ann");
-    expectDialog<frmEditTelList>([](frmEditTelList& f) {
-        EXPECT_EQ(f.lblTelUser.Caption, "Ann");
-        f.cmdCancel_Click();
-    });
-
-    AddUser(g);
-
-    EXPECT_EQ(rows(p().rsUsers), QStringList({"Old|0912||UserGroup1\r\nB|False", "Ann|||UserGroup1|"}));
-    EXPECT_EQ(p().TelNoCount, 3);
-    const RecordingView::Node added {1, {}, "Ann", "UserName", "Users,Ann"};
-    EXPECT_EQ(view.nodes.back(), added);
-    EXPECT_EQ(view.selectedNode, 5);
-    EXPECT_EQ(platform.doEventsCount, 1);
-    EXPECT_EQ(view.listFillCount, 2);
-    EXPECT_TRUE(p().IsProjectModified);
-}
-
-TEST_F(ModelTest, AddUserStopsSilentlyOnAnEmptyNameAndWithABoxOnAReservedOne)
-{
-    expectAddUser(*this, "User1", QString());
-    AddUser(g);
-    expectAddUser(*this, "User1", "none");
-    platform.expectBoxWithAnyText(16, "不合法的使用者群組名稱");
-    AddUser(g);
-    EXPECT_EQ(p().rsUsers.RecordCount(), 0);
-    EXPECT_EQ(view.nodes.size(), 5u);
-}
-
-TEST_F(ModelTest, DeleteUserLowersTheCountByOneWhateverItsGroups)
-{
-    addUser("A", "UserGroup1\r\nB", "0911");
-    addUser("Bob", "UserGroup1");
-    view.addNode(1, {}, "A", "UserName", "Users,A");
-    view.addNode(1, {}, "Bob", "UserName", "Users,Bob");
-    CountTelNo(p());
-    FindRecord(p().rsUsers, "UserName", "A", false);
-    platform.expectBox(52, "確定是否要刪除這個連絡人[A:0911]?", "是否確定刪除這個連絡人", MsgBox::Yes);
-
-    EXPECT_TRUE(DeleteUser(g));
-
-    EXPECT_EQ(column(p().rsUsers, "UserName"), QStringList {"Bob"});
-    EXPECT_EQ(p().TelNoCount, 2);
-    EXPECT_EQ(CountTelNo(p()), 1);
-    EXPECT_EQ(view.tags().back(), "Users,Bob");
-    EXPECT_EQ(view.nodes.size(), 6u);
-    EXPECT_EQ(view.statusHistory, (std::vector<QString> {"正在刪除這筆連絡人資料[A]中...", QString()}));
-    EXPECT_EQ(NullToEmpty(p().rsUsers.Fields("UserName")), "Bob");
-    EXPECT_TRUE(p().IsProjectModified);
-}
-
-TEST_F(ModelTest, DeleteUserAnsweredNoKeepsTheContact)
-{
-    addUser("A", QString(), QString());
-    p().rsUsers.MoveFirst();
-    platform.expectBox(52, "確定是否要刪除這個連絡人[A:]?", "是否確定刪除這個連絡人", MsgBox::No);
-    EXPECT_FALSE(DeleteUser(g));
-    EXPECT_EQ(p().rsUsers.RecordCount(), 1);
-}
-
-TEST_F(ModelTest, DeletingWithoutACurrentContactEndsTheProgram)
-{
-    try {
-        DeleteUser(g);
-        FAIL() << "no current row must end the program";
-    } catch (const UnhandledError& e) {
-        EXPECT_EQ(e.text(), "TelList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人名稱失敗。");
-        EXPECT_EQ(e.title(), "刪除連絡人名稱失敗");
-        EXPECT_EQ(e.flags(), 16);
+public:
+    // AddUser answered with the name; a stored contact opens its editor, which Cancel closes.
+    QString add(const QString& typed, const QString& refusal = {})
+    {
+        addUser("Old", "UserGroup1\r\nB");
+        expectAddUser(*this, "User1", typed);
+        if (!refusal.isEmpty())
+            platform.expectBoxWithAnyText(16, refusal);
+        else if (!typed.isEmpty())
+            expectDialog<frmEditTelList>([typed](frmEditTelList& f) {
+                EXPECT_EQ(f.lblTelUser.Caption, typed);
+                f.cmdCancel_Click();
+            });
+        AddUser(g);
+        return QStringLiteral("== add \"%1\", events: %2\n").arg(typed).arg(platform.doEventsCount) + state();
     }
+    // DeleteUser on A, a contact of two groups, answered; the count of targets goes down by one
+    // whatever its groups.
+    QString remove(int answer)
+    {
+        addUser("A", "UserGroup1\r\nB", "0911");
+        addUser("Bob", "UserGroup1");
+        view.addNode(1, {}, "A", "UserName", "Users,A");
+        view.addNode(1, {}, "Bob", "UserName", "Users,Bob");
+        CountTelNo(p());
+        FindRecord(p().rsUsers, "UserName", "A", false);
+        platform.expectBoxWithAnyText(52, "是否確定刪除這個連絡人", answer);
+        const bool deleted = DeleteUser(g);
+        return QStringLiteral("== delete, answer %1: %2\n").arg(answer).arg(deleted) + state()
+            + "current contact: " + FieldText(p().rsUsers, "UserName") + "\n";
+    }
+};
+
+TEST(AddAndDeleteUser, StoreTheContactBeforeItsEditorAndMoveTheCountOfTargets)
+{
+    // An empty name stops silently, a reserved one with a box.
+    QString out
+        = UserModel().add("Ann") + UserModel().add("") + UserModel().add("none", "不合法的使用者群組名稱");
+    out += UserModel().remove(MsgBox::Yes) + UserModel().remove(MsgBox::No);
+    ExpectGolden("model/golden/add-delete-contact.txt", out);
+}
+
+// Without a current row each delete ends the program with a critical box of its own, and
+// deletes nothing.
+TEST_F(ModelTest, DeletingWithoutACurrentRowEndsTheProgram)
+{
+    addGroup("Spare");
+    p().rsUserGroups.MoveLast();
+    p().rsUserGroups.MoveNext();
+    const std::pair<bool (*)(VORNAGlobal&), const char*> cases[] = {
+        {DeleteUserGroup,
+            "GroupList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人群組失敗。|刪除連絡人群組失敗|16"},
+        {DeleteUser,
+            "TelList資料表的CurrentRecord未指到可用的資料。\r\n刪除連絡人名稱失敗。|刪除連絡人名稱失敗|16"},
+    };
+    for (const auto& [remove, box] : cases) {
+        try {
+            remove(g);
+            ADD_FAILURE() << "no current row must end the program";
+        } catch (const UnhandledError& e) {
+            EXPECT_EQ(
+                QStringLiteral("%1|%2|%3").arg(e.text(), e.title()).arg(e.flags()), QString::fromUtf8(box));
+        }
+    }
+    EXPECT_EQ(p().rsUserGroups.RecordCount(), 2);
 }
 
 TEST_F(ModelTest, FindNodeByTagComparesTheWholeTagExactly)
