@@ -12,6 +12,8 @@
 namespace {
 
 const ModuleText T {"VORNAUtil"};
+// The model's own texts, beside those of its operations.
+const ModuleText Own {"VORNAModel"};
 const QString Status = QStringLiteral("Status");
 
 // The first of Prefix1 to Prefix99 that no row holds (compared exactly), Prefix1 for an
@@ -342,6 +344,11 @@ bool LocateRecord(ProjectView& view, const QString& kind, const QString& name)
     bool found = false;
     view.LocateCurRecord(Items, 2, found);
     return found;
+}
+
+std::vector<ColumnHeader> GroupListColumns(const VORNAGlobal& g)
+{
+    return {{Own(g, "連絡人群組名稱", 1, 1), 1800}, {Own(g, "連絡人群組說明", 2, 1), 1800}};
 }
 
 QString ComboRowText(const QString& name, const QString& description)

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <vector>
+
 #include <QString>
+
+#include "Controls.h"
 
 class VORNAGlobal;
 class ProjectView;
@@ -36,6 +40,10 @@ bool LocateRecord(ProjectView& view, const QString& kind, const QString& name);
 // "(" is cut there; an empty text has no piece to read, an unhandled error.
 QString ComboRowText(const QString& name, const QString& description);
 QString ComboRowName(const QString& text);
+
+// The two columns of a list of groups, name and description, in the applied language; the
+// contact editor and the group picker show groups alike.
+std::vector<ColumnHeader> GroupListColumns(const VORNAGlobal& g);
 
 // frmKeyInString's question: the answer without the blanks around it, or the cancel mark.
 QString KeyInString(VORNAGlobal& g, const QString& Caption, const QString& Prompt, const QString& Default,

@@ -46,8 +46,7 @@ void frmAllUserGroups::LoadFormObj()
 // are grey. The first row is chosen unless no group differs from the contact's list.
 void frmAllUserGroups::mklvUserGroupsContent()
 {
-    lvUserGroups.ColumnHeaders
-        = {{QStringLiteral("連絡人群組名稱"), 1800}, {QStringLiteral("連絡人群組說明"), 1800}};
+    lvUserGroups.ColumnHeaders = GroupListColumns(m_g);
     lvUserGroups.ListItems.clear();
     lvUserGroups.SelectedItem = -1;
     Recordset& rs = m_g.project.rsUserGroups;

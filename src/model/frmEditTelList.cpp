@@ -51,8 +51,7 @@ void frmEditTelList::LoadFormObj()
 // is dropped by the next save.
 void frmEditTelList::mklvGroupName()
 {
-    lvGroupName.ColumnHeaders
-        = {{QStringLiteral("連絡人群組名稱"), 1800}, {QStringLiteral("連絡人群組說明"), 1800}};
+    lvGroupName.ColumnHeaders = GroupListColumns(m_g);
     ProjectState& p = m_g.project;
     if (p.rsUsers.RecordCount() == 0)
         return;
