@@ -25,17 +25,6 @@ protected:
     ProjectWindowTest() { start(); }
 };
 
-// A top menu's entries as the user sees them after its set-up: the visible ones but the bars,
-// each marked when it is disabled or checked.
-inline std::string MenuEntries(const frmMain& main, const QString& top)
-{
-    QStringList shown;
-    for (const Menu& e : main.Menus)
-        if (e.Parent == top && e.Visible && e.Caption != QLatin1String("-"))
-            shown << e.Name.mid(top.size()) + (e.Enabled ? "" : "(off)") + (e.Checked ? "(checked)" : "");
-    return shown.join(' ').toStdString();
-}
-
 // The editor a double click must open.
 enum class Editor { None, TelList, GroupList, ZoneList };
 
@@ -66,18 +55,13 @@ public:
         addUser(QString(), QString(), QString(), false);
         addUser("Bob", "fire", "0912", false);
         addUser("A,B", "Fire", "0913", false);
-        setZone(3, "Hall", "Fire", true);
+        SetZoneRow(g.project, 3, "Hall", "Fire", true, "fire in Hall");
         main.mktvProjContent();
     }
 
     void addUser(const QString& name, const QString& groups, const QString& phone, bool disabled)
     {
         AddUserRow(g.project, name, groups, phone, disabled, name.isEmpty() ? QString() : name + " dsc");
-    }
-
-    void setZone(int zoneNo, const QString& name, const QString& target, bool disabled)
-    {
-        SetZoneRow(g.project, zoneNo, name, target, disabled, "fire in " + name);
     }
 
     // Selects the node with the Tag as a click does, and fills the list.

@@ -3,8 +3,20 @@
 #include <QFile>
 
 #include "MainWindowFixture.h"
+#include "frmMessage.h"
 
 namespace {
+
+// A top menu's entries as the user sees them after its set-up: the visible ones but the bars,
+// each marked when it is disabled or checked.
+std::string MenuEntries(const frmMain& main, const QString& top)
+{
+    QStringList shown;
+    for (const Menu& e : main.Menus)
+        if (e.Parent == top && e.Visible && e.Caption != QLatin1String("-"))
+            shown << e.Name.mid(top.size()) + (e.Enabled ? "" : "(off)") + (e.Checked ? "(checked)" : "");
+    return shown.join(' ').toStdString();
+}
 
 // Every caption of the window from a table that translates each path to "T:" and the path,
 // but for File Open, which has no row and goes blank; the popup's later entries have no rows
@@ -28,28 +40,36 @@ TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
     ExpectGolden("mainwindow/golden/form-text.txt", out);
 }
 
-// Each case starts from the opposite state, so that every entry must be set.
-TEST_F(MainWindowTest, EnablesTheFileEntriesFromTheProjectState)
+// Every top menu with a set-up, after it, in states that each turn every entry that the one
+// before set; Tools and Help have nothing to set up, and the design's hidden entries stay hidden.
+TEST_F(MainWindowTest, TheTopMenusFollowTheProjectAndTheLink)
 {
     const struct
     {
-        bool projectOpen, modified;
+        bool projectOpen, modified, connected;
         const char* entries;
     } cases[] = {
-        {false, false, "New Open Save(off) SaveAs(off) Basic(off) Exit"},
-        {false, true, "New Open Save(off) SaveAs(off) Basic(off) Exit"},
-        {true, false, "New Open Save(off) SaveAs Basic Exit"},
-        {true, true, "New Open Save SaveAs Basic Exit"},
+        {false, false, false,
+            "New Open Save(off) SaveAs(off) Basic(off) Exit | Connect DownLoad(off) Setting(off) | Options | "
+            "About"},
+        {true, true, true,
+            "New Open Save SaveAs Basic Exit | Connect(checked) DownLoad Setting | Options | About"},
+        {false, true, true,
+            "New Open Save(off) SaveAs(off) Basic(off) Exit | Connect(checked) DownLoad(off) Setting | "
+            "Options | About"},
+        {true, false, false,
+            "New Open Save(off) SaveAs Basic Exit | Connect DownLoad(off) Setting(off) | Options | About"},
     };
     for (const auto& c : cases) {
         g.project.ProjectName = c.projectOpen ? "Site" : QString();
         g.project.IsProjectModified = c.modified;
-        for (Menu& e : main.Menus)
-            if (e.Parent == QLatin1String("mnuFile"))
-                e.Enabled = !c.projectOpen || e.Name.endsWith("New") || e.Name.endsWith("Open")
-                    || e.Name.endsWith("Exit");
-        main.openMenu("mnuFile");
-        EXPECT_EQ(MenuEntries(main, "mnuFile"), c.entries) << c.projectOpen << c.modified;
+        g.link.IsDeviceConnected = c.connected;
+        QStringList shown;
+        for (const char* top : {"mnuFile", "mnuDevice", "mnuTools", "mnuHelp"}) {
+            main.openMenu(top);
+            shown << QString::fromStdString(MenuEntries(main, top));
+        }
+        EXPECT_EQ(shown.join(" | "), c.entries) << c.projectOpen << c.modified << c.connected;
     }
 }
 
@@ -136,20 +156,6 @@ INSTANTIATE_TEST_SUITE_P(States, SaveKeyTest,
     ::testing::Values(SaveKeyCase {"Clean", false, false}, SaveKeyCase {"Modified", true, true}),
     [](const auto& info) { return std::string(info.param.name); });
 
-// Tools and Help have nothing to set up: each shows its one entry, with a project or without,
-// and the design's hidden entries stay hidden.
-TEST_F(ProjectWindowTest, ToolsAndHelpShowOneEntryEachWhateverTheProject)
-{
-    for (bool projectOpen : {false, true}) {
-        if (projectOpen)
-            newProject();
-        main.openMenu("mnuTools");
-        main.openMenu("mnuHelp");
-        EXPECT_EQ(MenuEntries(main, "mnuTools") + " | " + MenuEntries(main, "mnuHelp"), "Options | About");
-    }
-    CloseProject(g);
-}
-
 TEST_F(ProjectWindowTest, SummaryAndOptionsOpenTheirDialogs)
 {
     newProject();
@@ -160,6 +166,29 @@ TEST_F(ProjectWindowTest, SummaryAndOptionsOpenTheirDialogs)
         main.clickMenu(entry);
     }
     CloseProject(g);
+}
+
+// The download commits the working copy first, without a question; the new date goes into the
+// working copy alone and does not mark the project modified.
+TEST_F(ProjectWindowTest, DownloadCommitsTheWorkingCopyFirst)
+{
+    g.link.BusyForm = &g.form<frmMessage>();
+    const QString path = newProject();
+    AddGroupRow(g.project, "Fire");
+    AddUserRow(g.project, "Ann", "Fire", "0912345678");
+    platform.clock = QDateTime(QDate(2026, 12, 1), QTime(8, 0));
+    g.link.IsDeviceConnected = true;
+    platform.expectBoxWithAnyText(MsgBox::OKCancel + MsgBox::Question, "下載專案", MsgBox::Cancel);
+    main.clickMenu("mnuDeviceDownLoad");
+
+    EXPECT_FALSE(g.project.IsProjectModified);
+    EXPECT_EQ(NullToEmpty(g.project.rsBasic.Fields("ModifiedDate")), "2026-12-01");
+    const QString mir = projectPath("Project1.mir");
+    for (const auto& [table, field] :
+        {std::pair {"UserGroups", "GroupName"}, std::pair {"Users", "UserName"}})
+        EXPECT_EQ(column(path, table, field), column(mir, table, field)) << table;
+    EXPECT_EQ(column(path, "Basic", "ModifiedDate"), QStringList {QString()});
+    EXPECT_TRUE(platform.serial.written.empty());
 }
 
 } // namespace
