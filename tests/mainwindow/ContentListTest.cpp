@@ -16,9 +16,7 @@ TEST_F(ProjectContentTest, TheTreeAndTheListShowWhatEachNodeStandsFor)
         out += QStringLiteral("== click %1\n").arg(tag) + listText() + currentRecords();
     }
     // The zone table's columns are narrower without records.
-    Recordset& zones = g.project.rsZones;
-    for (zones.MoveFirst(); !zones.IsEOF(); zones.MoveNext())
-        zones.Delete();
+    DeleteRows(g.project.rsZones);
     click("Zones");
     out += "== click Zones without zones\n" + listText();
     // The root sheet's contact row fills the contact table and expands the branch.
