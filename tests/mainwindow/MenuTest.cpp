@@ -93,15 +93,11 @@ TEST_F(MainWindowTest, TheRecentEntriesInUseAreShownAndTheRestHidden)
     }
 }
 
-// An entry reading the empty mark is inert; another opens the project of its caption.
-TEST_F(MainWindowTest, ARecentEntryOpensTheProjectOfItsCaption)
+// An entry reading the empty mark is inert: no box, no dialog.
+TEST_F(MainWindowTest, ARecentEntryReadingTheEmptyMarkIsInert)
 {
     main.menu("mnuFileMRU(2)").Caption = "(空)";
     main.clickMenu("mnuFileMRU(2)");
-    const QString path = "/nowhere/Gone.cmb";
-    main.menu("mnuFileMRU(3)").Caption = path;
-    platform.expectBox(MsgBox::Critical, "本專案檔案路徑[" + path + "]不存在。", "專案開啟失敗");
-    main.clickMenu("mnuFileMRU(3)");
 }
 
 TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOnlyWithAProject)
@@ -115,13 +111,6 @@ TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOnlyWithAProject)
     main.tvProjectContent.Nodes = {stale};
     main.shortcut("F5");
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 4u + 1u + 64u);
-}
-
-TEST_F(ProjectWindowTest, TheNewProjectKeyShowsTheNewProjectDialog)
-{
-    platform.expectOpenDialog(
-        std::nullopt, [](const FileDialogOptions& o) { EXPECT_EQ(o.DialogTitle, "開新專案"); });
-    main.shortcut("Ctrl+N");
 }
 
 struct SaveKeyCase
