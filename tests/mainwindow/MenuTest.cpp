@@ -1,7 +1,3 @@
-#include <array>
-
-#include <QFile>
-
 #include "MainWindowFixture.h"
 #include "frmMessage.h"
 
