@@ -1,5 +1,4 @@
 #include <QClipboard>
-#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -49,13 +48,11 @@ QStringList shownTexts(const QObject* w)
     return texts;
 }
 
-// The control types that no shipped dialog uses yet, and two boxes to hold at a limit.
+// Two boxes to hold at a limit, one line and several.
 class frmSample : public FormModel
 {
 public:
     QString formName() const override { return "frmSample"; }
-    Frame fraPort {*this, "fraPort"};
-    TabStrip sstPages {*this, "sstPages"};
     TextBox txtLine {*this, "txtLine"};
     TextBox txtLines {*this, "txtLines"};
 };
@@ -64,10 +61,6 @@ struct SampleView
 {
     SampleView()
     {
-        tabs.addTab(new QWidget, QString());
-        tabs.addTab(new QWidget, QString());
-        binder.bind(&frame, form.fraPort);
-        binder.bind(&tabs, form.sstPages);
         binder.bind(&line, form.txtLine);
         binder.bind(&lines, form.txtLines);
     }
@@ -75,23 +68,11 @@ struct SampleView
     VornaApplication& app = guiApp();
     frmSample form;
     FormBinder binder {[this] { binder.paint(); }};
-    QGroupBox frame;
-    QTabWidget tabs;
     QLineEdit line;
     QPlainTextEdit lines;
 };
 
 } // namespace
-
-TEST(FormBinderTest, AFrameAndATabStripShowTheirCaptions)
-{
-    SampleView v;
-    v.form.fraPort.Caption = "Port";
-    v.form.sstPages.TabCaptions = {"Line", "Dialler"};
-    v.binder.paint();
-    EXPECT_EQ(shownTexts(&v.frame), controlTexts(v.form.fraPort));
-    EXPECT_EQ(shownTexts(&v.tabs), controlTexts(v.form.sstPages));
-}
 
 // A limit refuses what does not fit, at the caret (the bar), and never takes away what was
 // there. One character is typed, more are pasted. The texts are the model's: a line break is

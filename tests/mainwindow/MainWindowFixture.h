@@ -4,9 +4,6 @@
 #include "CoreFixture.h"
 #include "Golden.h"
 #include "VBUtil.h"
-#include "frmEditGroupList.h"
-#include "frmEditTelList.h"
-#include "frmEditZoneList.h"
 #include "frmMain.h"
 
 // The window model on the installation of the core tests, not started.
@@ -24,20 +21,6 @@ class ProjectWindowTest : public MainWindowTest
 protected:
     ProjectWindowTest() { start(); }
 };
-
-// A top menu's entries as the user sees them after its set-up: the visible ones but the bars,
-// each marked when it is disabled or checked.
-inline std::string MenuEntries(const frmMain& main, const QString& top)
-{
-    QStringList shown;
-    for (const Menu& e : main.Menus)
-        if (e.Parent == top && e.Visible && e.Caption != QLatin1String("-"))
-            shown << e.Name.mid(top.size()) + (e.Enabled ? "" : "(off)") + (e.Checked ? "(checked)" : "");
-    return shown.join(' ').toStdString();
-}
-
-// The editor a double click must open.
-enum class Editor { None, TelList, GroupList, ZoneList };
 
 inline QString ColorMark(quint32 color)
 {
@@ -66,18 +49,13 @@ public:
         addUser(QString(), QString(), QString(), false);
         addUser("Bob", "fire", "0912", false);
         addUser("A,B", "Fire", "0913", false);
-        setZone(3, "Hall", "Fire", true);
+        SetZoneRow(g.project, 3, "Hall", "Fire", true, "fire in Hall");
         main.mktvProjContent();
     }
 
     void addUser(const QString& name, const QString& groups, const QString& phone, bool disabled)
     {
         AddUserRow(g.project, name, groups, phone, disabled, name.isEmpty() ? QString() : name + " dsc");
-    }
-
-    void setZone(int zoneNo, const QString& name, const QString& target, bool disabled)
-    {
-        SetZoneRow(g.project, zoneNo, name, target, disabled, "fire in " + name);
     }
 
     // Selects the node with the Tag as a click does, and fills the list.
@@ -141,30 +119,15 @@ public:
         return out;
     }
 
-    // Expects the editor to open with the record of its kind current: a contact by name, a group
-    // by name, a zone by number, "<none>" for none. Cancel closes it.
-    void expectEditor(Editor editor, const char* record)
+    // Expects the editor form to open with the record current, as currentRecords prints it
+    // ("Users=Bob"); the user leaves it at once.
+    void expectEditor(const char* form, const char* record)
     {
-        const QString want = QString::fromUtf8(record);
-        auto opensOn = [this, want](Recordset& rs, const char* field) {
-            return [this, want, &rs, field](auto& form) {
-                EXPECT_EQ(current(rs, QString::fromLatin1(field)), want);
-                form.cmdCancel_Click();
-            };
-        };
-        switch (editor) {
-        case Editor::None:
-            break;
-        case Editor::TelList:
-            platform.expectModal(g.form<frmEditTelList>(), opensOn(g.project.rsUsers, "UserName"));
-            break;
-        case Editor::GroupList:
-            platform.expectModal(g.form<frmEditGroupList>(), opensOn(g.project.rsUserGroups, "GroupName"));
-            break;
-        case Editor::ZoneList:
-            platform.expectModal(g.form<frmEditZoneList>(), opensOn(g.project.rsZones, "ZoneNo"));
-            break;
-        }
+        platform.expectModal(QString::fromLatin1(form), [this, record](FormModel& f) {
+            EXPECT_TRUE(currentRecords().simplified().split(u' ').contains(QString::fromUtf8(record)))
+                << currentRecords().toStdString();
+            g.platform.hideForm(f);
+        });
     }
 };
 

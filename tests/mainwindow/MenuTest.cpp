@@ -1,10 +1,18 @@
-#include <array>
-
-#include <QFile>
-
 #include "MainWindowFixture.h"
+#include "frmMessage.h"
 
 namespace {
+
+// A top menu's entries as the user sees them after its set-up: the visible ones but the bars,
+// each marked when it is disabled or checked.
+std::string MenuEntries(const frmMain& main, const QString& top)
+{
+    QStringList shown;
+    for (const Menu& e : main.Menus)
+        if (e.Parent == top && e.Visible && e.Caption != QLatin1String("-"))
+            shown << e.Name.mid(top.size()) + (e.Enabled ? "" : "(off)") + (e.Checked ? "(checked)" : "");
+    return shown.join(' ').toStdString();
+}
 
 // Every caption of the window from a table that translates each path to "T:" and the path,
 // but for File Open, which has no row and goes blank; the popup's later entries have no rows
@@ -28,28 +36,36 @@ TEST_F(MainWindowTest, ApplyFormTextSetsEveryCaptionAndBlanksTheOneWithoutARow)
     ExpectGolden("mainwindow/golden/form-text.txt", out);
 }
 
-// Each case starts from the opposite state, so that every entry must be set.
-TEST_F(MainWindowTest, EnablesTheFileEntriesFromTheProjectState)
+// Every top menu with a set-up, after it, in states that each turn every entry that the one
+// before set; Tools and Help have nothing to set up, and the design's hidden entries stay hidden.
+TEST_F(MainWindowTest, TheTopMenusFollowTheProjectAndTheLink)
 {
     const struct
     {
-        bool projectOpen, modified;
+        bool projectOpen, modified, connected;
         const char* entries;
     } cases[] = {
-        {false, false, "New Open Save(off) SaveAs(off) Basic(off) Exit"},
-        {false, true, "New Open Save(off) SaveAs(off) Basic(off) Exit"},
-        {true, false, "New Open Save(off) SaveAs Basic Exit"},
-        {true, true, "New Open Save SaveAs Basic Exit"},
+        {false, false, false,
+            "New Open Save(off) SaveAs(off) Basic(off) Exit | Connect DownLoad(off) Setting(off) | Options | "
+            "About"},
+        {true, true, true,
+            "New Open Save SaveAs Basic Exit | Connect(checked) DownLoad Setting | Options | About"},
+        {false, true, true,
+            "New Open Save(off) SaveAs(off) Basic(off) Exit | Connect(checked) DownLoad(off) Setting | "
+            "Options | About"},
+        {true, false, false,
+            "New Open Save(off) SaveAs Basic Exit | Connect DownLoad(off) Setting(off) | Options | About"},
     };
     for (const auto& c : cases) {
         g.project.ProjectName = c.projectOpen ? "Site" : QString();
         g.project.IsProjectModified = c.modified;
-        for (Menu& e : main.Menus)
-            if (e.Parent == QLatin1String("mnuFile"))
-                e.Enabled = !c.projectOpen || e.Name.endsWith("New") || e.Name.endsWith("Open")
-                    || e.Name.endsWith("Exit");
-        main.openMenu("mnuFile");
-        EXPECT_EQ(MenuEntries(main, "mnuFile"), c.entries) << c.projectOpen << c.modified;
+        g.link.IsDeviceConnected = c.connected;
+        QStringList shown;
+        for (const char* top : {"mnuFile", "mnuDevice", "mnuTools", "mnuHelp"}) {
+            main.openMenu(top);
+            shown << QString::fromStdString(MenuEntries(main, top));
+        }
+        EXPECT_EQ(shown.join(" | "), c.entries) << c.projectOpen << c.modified << c.connected;
     }
 }
 
@@ -73,15 +89,11 @@ TEST_F(MainWindowTest, TheRecentEntriesInUseAreShownAndTheRestHidden)
     }
 }
 
-// An entry reading the empty mark is inert; another opens the project of its caption.
-TEST_F(MainWindowTest, ARecentEntryOpensTheProjectOfItsCaption)
+// An entry reading the empty mark is inert: no box, no dialog.
+TEST_F(MainWindowTest, ARecentEntryReadingTheEmptyMarkIsInert)
 {
     main.menu("mnuFileMRU(2)").Caption = "(空)";
     main.clickMenu("mnuFileMRU(2)");
-    const QString path = "/nowhere/Gone.cmb";
-    main.menu("mnuFileMRU(3)").Caption = path;
-    platform.expectBox(MsgBox::Critical, "本專案檔案路徑[" + path + "]不存在。", "專案開啟失敗");
-    main.clickMenu("mnuFileMRU(3)");
 }
 
 TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOnlyWithAProject)
@@ -97,57 +109,24 @@ TEST_F(ProjectWindowTest, TheRefreshKeyRebuildsTheTreeOnlyWithAProject)
     EXPECT_EQ(main.tvProjectContent.Nodes.size(), 4u + 1u + 64u);
 }
 
-TEST_F(ProjectWindowTest, TheNewProjectKeyShowsTheNewProjectDialog)
-{
-    platform.expectOpenDialog(
-        std::nullopt, [](const FileDialogOptions& o) { EXPECT_EQ(o.DialogTitle, "開新專案"); });
-    main.shortcut("Ctrl+N");
-}
-
-struct SaveKeyCase
-{
-    const char* name;
-    bool modified;
-    bool commits;
-};
-
-class SaveKeyTest : public ProjectWindowTest, public ::testing::WithParamInterface<SaveKeyCase>
-{ };
-
 // Ctrl+S goes through the File menu's set-up, which disables Save on a clean project:
 // the key then has no effect, although the command itself would commit anyway.
-TEST_P(SaveKeyTest, CommitsOnlyWhenTheSetUpEnablesSave)
+TEST_F(ProjectWindowTest, TheSaveKeyCommitsOnlyWhenTheSetUpEnablesSave)
 {
-    const SaveKeyCase c = GetParam();
-    const QString path = newProject();
-    if (c.modified)
-        addGroup("Guards");
-    const QByteArray before = ReadAll(path);
+    for (const bool modified : {false, true}) {
+        SCOPED_TRACE(modified ? "modified" : "clean");
+        const QString path = newProject(modified ? "Modified.cmb" : "Clean.cmb");
+        if (modified)
+            addGroup("Guards");
+        const QByteArray before = ReadAll(path);
 
-    main.shortcut("Ctrl+S");
+        main.shortcut("Ctrl+S");
 
-    EXPECT_EQ(ReadAll(path) != before, c.commits);
-    EXPECT_FALSE(g.project.IsProjectModified);
-    EXPECT_EQ(main.menu("mnuFileSave").Enabled, c.modified);
-    CloseProject(g);
-}
-
-INSTANTIATE_TEST_SUITE_P(States, SaveKeyTest,
-    ::testing::Values(SaveKeyCase {"Clean", false, false}, SaveKeyCase {"Modified", true, true}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// Tools and Help have nothing to set up: each shows its one entry, with a project or without,
-// and the design's hidden entries stay hidden.
-TEST_F(ProjectWindowTest, ToolsAndHelpShowOneEntryEachWhateverTheProject)
-{
-    for (bool projectOpen : {false, true}) {
-        if (projectOpen)
-            newProject();
-        main.openMenu("mnuTools");
-        main.openMenu("mnuHelp");
-        EXPECT_EQ(MenuEntries(main, "mnuTools") + " | " + MenuEntries(main, "mnuHelp"), "Options | About");
+        EXPECT_EQ(ReadAll(path) != before, modified);
+        EXPECT_FALSE(g.project.IsProjectModified);
+        EXPECT_EQ(main.menu("mnuFileSave").Enabled, modified);
+        CloseProject(g);
     }
-    CloseProject(g);
 }
 
 TEST_F(ProjectWindowTest, SummaryAndOptionsOpenTheirDialogs)
@@ -160,6 +139,29 @@ TEST_F(ProjectWindowTest, SummaryAndOptionsOpenTheirDialogs)
         main.clickMenu(entry);
     }
     CloseProject(g);
+}
+
+// The download commits the working copy first, without a question; the new date goes into the
+// working copy alone and does not mark the project modified.
+TEST_F(ProjectWindowTest, DownloadCommitsTheWorkingCopyFirst)
+{
+    g.link.BusyForm = &g.form<frmMessage>();
+    const QString path = newProject();
+    AddGroupRow(g.project, "Fire");
+    AddUserRow(g.project, "Ann", "Fire", "0912345678");
+    platform.clock = QDateTime(QDate(2026, 12, 1), QTime(8, 0));
+    g.link.IsDeviceConnected = true;
+    platform.expectBoxWithAnyText(MsgBox::OKCancel + MsgBox::Question, "下載專案", MsgBox::Cancel);
+    main.clickMenu("mnuDeviceDownLoad");
+
+    EXPECT_FALSE(g.project.IsProjectModified);
+    EXPECT_EQ(NullToEmpty(g.project.rsBasic.Fields("ModifiedDate")), "2026-12-01");
+    const QString mir = projectPath("Project1.mir");
+    for (const auto& [table, field] :
+        {std::pair {"UserGroups", "GroupName"}, std::pair {"Users", "UserName"}})
+        EXPECT_EQ(column(path, table, field), column(mir, table, field)) << table;
+    EXPECT_EQ(column(path, "Basic", "ModifiedDate"), QStringList {QString()});
+    EXPECT_TRUE(platform.serial.written.empty());
 }
 
 } // namespace

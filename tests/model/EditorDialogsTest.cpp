@@ -37,35 +37,6 @@ public:
     }
 };
 
-struct KeyInCase
-{
-    const char* name;
-    const char* typed;
-    bool ok;
-    const char* answer;
-};
-
-const KeyInCase KeyInCases[] = {
-    {"blanks around the text are removed", "  abc  ", true, "abc"},
-    {"cancel gives the cancel mark", "abc", false, "連絡人按下取消鍵"},
-    {"typing the cancel mark is taken for cancel", "連絡人按下取消鍵", true, "連絡人按下取消鍵"},
-};
-
-TEST_F(EditorTest, AnswersTheBoxTrimmedOrTheCancelMark)
-{
-    for (const KeyInCase& c : KeyInCases) {
-        SCOPED_TRACE(c.name);
-        expectDialog<frmKeyInString>([&](frmKeyInString& f) {
-            // The proposal is selected whole in the box that has the focus, so typing replaces it.
-            EXPECT_EQ(f.txtKeyInString.SelLength, 8);
-            EXPECT_EQ(f.takeFocusRequest(), &f.txtKeyInString);
-            f.txtKeyInString.Text = S(c.typed);
-            c.ok ? f.cmdOK_Click() : f.cmdCancel_Click();
-        });
-        EXPECT_EQ(KeyInString(g, S("Title"), S("Prompt"), S("Proposal"), QString()), S(c.answer));
-    }
-}
-
 // Group A is renamed B: lists and targets that name it exactly follow, others stay.
 class RenameGroupTest : public EditorTest
 {
@@ -156,9 +127,7 @@ TEST_P(MessageSizeTest, OkRefusesAMessagePastItsLimitWithTheFocusOnIt)
     for (qint16 id : {255, 261, 268, 274})
         titles.Items.push_back({id, 2, {}, S("title %1").arg(id)});
     g.ml.TextTable = {titles};
-    p().rsBasic.MoveFirst();
-    p().rsBasic.setField(S("IsUnicode"), c.unicode);
-    p().rsBasic.Update();
+    SetUnicode(p(), c.unicode);
     expectZoneEditor(3, [&](frmEditZoneList& f) {
         f.txtAlarmSMS.Text = c.alarm;
         f.txtResetSMS.Text = c.reset;
@@ -173,7 +142,7 @@ TEST_P(MessageSizeTest, OkRefusesAMessagePastItsLimitWithTheFocusOnIt)
     if (c.boxText)
         platform.expectBox(MsgBox::Critical, S(c.boxText), S("title %1").arg(c.titleId));
     ShowDialog<frmEditZoneList>(g);
-    EXPECT_EQ(field(p().rsZones, S("ZoneNo"), S("3"), S("AlarmSMS")), c.boxText ? QString() : c.alarm);
+    EXPECT_EQ(Column(p().rsZones, "AlarmSMS").at(3), c.boxText ? QString() : c.alarm);
 }
 
 INSTANTIATE_TEST_SUITE_P(Limits, MessageSizeTest, ::testing::ValuesIn(SizeCases),
@@ -224,7 +193,7 @@ TEST_P(ZoneTargetTest, TheComboOffersTheGroupsAndStoresTheTextOfItsRow)
         f.cmdOK_Click();
     });
     ShowDialog<frmEditZoneList>(g);
-    EXPECT_EQ(field(p().rsZones, S("ZoneNo"), S("3"), S("GroupName")), S(c.saved));
+    EXPECT_EQ(Column(p().rsZones, "GroupName").at(3), S(c.saved));
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, ZoneTargetTest, ::testing::ValuesIn(TargetCases),

@@ -58,7 +58,8 @@ public:
         platform.expectModal(g.form<Form>(), std::move(user));
     }
     // The name box asked with its title, prompt and proposal, answered with OK on the typed
-    // text, or with Cancel when the typed text is the cancel mark.
+    // text, or with Cancel when the typed text is the cancel mark. The proposal is selected whole
+    // in the box that has the focus, so that typing replaces it.
     void expectKeyInString(
         const QString& caption, const QString& prompt, const QString& proposal, const QString& typed)
     {
@@ -66,6 +67,8 @@ public:
             EXPECT_EQ(f.Caption, caption);
             EXPECT_EQ(f.lbKeyInString.Caption, prompt);
             EXPECT_EQ(f.txtKeyInString.Text, proposal);
+            EXPECT_EQ(f.txtKeyInString.SelLength, proposal.size());
+            EXPECT_EQ(f.takeFocusRequest(), &f.txtKeyInString);
             f.txtKeyInString.Text = typed;
             typed == KeyInStringCancelled ? f.cmdCancel_Click() : f.cmdOK_Click();
         });
@@ -94,15 +97,6 @@ public:
         }
         clone.Close();
         return all;
-    }
-    QString field(Recordset& rs, const QString& keyField, const QString& key, const QString& wanted)
-    {
-        Recordset clone = rs.Clone();
-        const bool found = FindRecord(clone, keyField, key, false);
-        EXPECT_TRUE(found) << key.toStdString();
-        const QString value = found ? NullToEmpty(clone.Fields(wanted)) : QString();
-        clone.Close();
-        return value;
     }
 
     // A table's rows, fields between bars; skipBare leaves out the rows that hold nothing but a

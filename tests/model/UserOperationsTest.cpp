@@ -1,7 +1,6 @@
 #include <functional>
 #include <optional>
 
-#include "CaseName.h"
 #include "ModelFixture.h"
 #include "UnhandledError.h"
 #include "VORNAUtil.h"
@@ -23,38 +22,32 @@ void expectAddUser(ModelTest& t, const QString& proposal, const std::optional<QS
     });
 }
 
-struct CountCase
+// The count of targets is stored as well as returned.
+TEST(CountTelNo, TargetsAreListEntriesAndContactsAreNamedRows)
 {
-    const char* name;
-    const char* userName;
-    const char* groupList;
-    qint16 targets;
-    qint16 users;
-};
-
-const CountCase CountCases[] = {
-    {"one group", "Ann", "A", 1, 1},
-    {"three groups", "Ann", "A\r\nB\r\nC", 3, 1},
-    {"no group counts as a contact only", "Ann", "", 0, 1},
-    {"no name counts as a target only", "", "A", 1, 0},
-    {"no name and no group count nowhere", "", "", 0, 0},
-};
-
-class CountTest : public ModelTest, public ::testing::WithParamInterface<CountCase>
-{ };
-
-TEST_P(CountTest, TargetsAreListEntriesAndContactsAreNamedRows)
-{
-    const CountCase& c = GetParam();
-    addUser(QString::fromUtf8(c.userName), QString::fromUtf8(c.groupList));
-    p().TelNoCount = 77;
-    EXPECT_EQ(CountTelNo(p()), c.targets);
-    EXPECT_EQ(p().TelNoCount, c.targets);
-    EXPECT_EQ(CountUsers(p()), c.users);
+    const struct
+    {
+        const char* name;
+        const char* userName;
+        const char* groupList;
+        qint16 targets;
+        qint16 users;
+    } cases[] = {
+        {"one group", "Ann", "A", 1, 1},
+        {"three groups", "Ann", "A\r\nB\r\nC", 3, 1},
+        {"no group counts as a contact only", "Ann", "", 0, 1},
+        {"no name counts as a target only", "", "A", 1, 0},
+        {"no name and no group count nowhere", "", "", 0, 0},
+    };
+    for (const auto& c : cases) {
+        FreshModel<ModelTest> t;
+        t.addUser(QString::fromUtf8(c.userName), QString::fromUtf8(c.groupList));
+        t.p().TelNoCount = 77;
+        EXPECT_EQ(CountTelNo(t.p()), c.targets) << c.name;
+        EXPECT_EQ(t.p().TelNoCount, c.targets) << c.name;
+        EXPECT_EQ(CountUsers(t.p()), c.users) << c.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Counts, CountTest, ::testing::ValuesIn(CountCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 struct LimitCase
 {
@@ -82,26 +75,23 @@ const LimitCase LimitCases[] = {
         nullptr},
 };
 
-class AddUserLimitTest : public ModelTest, public ::testing::WithParamInterface<LimitCase>
-{ };
-
-TEST_P(AddUserLimitTest, LimitsAreTestedBeforeTheDialog)
+TEST(AddUser, LimitsAreTestedBeforeTheDialog)
 {
-    const LimitCase& c = GetParam();
-    c.setUp(*this);
-    p().MaxTelNo = 2;
-    if (c.boxText)
-        platform.expectBox(48, QString::fromUtf8(c.boxText), QString::fromUtf8(c.boxTitle));
-    else
-        expectAddUser(*this, "User2", std::nullopt);
-    AddUser(g);
-    EXPECT_EQ(
-        p().rsUsers.RecordCount(), 1 + (c.boxText && QString::fromUtf8(c.boxTitle).startsWith(u"連絡人")));
-    EXPECT_FALSE(p().IsProjectModified);
+    for (const LimitCase& c : LimitCases) {
+        SCOPED_TRACE(c.name);
+        FreshModel<ModelTest> t;
+        c.setUp(t);
+        t.p().MaxTelNo = 2;
+        if (c.boxText)
+            t.platform.expectBox(48, QString::fromUtf8(c.boxText), QString::fromUtf8(c.boxTitle));
+        else
+            expectAddUser(t, "User2", std::nullopt);
+        AddUser(t.g);
+        EXPECT_EQ(t.p().rsUsers.RecordCount(),
+            1 + (c.boxText && QString::fromUtf8(c.boxTitle).startsWith(u"連絡人")));
+        EXPECT_FALSE(t.p().IsProjectModified);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Limits, AddUserLimitTest, ::testing::ValuesIn(LimitCases),
-    [](const auto& info) { return CaseName(info.param.name); });
 
 class UserModel : public FreshModel<ModelTest>
 {

@@ -79,14 +79,8 @@ struct ReadyCase
     bool passes;
 };
 
-void DeleteAllGroups(ModelTest& t)
-{
-    for (t.p().rsUserGroups.MoveFirst(); !t.p().rsUserGroups.IsEOF(); t.p().rsUserGroups.MoveNext())
-        t.p().rsUserGroups.Delete();
-}
-
 const ReadyCase ReadyCases[] = {
-    {"no group", DeleteAllGroups, false},
+    {"no group", [](ModelTest& t) { DeleteRows(t.p().rsUserGroups); }, false},
     {"a group without a name", [](ModelTest& t) { t.addGroup(QString()); }, false},
     {"groups but no contact give their number",
         [](ModelTest& t) {
