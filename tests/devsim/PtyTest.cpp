@@ -81,6 +81,8 @@ private:
     QElapsedTimer m_sent;
 };
 
+// The link names the terminal while the dialler runs; SIGTERM ends it cleanly, link gone and
+// dump written. Closing and opening the port again is the port dialog's, in the link's suite.
 TEST(DevsimPtyTest, AnswersThroughItsLinkAndDumpsOnTermination)
 {
     QTemporaryDir dir;
@@ -91,21 +93,13 @@ TEST(DevsimPtyTest, AnswersThroughItsLinkAndDumpsOnTermination)
     {
         PtyPort port(link);
         ASSERT_TRUE(port.isOpen());
-        ASSERT_TRUE(port.write(Sealed(Probe)));
-        EXPECT_EQ(port.read(7), Sealed("F704020000"));
         ASSERT_TRUE(port.write(Sealed(PhoneRecord)));
         EXPECT_EQ(port.read(6), Sealed("F7504302"));
-    }
-    // The port closed and opened again: the dialler still answers.
-    {
-        PtyPort port(link);
-        ASSERT_TRUE(port.write(Sealed("F75050FF")));
-        EXPECT_EQ(port.read(6), Sealed("F75050FF"));
     }
     EXPECT_EQ(devsim.stop(), 0);
     EXPECT_FALSE(QFile::exists(link));
     const QJsonObject json = ReadDump(dump);
-    EXPECT_EQ(json["requests"]["received"].toInt(), 3);
+    EXPECT_EQ(json["requests"]["received"].toInt(), 1);
     EXPECT_EQ(json["phoneBook"][0]["phoneNumber"].toString(), "0912345678");
 }
 
