@@ -8,39 +8,6 @@
 #include "frmCommSetting.h"
 #include "frmDebug.h"
 
-namespace {
-
-const QString SettingTitle = QStringLiteral("設定報警機通訊參數");
-
-// The settings dialog on a scripted dialler, an RM64MT with firmware 0301, over an open port.
-class CommSettingTest : public DeviceTest
-{
-protected:
-    CommSettingTest()
-    {
-        g.link.Retry = 0;
-        EXPECT_TRUE(EnsureCommOpen(g, comm));
-    }
-
-    // The four answers of a load: model, serial number, slave id and setting byte, firmware.
-    void answerLoad()
-    {
-        for (const char* answer : {"F704024106", "F704080102030405060708", "F7030400010003", "F704020301"})
-            platform.serial.answer(WithCrc(answer));
-    }
-
-    bool load()
-    {
-        bool ok = false;
-        form.LoadFormObj(ok);
-        return ok;
-    }
-
-    frmCommSetting& form = g.form<frmCommSetting>();
-};
-
-} // namespace
-
 TEST(SlaveIDEntryTest, OnlyDigitsAreTypedAndTheValueStaysFrom1To255)
 {
     const std::pair<int, int> keys[]
@@ -62,30 +29,39 @@ TEST(SlaveIDEntryTest, OnlyDigitsAreTypedAndTheValueStaysFrom1To255)
 
 // What the settings dialog shows, checks and asks is compared whole by vorna-cli's settings
 // transcripts; here, the link state that the connect and the dialog leave behind.
-TEST_F(CommSettingTest, ASilenceTakesTheLinkOfflineAndAWrittenSettingOnline)
+TEST_F(DeviceTest, ASilenceTakesTheLinkOfflineAndAWrittenSettingOnline)
 {
+    g.link.Retry = 0;
+    ASSERT_TRUE(EnsureCommOpen(g, comm));
     SetOnlineState(g);
     platform.serial.answerNothing();
     platform.expectBox(MsgBox::Critical, ConnectFailure, ConnectTitle);
     EXPECT_FALSE(ConnectDevice(g));
     EXPECT_FALSE(g.link.IsDeviceConnected);
 
+    frmCommSetting& form = g.form<frmCommSetting>();
+    bool loaded = true;
     SetOnlineState(g);
     platform.serial.answerNothing();
     platform.expectBox(MsgBox::Critical, QStringLiteral("通訊錯誤, 無法連接簡訊報警機!\r\n") + CheckLines,
         QStringLiteral("裝置通訊設定"));
-    EXPECT_FALSE(load());
+    form.LoadFormObj(loaded);
+    EXPECT_FALSE(loaded);
     EXPECT_FALSE(g.link.IsDeviceConnected);
     EXPECT_EQ(form.lblModelName.Caption, QStringLiteral("UnKnown"));
 
-    answerLoad();
-    ASSERT_TRUE(load());
+    // Model, serial number, slave id and setting byte, firmware.
+    for (const char* answer : {"F704024106", "F704080102030405060708", "F7030400010003", "F704020301"})
+        platform.serial.answer(WithCrc(answer));
+    form.LoadFormObj(loaded);
+    ASSERT_TRUE(loaded);
+    const QString title = QStringLiteral("設定報警機通訊參數");
     platform.expectModal(form, [&](frmCommSetting& f) {
         f.txtSlaveID.Text = QStringLiteral("2");
         platform.expectBox(MsgBox::OKCancel + MsgBox::Question,
-            QStringLiteral("您已變更通訊參數! \r\n是否要將新的通訊參數, 存入簡訊報警機中?"), SettingTitle);
+            QStringLiteral("您已變更通訊參數! \r\n是否要將新的通訊參數, 存入簡訊報警機中?"), title);
         platform.serial.answer(WithCrc("F71000800002"));
-        platform.expectBox(MsgBox::OKOnly, QStringLiteral("設定報警機通訊參數成功!"), SettingTitle);
+        platform.expectBox(MsgBox::OKOnly, QStringLiteral("設定報警機通訊參數成功!"), title);
         f.CmdOK_Click();
     });
     platform.showModal(form);
