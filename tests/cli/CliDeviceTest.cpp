@@ -47,6 +47,10 @@ std::vector<DeviceScenario> Scenarios()
                 "0xC2"},
             "connect --port {PORT}", 5},
         {"connect_to_a_dialler_that_refuses_everything", {"--exception", "1"}, "connect --port {PORT}"},
+        // A model without a name still connects; a firmware read refused on both attempts,
+        // after all else answered, does not.
+        {"connect_to_an_unknown_model", {"--model-id", "0000"}, "connect --port {PORT}", 5},
+        {"connect_refused_at_the_firmware", {"--exception", "@5,6"}, "connect --port {PORT}", 6},
         {"connect_on_a_port_that_will_not_open", {}, "connect --port /dev/無此裝置"},
         // One bad answer, then the retry goes through: the whole exchange in the trace.
         {"download_with_a_fault_that_clears", {"--corrupt-crc", "@record:2x1"},
@@ -59,6 +63,11 @@ std::vector<DeviceScenario> Scenarios()
             "settings --port {PORT}", 4},
         {"settings_written_with_yes", {}, "--yes settings --port {PORT} --slave 12 --baud 19200 --parity odd",
             5},
+        // A value given as loaded is no change: no question, nothing written.
+        {"settings_unchanged_writes_nothing", {}, "--yes settings --port {PORT} --slave 1", 4},
+        // A baud id without a row shows as UnKnown, which OK refuses with a box of its own.
+        {"settings_with_an_unknown_baud_rate", {"--model-id", "4106", "--setting-byte", "0x09"},
+            "--yes settings --port {PORT} --slave 2", 4},
         // Cancel at the question keeps the dialog open in the window; here it ends the command.
         {"settings_unanswered_writes_nothing", {}, "settings --port {PORT} --slave 12", 4},
         // The dialler's model is known only once it has answered.

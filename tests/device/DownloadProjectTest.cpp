@@ -105,6 +105,28 @@ TEST_F(DownloadProjectTest, ARecordThatCannotBeBuiltStopsTheProgramBeforeAnErase
     EXPECT_TRUE(journal().isEmpty());
 }
 
+// Taken: the busy box over the records, its bar full at the end, and the link online.
+TEST_F(DownloadProjectTest, ATakenDownloadEndsOnlineWithTheBarFull)
+{
+    platform.expectBox(
+        MsgBox::OKCancel + MsgBox::Question, Confirmation(size, p().MaxMemoryByte - size), DownloadTitle);
+    for (int k = 0; k < 4; ++k)
+        platform.serial.answer(WithCrc("F7500000"));
+    platform.expectBox(MsgBox::OKOnly, DownloadSuccess("Project1", size), DownloadTitle);
+    EXPECT_TRUE(DownloadProject(g));
+    const ProgressBar& bar = message.prgProgress;
+    EXPECT_EQ(QStringList({journal().join("; "), message.lblProgress.Caption,
+                              QStringLiteral("%1..%2 at %3, shown %4")
+                                  .arg(bar.Min)
+                                  .arg(bar.Max)
+                                  .arg(bar.Value)
+                                  .arg(int(message.lblProgress.Visible && bar.Visible))})
+                  .join(u'\n'),
+        "box 下載專案; pointer 11; show frmMessage; pointer 0; hide frmMessage; box 下載專案; ConnectStatus= "
+        "Online\n正在傳送第 2 筆，共 2 筆...\n0..2 at 2, shown 1");
+    EXPECT_TRUE(g.link.IsDeviceConnected);
+}
+
 struct SendFailureCase
 {
     const char* name;

@@ -43,7 +43,6 @@ const std::vector<ProtocolCase> Cases = {
             {SendError, QStringLiteral("這是一個不合法的命令.")}}},
     {"five bytes of another function are a short answer", {"raw:F703020000"}, 0, false,
         {{SilentTitle, Silent(5)}, {SendError, Short(5)}}},
-    {"wrong station", {"F604024006"}, 0, false, {{SendError, "Station ID is Error."}}},
     {"wrong function", {"F703024006"}, 0, false,
         {{SendError,
             "Response data with wrong function code.\r\nSend command function code=4\r\n"

@@ -34,11 +34,10 @@ TEST_F(DeviceTest, ChecksThePortNumberBeforeOpening)
 }
 
 // Each cause of a failed open says what to do; the program goes on, and the next operation
-// tries again.
+// tries again. A device that is not there shows in vorna-cli's connect transcripts.
 TEST_F(DeviceTest, AFailedOpenSaysWhatToDoAndTriesAgainNextTime)
 {
     const std::pair<SerialLine::OpenFailure, const char*> causes[] = {
-        {SerialLine::OpenFailure::NotFound, "請接上序列埠轉接器"},
         {SerialLine::OpenFailure::PermissionDenied, "dialout 群組"},
         {SerialLine::OpenFailure::Busy, "數據機管理程式"},
     };

@@ -32,9 +32,3 @@ inline QString DownloadSuccess(const QString& project, int size)
 }
 
 inline const QString ConnectFailure = QStringLiteral("連線至簡訊報警機失敗! \r\n") + CheckLines;
-
-inline QString ConnectSuccess(const QString& model, const QString& serialNo, const QString& settings)
-{
-    return QStringLiteral("連線至簡訊報警機成功!\r\n\r\nModel No.: ") + model + QStringLiteral("\r\nS/N : ")
-        + serialNo + QStringLiteral("\r\nCommnunication Settings : ") + settings + QStringLiteral(", 8, 1");
-}
