@@ -12,6 +12,7 @@
 
 #include "ADOUtil.h"
 #include "Golden.h"
+#include "RecordsetRows.h"
 #include "ScriptedPlatform.h"
 #include "TestFolder.h"
 #include "UnhandledError.h"
@@ -49,18 +50,6 @@ QVariant RunSql(const QString& path, const QStringList& statements)
     return v;
 }
 
-// The rows seen from the first to the end, on a clone so that rs does not move.
-QStringList Walk(const Recordset& rs, const QString& field)
-{
-    QStringList seen;
-    Recordset c = rs.Clone();
-    if (c.IsEOF() && c.IsBOF())
-        return seen;
-    for (c.MoveFirst(); !c.IsEOF(); c.MoveNext())
-        seen << NullToEmpty(c.Fields(field));
-    return seen;
-}
-
 // Where the cursor stands, as a word: the field's text, "<EOF>", "<BOF>" or "<deleted>".
 QString Where(const Recordset& rs, const QString& field)
 {
@@ -90,14 +79,6 @@ QString Dump(const Recordset& rs)
         text += fields.join(", ") + "\n";
     }
     return text;
-}
-
-void AddRow(Recordset& rs, const std::map<QString, QVariant>& fields)
-{
-    rs.AddNew();
-    for (const auto& [name, value] : fields)
-        rs.setField(name, value);
-    rs.Update();
 }
 
 class StoreTest : public ::testing::Test
@@ -206,7 +187,7 @@ TEST_F(StoreTest, CursorScriptsKeepRowsAndPositionLiveInTheFile)
         fresh();
         Recordset rs = open("UserGroups");
         play(rs, script);
-        const QStringList rows = Walk(rs, "GroupName");
+        const QStringList rows = Column(rs, "GroupName");
         const QString at = Where(rs, "GroupName");
         log += QString("%1\n  rows: %2 | at %3\n").arg(name, rows.join(' '), at);
         if (at.startsWith('<')) {
@@ -214,7 +195,7 @@ TEST_F(StoreTest, CursorScriptsKeepRowsAndPositionLiveInTheFile)
         }
         EXPECT_EQ(GetRecordCount(rs), rows.size()) << name;
         Connection second = OpenMDBConn(platform, path, "", "");
-        EXPECT_EQ(Walk(OpenRecordset(second, "UserGroups", false), "GroupName"), rows) << name;
+        EXPECT_EQ(Column(OpenRecordset(second, "UserGroups", false), "GroupName"), rows) << name;
         second.Close();
     }
     ExpectGolden("store/golden/cursor-scripts.txt", log);
@@ -279,14 +260,14 @@ TEST_F(StoreTest, RefusedOperationsFailWithTheirErrors)
 TEST_F(StoreTest, IntegerKeyTableComesInKeyOrder)
 {
     Recordset zones = open("Zones");
-    EXPECT_EQ(Walk(zones, "ZoneNo"), QStringList({"1", "2", "3"}));
+    EXPECT_EQ(Column(zones, "ZoneNo"), QStringList({"1", "2", "3"}));
     EXPECT_EQ(zones.Fields("ZoneNo").metaType().id(), QMetaType::LongLong);
 
     // A new key goes to the end while the table is open, to its place once reopened.
     AddRow(zones, {{"ZoneNo", 0}, {"ZoneName", "Z0"}});
-    EXPECT_EQ(Walk(zones, "ZoneNo"), QStringList({"1", "2", "3", "0"}));
+    EXPECT_EQ(Column(zones, "ZoneNo"), QStringList({"1", "2", "3", "0"}));
     reopen();
-    EXPECT_EQ(Walk(open("Zones"), "ZoneNo"), QStringList({"0", "1", "2", "3"}));
+    EXPECT_EQ(Column(open("Zones"), "ZoneNo"), QStringList({"0", "1", "2", "3"}));
 }
 
 // Dates, numbers (a count rounded half to even), booleans with the store's default, empty
@@ -340,7 +321,7 @@ TEST_F(StoreTest, OpenAndFindGoByTheSourcesAndTheValuesText)
              "[UserGroups]"}) {
         Recordset rs = OpenRecordset(conn, source, false);
         log += QString("open \"%1\": %2\n")
-                   .arg(source, rs.State() == 1 ? "rows " + Walk(rs, "GroupName").join(' ') : "closed");
+                   .arg(source, rs.State() == 1 ? "rows " + Column(rs, "GroupName").join(' ') : "closed");
     }
     const std::array<std::array<const char*, 3>, 7> finds = {{{"UserGroups", "GroupName", "G2"},
         {"UserGroups", "GroupName", "g2"}, {"UserGroups", "GroupName", "G2 "}, {"UserGroups", "GroupDsc", ""},
@@ -379,7 +360,7 @@ TEST_F(StoreTest, ClosedDatabaseIsOneCopyableFile)
     Connection copied = OpenMDBConn(platform, copy, "", "");
     ASSERT_EQ(copied.State(), 1);
     rs = OpenRecordset(copied, "UserGroups", false);
-    EXPECT_EQ(Walk(rs, "GroupName"), QStringList({"G1", "G3"}));
+    EXPECT_EQ(Column(rs, "GroupName"), QStringList({"G1", "G3"}));
     EXPECT_EQ(rs.Fields("GroupDsc").toString(), "edited");
     copied.Close();
 }
@@ -398,9 +379,9 @@ TEST_F(StoreTest, ATransactionLandsWholeAtCommitOrNotAtAll)
                 rewrite.Commit();
         }
         const QStringList expected = commit ? QStringList {"G9"} : QStringList {"G1", "G2", "G3"};
-        EXPECT_EQ(Walk(rs, "GroupName"), expected) << commit;
+        EXPECT_EQ(Column(rs, "GroupName"), expected) << commit;
         reopen();
-        EXPECT_EQ(Walk(open("UserGroups"), "GroupName"), expected) << commit;
+        EXPECT_EQ(Column(open("UserGroups"), "GroupName"), expected) << commit;
     }
 }
 

@@ -48,13 +48,6 @@ public:
             {0, QStringLiteral("Zones"), QStringLiteral("警報區"), QStringLiteral("Zones"),
                 QStringLiteral("Zones")}};
     }
-    std::vector<QString> tags() const
-    {
-        std::vector<QString> t;
-        for (const Node& n : nodes)
-            t.push_back(n.Tag);
-        return t;
-    }
 
     void RefreshFormObj() override { ++refreshCount; }
     void mkRecentFilePathMenu() override { ++recentMenuCount; }
