@@ -342,29 +342,6 @@ TEST_F(StoreTest, OpenAndFindGoByTheSourcesAndTheValuesText)
     EXPECT_EQ(OpenRecordset(conn, "UserGroups", false).State(), 0);
 }
 
-TEST_F(StoreTest, ClosedDatabaseIsOneCopyableFile)
-{
-    conn.Close();
-    RunSql(path, {"PRAGMA journal_mode=WAL"}); // even a file left in WAL mode comes back to one file
-    reopen();
-    Recordset rs = open("UserGroups");
-    rs.setField("GroupDsc", "edited");
-    rs.Update();
-    rs.MoveNext();
-    rs.Delete();
-    conn.Close();
-
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"test.mir"}));
-    const QString copy = dir.filePath("copy.cmb");
-    ASSERT_TRUE(QFile::copy(path, copy));
-    Connection copied = OpenMDBConn(platform, copy, "", "");
-    ASSERT_EQ(copied.State(), 1);
-    rs = OpenRecordset(copied, "UserGroups", false);
-    EXPECT_EQ(Column(rs, "GroupName"), QStringList({"G1", "G3"}));
-    EXPECT_EQ(rs.Fields("GroupDsc").toString(), "edited");
-    copied.Close();
-}
-
 // A table rewritten in a transaction: taken back, the rows in memory and in the file are the
 // old ones; committed, the new ones.
 TEST_F(StoreTest, ATransactionLandsWholeAtCommitOrNotAtAll)
