@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -14,7 +13,6 @@
 #include "Golden.h"
 #include "RecordsetRows.h"
 #include "ScriptedPlatform.h"
-#include "TestFolder.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 
@@ -360,24 +358,6 @@ TEST_F(StoreTest, ATransactionLandsWholeAtCommitOrNotAtAll)
         reopen();
         EXPECT_EQ(Column(open("UserGroups"), "GroupName"), expected) << commit;
     }
-}
-
-TEST(OpenMDBConnTest, MissingFileGivesNothingSilentlyAndAForeignFileTwoBoxes)
-{
-    QTemporaryDir dir;
-    ScriptedPlatform platform;
-    Connection conn = OpenMDBConn(platform, dir.filePath("absent.mir"), "", "");
-    EXPECT_TRUE(conn.isNothing());
-    EXPECT_EQ(conn.State(), 0);
-
-    const QString path = dir.filePath("text.mir");
-    WriteAll(path, QByteArray(4096, 'x'));
-    platform.expectBox(16, "OpenMDBConn Failed!\nConnect String:Provider=SQLite;Data Source=" + path + ";",
-        "OpenMDBConn Failed");
-    platform.expectBox(0, "file is not a database", "VORNA");
-    EXPECT_TRUE(OpenMDBConn(platform, path, "", "").isNothing());
-    EXPECT_TRUE(platform.allExpectationsMet());
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"text.mir"}));
 }
 
 } // namespace
