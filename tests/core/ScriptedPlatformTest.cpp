@@ -10,8 +10,6 @@ class Dialog : public FormModel
 {
 public:
     QString formName() const override { return QStringLiteral("frmDialog"); }
-    void Form_Load() override { ++loads; }
-    int loads = 0;
 };
 
 } // namespace
@@ -46,24 +44,4 @@ TEST(ScriptedPlatformTest, FailsTheTestOnEveryWayAScriptCanBeWrong)
             platform.showModal(dialog);
         },
         "left frmDialog shown");
-}
-
-TEST(ScriptedPlatformTest, ShowsAFormByTheWindowsStepsLoadingItOnceUntilItIsUnloaded)
-{
-    ScriptedPlatform platform;
-    Dialog dialog;
-    bool visibleWhileShown = false;
-    for (int i = 0; i < 3; ++i)
-        platform.expectModal(QStringLiteral("frmDialog"), [&](FormModel& form) {
-            visibleWhileShown = form.Visible;
-            platform.hideForm(form);
-        });
-    platform.showModal(dialog);
-    platform.showModal(dialog);
-    EXPECT_EQ(dialog.loads, 1);
-    platform.unloadForm(dialog);
-    platform.showModal(dialog);
-    EXPECT_EQ(dialog.loads, 2);
-    EXPECT_TRUE(visibleWhileShown);
-    EXPECT_FALSE(dialog.Visible);
 }

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -12,8 +11,8 @@
 
 #include "ADOUtil.h"
 #include "Golden.h"
+#include "RecordsetRows.h"
 #include "ScriptedPlatform.h"
-#include "TestFolder.h"
 #include "UnhandledError.h"
 #include "VBUtil.h"
 
@@ -49,18 +48,6 @@ QVariant RunSql(const QString& path, const QStringList& statements)
     return v;
 }
 
-// The rows seen from the first to the end, on a clone so that rs does not move.
-QStringList Walk(const Recordset& rs, const QString& field)
-{
-    QStringList seen;
-    Recordset c = rs.Clone();
-    if (c.IsEOF() && c.IsBOF())
-        return seen;
-    for (c.MoveFirst(); !c.IsEOF(); c.MoveNext())
-        seen << NullToEmpty(c.Fields(field));
-    return seen;
-}
-
 // Where the cursor stands, as a word: the field's text, "<EOF>", "<BOF>" or "<deleted>".
 QString Where(const Recordset& rs, const QString& field)
 {
@@ -90,14 +77,6 @@ QString Dump(const Recordset& rs)
         text += fields.join(", ") + "\n";
     }
     return text;
-}
-
-void AddRow(Recordset& rs, const std::map<QString, QVariant>& fields)
-{
-    rs.AddNew();
-    for (const auto& [name, value] : fields)
-        rs.setField(name, value);
-    rs.Update();
 }
 
 class StoreTest : public ::testing::Test
@@ -206,7 +185,7 @@ TEST_F(StoreTest, CursorScriptsKeepRowsAndPositionLiveInTheFile)
         fresh();
         Recordset rs = open("UserGroups");
         play(rs, script);
-        const QStringList rows = Walk(rs, "GroupName");
+        const QStringList rows = Column(rs, "GroupName");
         const QString at = Where(rs, "GroupName");
         log += QString("%1\n  rows: %2 | at %3\n").arg(name, rows.join(' '), at);
         if (at.startsWith('<')) {
@@ -214,7 +193,7 @@ TEST_F(StoreTest, CursorScriptsKeepRowsAndPositionLiveInTheFile)
         }
         EXPECT_EQ(GetRecordCount(rs), rows.size()) << name;
         Connection second = OpenMDBConn(platform, path, "", "");
-        EXPECT_EQ(Walk(OpenRecordset(second, "UserGroups", false), "GroupName"), rows) << name;
+        EXPECT_EQ(Column(OpenRecordset(second, "UserGroups", false), "GroupName"), rows) << name;
         second.Close();
     }
     ExpectGolden("store/golden/cursor-scripts.txt", log);
@@ -279,14 +258,14 @@ TEST_F(StoreTest, RefusedOperationsFailWithTheirErrors)
 TEST_F(StoreTest, IntegerKeyTableComesInKeyOrder)
 {
     Recordset zones = open("Zones");
-    EXPECT_EQ(Walk(zones, "ZoneNo"), QStringList({"1", "2", "3"}));
+    EXPECT_EQ(Column(zones, "ZoneNo"), QStringList({"1", "2", "3"}));
     EXPECT_EQ(zones.Fields("ZoneNo").metaType().id(), QMetaType::LongLong);
 
     // A new key goes to the end while the table is open, to its place once reopened.
     AddRow(zones, {{"ZoneNo", 0}, {"ZoneName", "Z0"}});
-    EXPECT_EQ(Walk(zones, "ZoneNo"), QStringList({"1", "2", "3", "0"}));
+    EXPECT_EQ(Column(zones, "ZoneNo"), QStringList({"1", "2", "3", "0"}));
     reopen();
-    EXPECT_EQ(Walk(open("Zones"), "ZoneNo"), QStringList({"0", "1", "2", "3"}));
+    EXPECT_EQ(Column(open("Zones"), "ZoneNo"), QStringList({"0", "1", "2", "3"}));
 }
 
 // Dates, numbers (a count rounded half to even), booleans with the store's default, empty
@@ -340,7 +319,7 @@ TEST_F(StoreTest, OpenAndFindGoByTheSourcesAndTheValuesText)
              "[UserGroups]"}) {
         Recordset rs = OpenRecordset(conn, source, false);
         log += QString("open \"%1\": %2\n")
-                   .arg(source, rs.State() == 1 ? "rows " + Walk(rs, "GroupName").join(' ') : "closed");
+                   .arg(source, rs.State() == 1 ? "rows " + Column(rs, "GroupName").join(' ') : "closed");
     }
     const std::array<std::array<const char*, 3>, 7> finds = {{{"UserGroups", "GroupName", "G2"},
         {"UserGroups", "GroupName", "g2"}, {"UserGroups", "GroupName", "G2 "}, {"UserGroups", "GroupDsc", ""},
@@ -361,29 +340,6 @@ TEST_F(StoreTest, OpenAndFindGoByTheSourcesAndTheValuesText)
     EXPECT_EQ(OpenRecordset(conn, "UserGroups", false).State(), 0);
 }
 
-TEST_F(StoreTest, ClosedDatabaseIsOneCopyableFile)
-{
-    conn.Close();
-    RunSql(path, {"PRAGMA journal_mode=WAL"}); // even a file left in WAL mode comes back to one file
-    reopen();
-    Recordset rs = open("UserGroups");
-    rs.setField("GroupDsc", "edited");
-    rs.Update();
-    rs.MoveNext();
-    rs.Delete();
-    conn.Close();
-
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"test.mir"}));
-    const QString copy = dir.filePath("copy.cmb");
-    ASSERT_TRUE(QFile::copy(path, copy));
-    Connection copied = OpenMDBConn(platform, copy, "", "");
-    ASSERT_EQ(copied.State(), 1);
-    rs = OpenRecordset(copied, "UserGroups", false);
-    EXPECT_EQ(Walk(rs, "GroupName"), QStringList({"G1", "G3"}));
-    EXPECT_EQ(rs.Fields("GroupDsc").toString(), "edited");
-    copied.Close();
-}
-
 // A table rewritten in a transaction: taken back, the rows in memory and in the file are the
 // old ones; committed, the new ones.
 TEST_F(StoreTest, ATransactionLandsWholeAtCommitOrNotAtAll)
@@ -398,28 +354,10 @@ TEST_F(StoreTest, ATransactionLandsWholeAtCommitOrNotAtAll)
                 rewrite.Commit();
         }
         const QStringList expected = commit ? QStringList {"G9"} : QStringList {"G1", "G2", "G3"};
-        EXPECT_EQ(Walk(rs, "GroupName"), expected) << commit;
+        EXPECT_EQ(Column(rs, "GroupName"), expected) << commit;
         reopen();
-        EXPECT_EQ(Walk(open("UserGroups"), "GroupName"), expected) << commit;
+        EXPECT_EQ(Column(open("UserGroups"), "GroupName"), expected) << commit;
     }
-}
-
-TEST(OpenMDBConnTest, MissingFileGivesNothingSilentlyAndAForeignFileTwoBoxes)
-{
-    QTemporaryDir dir;
-    ScriptedPlatform platform;
-    Connection conn = OpenMDBConn(platform, dir.filePath("absent.mir"), "", "");
-    EXPECT_TRUE(conn.isNothing());
-    EXPECT_EQ(conn.State(), 0);
-
-    const QString path = dir.filePath("text.mir");
-    WriteAll(path, QByteArray(4096, 'x'));
-    platform.expectBox(16, "OpenMDBConn Failed!\nConnect String:Provider=SQLite;Data Source=" + path + ";",
-        "OpenMDBConn Failed");
-    platform.expectBox(0, "file is not a database", "VORNA");
-    EXPECT_TRUE(OpenMDBConn(platform, path, "", "").isNothing());
-    EXPECT_TRUE(platform.allExpectationsMet());
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"text.mir"}));
 }
 
 } // namespace

@@ -1,3 +1,6 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <array>
 #include <stdexcept>
 
@@ -5,7 +8,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include "FileUtil.h"
 #include "TestFolder.h"
@@ -13,23 +15,22 @@
 
 namespace {
 
-// Runs in a fresh current folder that holds a source a.mir and a destination a.cmb.
+// Runs in a fresh current folder, the program folder of an installation with nothing
+// shipped, that holds a source a.mir and a destination a.cmb.
 class FileUtilTest : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(dir.isValid());
-        previous = CurDir();
-        ChDir(dir.path());
         WriteAll("a.mir", "new contents");
         WriteAll("a.cmb", "old");
     }
-    void TearDown() override { ChDir(previous); }
-    QStringList files() const { return QDir(dir.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+    QStringList files() const
+    {
+        return QDir(folder.appPath()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
 
-    QTemporaryDir dir;
-    QString previous;
+    TestFolder folder {false};
 };
 
 TEST_F(FileUtilTest, TextFilesRoundTripWithTheirLineBreaks)
@@ -49,21 +50,20 @@ TEST_F(FileUtilTest, TextFilesRoundTripWithTheirLineBreaks)
 
 TEST_F(FileUtilTest, BackslashPathsAreRelativeToTheCurrentFolder)
 {
-    ASSERT_TRUE(QDir(dir.path()).mkpath("Project"));
-    ASSERT_TRUE(QDir(dir.path()).mkpath("System"));
-    ChDir(dir.filePath("System"));
+    ChDir(QDir(folder.root()).filePath("System"));
     WriteTextFile("x", "..\\Project\\a.cmb");
-    EXPECT_TRUE(QFile::exists(dir.filePath("Project/a.cmb")));
+    EXPECT_TRUE(QFile::exists(QDir(folder.projectDir()).filePath("a.cmb")));
     EXPECT_TRUE(FileExists("..\\Project\\a.cmb"));
     EXPECT_FALSE(FileExists("..\\Project")); // a folder is no file
     EXPECT_FALSE(FileExists(""));
-    EXPECT_EQ(AbsolutePath("..\\Project\\a.cmb"), QDir::cleanPath(dir.filePath("Project/a.cmb")));
+    EXPECT_EQ(
+        AbsolutePath("..\\Project\\a.cmb"), QDir::cleanPath(QDir(folder.projectDir()).filePath("a.cmb")));
     EXPECT_EQ(NativePath("..\\Project"), "../Project");
     EXPECT_EQ(JoinPath("/opt/VORNA/", "VORNA.sdb"), "/opt/VORNA/VORNA.sdb");
     EXPECT_EQ(JoinPath("", "VORNA.sdb"), "VORNA.sdb");
 
-    EXPECT_THROW(ChDir(dir.filePath("absent")), UnhandledError);
-    EXPECT_EQ(QDir(CurDir()).canonicalPath(), QDir(dir.filePath("System")).canonicalPath());
+    EXPECT_THROW(ChDir(folder.path("absent")), UnhandledError);
+    EXPECT_EQ(QDir(CurDir()).canonicalPath(), QDir(QDir(folder.root()).filePath("System")).canonicalPath());
 }
 
 TEST_F(FileUtilTest, FileCopyReplacesTheDestinationOrLeavesItAsItWas)
@@ -72,30 +72,36 @@ TEST_F(FileUtilTest, FileCopyReplacesTheDestinationOrLeavesItAsItWas)
     const std::array<std::pair<const char*, const char*>, 4> failing
         = {{{"absent.mir", "a.cmb"}, {".", "a.cmb"}, {"a.mir", "absent/a.cmb"}, {"a.mir", "a.cmb/x.cmb"}}};
     for (const auto& [source, destination] : failing) {
-        EXPECT_FALSE(FileCopy(dir.filePath(source), dir.filePath(destination)))
-            << source << " " << destination;
+        EXPECT_FALSE(FileCopy(folder.path(source), folder.path(destination))) << source << " " << destination;
         EXPECT_EQ(ReadAll("a.cmb"), "old") << source << " " << destination;
         EXPECT_EQ(files(), QStringList({"a.cmb", "a.mir"})) << source << " " << destination;
     }
 
-    EXPECT_TRUE(FileCopy(dir.filePath("a.mir"), dir.filePath("a.cmb")));
+    EXPECT_TRUE(FileCopy(folder.path("a.mir"), folder.path("a.cmb")));
     EXPECT_EQ(ReadAll("a.cmb"), "new contents");
     EXPECT_TRUE(FileCopy("a.mir", "b.cmb")); // a new destination, relative paths
     EXPECT_EQ(ReadAll("b.cmb"), "new contents");
     EXPECT_EQ(files(), QStringList({"a.cmb", "a.mir", "b.cmb"}));
 }
 
+// Thrown out of before the rename, the copy takes its temporary file away; killed there, it
+// leaves the destination whole, as no unwinding can restore it.
 TEST_F(FileUtilTest, FileCopyLeavesTheDestinationWhenInterruptedBeforeTheRename)
 {
-    bool interrupted = false;
-    const auto cut = [&] {
-        interrupted = true;
-        throw std::runtime_error("power cut");
-    };
-    EXPECT_THROW(FileCopy("a.mir", "a.cmb", cut), std::runtime_error);
-    EXPECT_TRUE(interrupted);
-    EXPECT_EQ(ReadAll("a.cmb"), "old");
+    EXPECT_THROW(
+        FileCopy("a.mir", "a.cmb", [] { throw std::runtime_error("power cut"); }), std::runtime_error);
     EXPECT_EQ(files(), QStringList({"a.cmb", "a.mir"}));
+
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        FileCopy("a.mir", "a.cmb", [] { ::_exit(9); });
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 9) << "the copy was not killed at its last step";
+    EXPECT_EQ(ReadAll("a.cmb"), "old");
 }
 
 TEST_F(FileUtilTest, AReadOnlyFileIsNeitherReplacedNorDeletedWithoutForce)
@@ -113,7 +119,7 @@ TEST_F(FileUtilTest, AReadOnlyFileIsNeitherReplacedNorDeletedWithoutForce)
     EXPECT_TRUE(FileCopy("a.mir", "a.cmb"));
     EXPECT_EQ(ReadAll("a.cmb"), "new contents");
     QFile::setPermissions("a.cmb", QFileDevice::ReadOwner);
-    DeleteFile(dir.filePath("a.cmb"), true);
+    DeleteFile(folder.path("a.cmb"), true);
     EXPECT_EQ(files(), QStringList({"a.mir"}));
 }
 

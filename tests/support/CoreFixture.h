@@ -59,11 +59,6 @@ protected:
         return values;
     }
 
-    QString boxQuestionReplace(const QString& path) const
-    {
-        return QStringLiteral("檔案[") + path + QStringLiteral("]已經存在，您要取代現存的檔案嗎？");
-    }
-
     TestFolder folder;
     ScriptedPlatform platform;
     VORNAGlobal g {platform};

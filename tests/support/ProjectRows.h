@@ -1,27 +1,14 @@
 #pragma once
 
-#include <initializer_list>
-#include <utility>
-
-#include <QStringList>
-#include <QVariant>
+#include <QString>
 
 #include <gtest/gtest.h>
 
-#include "ADOUtil.h"
-#include "VBUtil.h"
+#include "RecordsetRows.h"
 #include "VORNAGlobal.h"
 
 // Rows written straight into the open project's tables, as the editors store them, for the
 // suites that start from a project made from the template.
-
-inline void AddRow(Recordset& rs, std::initializer_list<std::pair<const char*, QVariant>> fields)
-{
-    rs.AddNew();
-    for (const auto& [name, value] : fields)
-        rs.setField(QString::fromLatin1(name), value);
-    rs.Update();
-}
 
 inline void DeleteRows(Recordset& rs)
 {
@@ -71,17 +58,4 @@ inline void SetUnicode(ProjectState& p, bool on)
     p.rsBasic.MoveFirst();
     p.rsBasic.setField(QStringLiteral("IsUnicode"), on);
     p.rsBasic.Update();
-}
-
-// One field of every row, in table order, read on a clone.
-inline QStringList Column(Recordset& rs, const QString& field)
-{
-    QStringList values;
-    if (rs.RecordCount() == 0)
-        return values;
-    Recordset clone = rs.Clone();
-    for (clone.MoveFirst(); !clone.IsEOF(); clone.MoveNext())
-        values << NullToEmpty(clone.Fields(field));
-    clone.Close();
-    return values;
 }

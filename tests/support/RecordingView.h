@@ -27,11 +27,9 @@ public:
     std::map<QString, QString> panels;
     std::vector<QString> statusHistory; // every "Status" text in order
     std::vector<int> pointerHistory;
-    WindowPlacement placement {200, 200, 10800, 6900, 0, 3};
 
     std::vector<Node> nodes;
     int selectedNode = -1;
-    int treeRefreshCount = 0;
     int listFillCount = 0;
     std::vector<QString> locatedTags; // the Items joined by "," of each LocateCurRecord
     // Finds the record that LocateCurRecord names (Items(1), Items(2)); unset, it finds none.
@@ -48,13 +46,6 @@ public:
             {0, QStringLiteral("Zones"), QStringLiteral("警報區"), QStringLiteral("Zones"),
                 QStringLiteral("Zones")}};
     }
-    std::vector<QString> tags() const
-    {
-        std::vector<QString> t;
-        for (const Node& n : nodes)
-            t.push_back(n.Tag);
-        return t;
-    }
 
     void RefreshFormObj() override { ++refreshCount; }
     void mkRecentFilePathMenu() override { ++recentMenuCount; }
@@ -65,7 +56,7 @@ public:
             statusHistory.push_back(text);
     }
     void setMousePointer(int pointer) override { pointerHistory.push_back(pointer); }
-    std::optional<WindowPlacement> windowPlacement() const override { return placement; }
+    std::optional<WindowPlacement> windowPlacement() const override { return std::nullopt; }
 
     int nodeCount() const override { return static_cast<int>(nodes.size()); }
     QString nodeTag(int node) const override { return nodes.at(node).Tag; }
@@ -102,7 +93,7 @@ public:
         if (node >= 0)
             nodes.at(node).ForeColor = color;
     }
-    void refreshTree() override { ++treeRefreshCount; }
+    void refreshTree() override { }
     void mklvNodeContent() override { ++listFillCount; }
     void LocateCurRecord(NodeTagItems& Items, qint16 count, bool& found) override
     {

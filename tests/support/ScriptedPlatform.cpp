@@ -52,34 +52,12 @@ QString ScriptedPlatform::describe(const Expectation& e)
     return kindName(e.kind) + QStringLiteral(" [") + e.title + QStringLiteral("] ") + e.text;
 }
 
-void ScriptedPlatform::expectBox(int flags, const QString& text, const QString& title, int answer)
-{
-    expectBoxOf(flags, text, title, answer, false);
-}
-
-void ScriptedPlatform::expectBoxWithAnyText(int flags, const QString& title, int answer)
-{
-    expectBoxOf(flags, {}, title, answer, true);
-}
-
 void ScriptedPlatform::expectBoxOf(
     int flags, const QString& text, const QString& title, int answer, bool anyText)
 {
     EXPECT_TRUE(MsgBox::HasButton(flags, answer))
         << "scripted answer " << answer << " is not a button of a box with flags " << flags;
     m_expected.push_back({Event::Box, flags, text, title, answer, anyText, {}, {}, {}});
-}
-
-void ScriptedPlatform::expectOpenDialog(
-    std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check)
-{
-    m_expected.push_back({Event::OpenDialog, 0, {}, {}, 0, false, std::move(answer), std::move(check), {}});
-}
-
-void ScriptedPlatform::expectSaveDialog(
-    std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check)
-{
-    m_expected.push_back({Event::SaveDialog, 0, {}, {}, 0, false, std::move(answer), std::move(check), {}});
 }
 
 void ScriptedPlatform::expectModal(const QString& formName, std::function<void(FormModel&)> action)
@@ -137,16 +115,6 @@ std::optional<QString> ScriptedPlatform::fileDialog(Event::Kind kind, const File
     return e ? e->path : std::nullopt;
 }
 
-std::optional<QString> ScriptedPlatform::showOpen(const FileDialogOptions& options)
-{
-    return fileDialog(Event::OpenDialog, options);
-}
-
-std::optional<QString> ScriptedPlatform::showSave(const FileDialogOptions& options)
-{
-    return fileDialog(Event::SaveDialog, options);
-}
-
 void ScriptedPlatform::runModal(FormModel& form)
 {
     record({Event::Modal, form.formName(), {}, 0, {}});
@@ -158,35 +126,11 @@ void ScriptedPlatform::runModal(FormModel& form)
     EXPECT_FALSE(form.Visible) << "the script left " << form.formName().toStdString() << " shown";
 }
 
-void ScriptedPlatform::showWindow(FormModel& form)
-{
-    record({Event::Modeless, form.formName(), {}, 0, {}});
-}
-
-void ScriptedPlatform::hideWindow(FormModel& form)
-{
-    record({Event::Hide, form.formName(), {}, 0, {}});
-}
-
-void ScriptedPlatform::refreshForm(FormModel&) { }
-
 void ScriptedPlatform::record(Event event)
 {
     events.push_back(std::move(event));
     if (onEvent)
         onEvent(events.back());
-}
-
-void ScriptedPlatform::setMousePointer(int pointer)
-{
-    record({Event::Pointer, {}, {}, pointer, {}});
-}
-
-void ScriptedPlatform::doEvents()
-{
-    ++doEventsCount;
-    if (onDoEvents)
-        onDoEvents();
 }
 
 QDateTime ScriptedPlatform::now()
@@ -197,17 +141,15 @@ QDateTime ScriptedPlatform::now()
 }
 
 QString ScriptedPlatform::getSetting(
-    const QString& appName, const QString& section, const QString& key, const QString& defaultValue)
+    const QString&, const QString& section, const QString& key, const QString& defaultValue)
 {
-    Q_UNUSED(appName);
     auto it = settings.find(section + QLatin1Char('/') + key);
     return it == settings.end() ? defaultValue : it->second;
 }
 
 void ScriptedPlatform::saveSetting(
-    const QString& appName, const QString& section, const QString& key, const QString& value)
+    const QString&, const QString& section, const QString& key, const QString& value)
 {
-    Q_UNUSED(appName);
     settings[section + QLatin1Char('/') + key] = value;
 }
 

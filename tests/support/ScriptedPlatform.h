@@ -38,14 +38,28 @@ public:
     ~ScriptedPlatform() override;
 
     // Script. Boxes and dialogs must come in the order they were expected.
-    void expectBox(int flags, const QString& text, const QString& title, int answer = MsgBox::OK);
+    void expectBox(int flags, const QString& text, const QString& title, int answer = MsgBox::OK)
+    {
+        expectBoxOf(flags, text, title, answer, false);
+    }
     // For a box whose text is not the program's own (a driver's error description).
-    void expectBoxWithAnyText(int flags, const QString& title, int answer = MsgBox::OK);
+    void expectBoxWithAnyText(int flags, const QString& title, int answer = MsgBox::OK)
+    {
+        expectBoxOf(flags, {}, title, answer, true);
+    }
     // answer: the chosen path, or nothing for Cancel. check, if given, looks at the options.
     void expectOpenDialog(
-        std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check = {});
+        std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check = {})
+    {
+        m_expected.push_back(
+            {Event::OpenDialog, 0, {}, {}, 0, false, std::move(answer), std::move(check), {}});
+    }
     void expectSaveDialog(
-        std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check = {});
+        std::optional<QString> answer, std::function<void(const FileDialogOptions&)> check = {})
+    {
+        m_expected.push_back(
+            {Event::SaveDialog, 0, {}, {}, 0, false, std::move(answer), std::move(check), {}});
+    }
     // action runs while the form is shown modally, after its load; it plays the user and must
     // hide the form, as the window's modal loop waits for that. Without one the form returns at once.
     void expectModal(const QString& formName, std::function<void(FormModel&)> action = {});
@@ -84,11 +98,22 @@ public:
     std::set<QString> devices;
 
     int msgBox(const QString& text, int flags, const QString& title) override;
-    std::optional<QString> showOpen(const FileDialogOptions& options) override;
-    std::optional<QString> showSave(const FileDialogOptions& options) override;
-    void refreshForm(FormModel& form) override;
-    void setMousePointer(int pointer) override;
-    void doEvents() override;
+    std::optional<QString> showOpen(const FileDialogOptions& o) override
+    {
+        return fileDialog(Event::OpenDialog, o);
+    }
+    std::optional<QString> showSave(const FileDialogOptions& o) override
+    {
+        return fileDialog(Event::SaveDialog, o);
+    }
+    void refreshForm(FormModel&) override { }
+    void setMousePointer(int pointer) override { record({Event::Pointer, {}, {}, pointer, {}}); }
+    void doEvents() override
+    {
+        ++doEventsCount;
+        if (onDoEvents)
+            onDoEvents();
+    }
     QDateTime now() override;
     QString getSetting(const QString& appName, const QString& section, const QString& key,
         const QString& defaultValue) override;
@@ -102,8 +127,8 @@ public:
 
 protected:
     void runModal(FormModel& form) override;
-    void showWindow(FormModel& form) override;
-    void hideWindow(FormModel& form) override;
+    void showWindow(FormModel& form) override { record({Event::Modeless, form.formName(), {}, 0, {}}); }
+    void hideWindow(FormModel& form) override { record({Event::Hide, form.formName(), {}, 0, {}}); }
 
 private:
     struct Expectation

@@ -82,6 +82,5 @@ bool ScriptedSerialLine::waitForBytes(int msecs)
 void ScriptedSerialLine::discardInput()
 {
     releaseDue();
-    discarded += m_queue;
     m_queue.clear();
 }

@@ -39,7 +39,6 @@ public:
     std::vector<QDateTime> writeTimes;
     std::vector<QString> openedPaths;
     SerialSettings openedSettings;
-    QByteArray discarded;
 
     bool open(const QString& path, const SerialSettings& settings) override;
     bool isOpen() const override { return m_open; }
