@@ -1,14 +1,12 @@
 #include "CommSettingView.h"
 
-#include <QComboBox>
 #include <QGridLayout>
-#include <QLineEdit>
 #include <QTabWidget>
 
 #include "frmCommSetting.h"
 
 CommSettingView::CommSettingView(frmCommSetting& model, QWidget* parent)
-    : DialogView(model, parent)
+    : CommSettingRowsView(model, parent)
 {
     auto* sstCommunication = new QTabWidget(this);
     auto* link = new QWidget;
@@ -17,29 +15,8 @@ CommSettingView::CommSettingView(frmCommSetting& model, QWidget* parent)
     sstCommunication->addTab(identity, QString());
     m_binder.bind(sstCommunication, model.sstCommunication);
 
-    auto* cmbPortBaud = new QComboBox(link);
-    m_binder.bind(cmbPortBaud, model.cmbPortBaud);
-    auto* cmbParityBit = new QComboBox(link);
-    m_binder.bind(cmbParityBit, model.cmbParityBit);
-    auto* txtSlaveID = new QLineEdit(link);
-    txtSlaveID->setMaximumWidth(80);
-    m_binder.bind(
-        txtSlaveID, model.txtSlaveID, [&model] { model.txtSlaveID_Change(); },
-        [&model](int& KeyAscii) { model.txtSlaveID_KeyPress(KeyAscii); });
-
     auto* first = new QGridLayout(link);
-    first->addWidget(label(model.Label1, cmbPortBaud), 0, 0);
-    first->addWidget(cmbPortBaud, 0, 1, 1, 2);
-    first->addWidget(label(model.Label2), 1, 0);
-    first->addWidget(label(model.lblDataBit), 1, 1, 1, 2);
-    first->addWidget(label(model.Label4), 2, 0);
-    first->addWidget(label(model.lblStopBit), 2, 1, 1, 2);
-    first->addWidget(label(model.Label3, cmbParityBit), 3, 0);
-    first->addWidget(cmbParityBit, 3, 1, 1, 2);
-    first->addWidget(label(model.Label6, txtSlaveID), 4, 0);
-    first->addWidget(txtSlaveID, 4, 1);
-    first->addWidget(label(model.Label5), 4, 2);
-    first->setColumnStretch(2, 1);
+    QComboBox* cmbPortBaud = addCommSettingRows(model, link, first, 0, false);
     first->setRowStretch(5, 1);
 
     auto* second = new QGridLayout(identity);

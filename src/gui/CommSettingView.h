@@ -1,11 +1,11 @@
 #pragma once
 
-#include "FormView.h"
+#include "CommSettingRowsView.h"
 
 class frmCommSetting;
 
 // The device settings dialog: the link settings on one tab, the dialler's identity on the other.
-class CommSettingView : public DialogView
+class CommSettingView : public CommSettingRowsView
 {
 public:
     explicit CommSettingView(frmCommSetting& model, QWidget* parent = nullptr);

@@ -1,10 +1,8 @@
 #include "DebugView.h"
 
-#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTreeWidget>
@@ -12,7 +10,7 @@
 #include "frmDebug.h"
 
 DebugView::DebugView(frmDebug& model, QWidget* parent)
-    : DialogView(model, parent)
+    : CommSettingRowsView(model, parent)
 {
     auto* SSTab1 = new QTabWidget(this);
     auto* settings = new QWidget;
@@ -23,37 +21,14 @@ DebugView::DebugView(frmDebug& model, QWidget* parent)
 
     auto* Frame2 = new QGroupBox(settings);
     m_binder.bind(Frame2, model.Frame2);
-    // The service window writes what it is given: the baud rate may be typed in.
-    auto* cmbPortBaud = new QComboBox(Frame2);
-    cmbPortBaud->setEditable(true);
-    cmbPortBaud->setInsertPolicy(QComboBox::NoInsert);
-    m_binder.bind(cmbPortBaud, model.cmbPortBaud);
-    auto* cmbParityBit = new QComboBox(Frame2);
-    m_binder.bind(cmbParityBit, model.cmbParityBit);
-    auto* txtSlaveID = new QLineEdit(Frame2);
-    txtSlaveID->setMaximumWidth(80);
-    m_binder.bind(
-        txtSlaveID, model.txtSlaveID, [&model] { model.txtSlaveID_Change(); },
-        [&model](int& KeyAscii) { model.txtSlaveID_KeyPress(KeyAscii); });
-    auto* cmdWrite = new QPushButton(Frame2);
-    m_binder.bind(cmdWrite, model.cmdWrite, [&model] { model.cmdWrite_Click(); });
-
     auto* frame = new QGridLayout(Frame2);
     frame->addWidget(label(model.Label16), 0, 0);
     frame->addWidget(label(model.lblCommSettings), 0, 1, 1, 2);
-    frame->addWidget(label(model.Label1, cmbPortBaud), 1, 0);
-    frame->addWidget(cmbPortBaud, 1, 1, 1, 2);
-    frame->addWidget(label(model.Label2), 2, 0);
-    frame->addWidget(label(model.lblDataBit), 2, 1, 1, 2);
-    frame->addWidget(label(model.Label4), 3, 0);
-    frame->addWidget(label(model.lblStopBit), 3, 1, 1, 2);
-    frame->addWidget(label(model.Label3, cmbParityBit), 4, 0);
-    frame->addWidget(cmbParityBit, 4, 1, 1, 2);
-    frame->addWidget(label(model.Label6, txtSlaveID), 5, 0);
-    frame->addWidget(txtSlaveID, 5, 1);
-    frame->addWidget(label(model.Label5), 5, 2);
+    // The service window writes what it is given: the baud rate may be typed in.
+    addCommSettingRows(model, Frame2, frame, 1, true);
+    auto* cmdWrite = new QPushButton(Frame2);
+    m_binder.bind(cmdWrite, model.cmdWrite, [&model] { model.cmdWrite_Click(); });
     frame->addWidget(cmdWrite, 6, 2, Qt::AlignRight);
-    frame->setColumnStretch(2, 1);
     auto* first = new QGridLayout(settings);
     first->addWidget(Frame2, 0, 0);
     first->setRowStretch(1, 1);

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "FormView.h"
+#include "CommSettingRowsView.h"
 
 class frmDebug;
 
 // The register service window: the settings write on one tab, the register list on the other.
-class DebugView : public DialogView
+class DebugView : public CommSettingRowsView
 {
 public:
     explicit DebugView(frmDebug& model, QWidget* parent = nullptr);

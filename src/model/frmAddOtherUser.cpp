@@ -42,10 +42,7 @@ void frmAddOtherUser::mkcmbAddUser()
         }
         clone.Close();
     }
-    cmbAddUser.Enabled = cmbAddUser.ListCount() > 0;
-    if (!cmbAddUser.Enabled)
-        cmbAddUser.AddItem(T(m_g, "無其它連絡人", 1, 152));
-    cmbAddUser.SelectRow(0);
+    cmbAddUser.OfferRowsOr(T(m_g, "無其它連絡人", 1, 152));
 }
 
 void frmAddOtherUser::cmdOK_Click()

@@ -46,11 +46,7 @@ void frmAddUserGroup::mkcmbUserGroups()
     }
     clone.Close();
 
-    HasNoChoice = cmbUserGroups.ListCount() == 0;
-    if (HasNoChoice)
-        cmbUserGroups.AddItem(T(m_g, "無", 1, 134));
-    cmbUserGroups.Enabled = !HasNoChoice;
-    cmbUserGroups.SelectRow(0);
+    HasNoChoice = !cmbUserGroups.OfferRowsOr(T(m_g, "無", 1, 134));
 }
 
 // The new group joins the offer but is not chosen: the user picks it.

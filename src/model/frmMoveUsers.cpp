@@ -47,10 +47,7 @@ void frmMoveUsers::mkcmbMoveGroups()
         }
         clone.Close();
     }
-    cmbMoveGroup.Enabled = cmbMoveGroup.ListCount() > 0;
-    if (!cmbMoveGroup.Enabled)
-        cmbMoveGroup.AddItem(T(m_g, "無其它群組", 1, 150));
-    cmbMoveGroup.SelectRow(0);
+    cmbMoveGroup.OfferRowsOr(T(m_g, "無其它群組", 1, 150));
 }
 
 void frmMoveUsers::cmdOK_Click()

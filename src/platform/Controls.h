@@ -107,6 +107,9 @@ struct ComboBox : Control
     // An editable combo takes any text: the first row that holds it is chosen, or none.
     void SetText(const QString& text);
     int ListCount() const { return static_cast<int>(List.size()); }
+    // How a choice dialog offers its rows: enabled while it has some, else holding the one
+    // row `none`, disabled; the first row is chosen. True when it had rows.
+    bool OfferRowsOr(const QString& none);
     // The value behind the chosen row, or an invalid value when none is chosen.
     QVariant selectedData() const;
     QString* textProperty(const QString& part, const QString& property) override;

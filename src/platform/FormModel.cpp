@@ -39,6 +39,15 @@ void ComboBox::SelectRow(int index)
     Text = ListIndex >= 0 ? List[ListIndex] : QString();
 }
 
+bool ComboBox::OfferRowsOr(const QString& none)
+{
+    Enabled = ListCount() > 0;
+    if (!Enabled)
+        AddItem(none);
+    SelectRow(0);
+    return Enabled;
+}
+
 void ComboBox::SelectText(const QString& text)
 {
     for (int i = 0; i < ListCount(); ++i)
